@@ -1,0 +1,43 @@
+// The settings record `props.ini` holds. A missing file gives a record with every field zero.
+#pragma once
+
+#include <array>
+#include <cstdint>
+#include <string>
+#include <string_view>
+
+#include "base/color.h"
+#include "ui/code_view.h"
+
+namespace app {
+
+// Texts are UTF-8. Field order is that of the file: new fields go to the end (docs/props-ini.md).
+struct PropsRecord {
+  bool StartMaximized = false;
+  bool RememberPosition = false;  // window place is read at load and written at close
+  bool ReopenLastFile = false;
+  std::string EditorFontName;  // empty: the code view keeps its default font
+  std::int16_t EditorFontSize = 0;  // points; 0: the default
+  bool EditorFontBold = false;
+  bool EditorFontItalic = false;
+  base::Color EditorBackColor = 0;
+  std::int32_t EditorColorExtra = 0;
+  std::uint8_t ShowAtStart = 0;  // above 0: the start-up action runs when no command line was given
+
+  std::array<std::string, 4> TypingFontName;  // of the four typing modes; empty: the bundled font
+  bool NoBreakSpaceAsReference = false;       // Ctrl+Y gives "&nbsp;" and not the bytes C2 A0
+  bool SelectionPreview = false;              // the status bar decodes the selected text
+  bool WordWrap = false;
+  bool HeaderTextOn = false;  // extra text in the head of new pages
+  std::string HeaderText;
+  bool BodyAttributesOn = false;  // attributes of BODY in new pages
+  std::string BodyAttributes;
+
+  bool operator==(const PropsRecord&) const = default;
+};
+
+std::string encodeProps(const PropsRecord& props);
+// Throws base::Error(BadFileFormat) on anything that encodeProps() did not write, whole or cut.
+PropsRecord decodeProps(std::string_view bytes);
+
+}  // namespace app

@@ -1,0 +1,59 @@
+// What a subsystem may ask of the main window. FrmH implements it; tests may too.
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <vector>
+
+#include "app/command.h"
+#include "app/document_list.h"
+#include "app/props_record.h"
+#include "ui/code_view.h"
+#include "ui/platform.h"
+#include "ui/signal.h"
+
+namespace app {
+
+class Workbench {
+ public:
+  virtual ~Workbench() = default;
+
+  virtual ui::Platform& platform() = 0;
+  virtual ui::CodeView& codeView() = 0;
+  virtual ColectionMain& documents() = 0;
+  // Position of the shown document in the list; -1 when it has no record.
+  virtual std::int16_t shownIndex() const = 0;
+  virtual PropsRecord& props() = 0;
+  virtual void saveProps() = 0;  // writes them to props.ini; throws base::Error
+
+  // The shown document's text and selection belong to the code view; its record is brought up to date by
+  // parkShown(). Byte text of any document, shown or parked:
+  virtual const std::string& documentText(std::int16_t index) = 0;
+  virtual void setDocumentText(std::int16_t index, std::string text) = 0;  // marks it changed
+
+  virtual void showDocument(std::int16_t index) = 0;
+  virtual void documentsAdded() = 0;  // records were added, removed or renamed: the tree follows
+  virtual void ofnen(const std::string& path) = 0;     // open one file, of any kind
+  virtual void WEB_Open(const std::string& path) = 0;  // open a web project
+
+  // Rows and their places in the menus; called while the program is put together.
+  virtual void addCommands(std::vector<Command> rows) = 0;
+  virtual void addMenu(const MenuPlan& plan) = 0;  // an existing caption is extended
+  virtual bool runCommand(int id) = 0;             // false: unknown or disabled
+
+  virtual void setStatus(ui::Text text) = 0;  // panel "kMain"
+
+  ui::Signal<const std::string&> documentOpened;  // full path of a file that was opened
+  ui::Signal<> documentShown;                     // another document came into the code view
+  ui::Signal<> textChanged;
+  ui::Signal<> selectionChanged;
+  ui::Signal<> idle;
+  ui::Signal<int> keyDown;  // in the code view; virtual-key numbers
+  ui::Signal<int> keyUp;
+  ui::Signal<> startUp;  // the start-up action
+  ui::Signal<> closing;
+  // A typed character of the code view on its way in; each handler may exchange it (0: swallowed).
+  std::vector<std::function<int(int key)>> keyFilters;
+};
+
+}  // namespace app

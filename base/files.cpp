@@ -1,0 +1,186 @@
+#include "base/files.h"
+
+#include <cerrno>
+#include <cstdio>
+#include <cstring>
+#include <filesystem>
+#include <memory>
+
+#ifdef _WIN32
+#include <io.h>
+#else
+#include <unistd.h>
+#endif
+
+#include "base/error.h"
+#include "base/text.h"
+
+namespace base {
+namespace {
+
+namespace fs = std::filesystem;
+
+// Beyond this length Windows wants the "\\?\" form of an absolute path.
+[[maybe_unused]] constexpr std::size_t kLongPath = 240;
+
+fs::path native(std::string_view path) {
+#ifdef _WIN32
+  std::string text = replaceAll(path, "/", "\\");
+  const bool absolute = text.size() > 2 && text[1] == ':' && text[2] == '\\';
+  if (absolute && text.size() >= kLongPath) text.insert(0, "\\\\?\\");
+#else
+  std::string text = replaceAll(path, "\\", "/");
+#endif
+  return {std::u8string(text.begin(), text.end())};
+}
+
+// The system's reason as a sentence; `path` is named since the user may have many files open.
+[[noreturn]] void fail(int code, std::string_view path) {
+  const std::string name(path);
+  switch (code) {
+    case ENOENT:
+      throw Error(ErrorNumber::FileNotFound, "ფაილი ვერ მოიძებნა:\r\n" + name);
+    case ENOTDIR:
+      throw Error(ErrorNumber::PathNotFound, "საქაღალდე ვერ მოიძებნა:\r\n" + name);
+    case EACCES:
+    case EPERM:
+    case EROFS:
+      throw Error(ErrorNumber::PermissionDenied, "ფაილზე წვდომა აკრძალულია:\r\n" + name);
+    case EISDIR:
+      throw Error(ErrorNumber::PathAccess, "ეს საქაღალდეა და არა ფაილი:\r\n" + name);
+    case ENOSPC:
+      throw Error(ErrorNumber::DiskFull, "დისკზე ადგილი აღარ არის, ფაილი არ ჩაწერილა:\r\n" + name);
+    case ENOMEM:
+    case EFBIG:
+      throw Error(ErrorNumber::OutOfMemory, "ფაილი მეტისმეტად დიდია:\r\n" + name);
+    default:
+      throw Error(ErrorNumber::DeviceError,
+                  "ფაილთან მუშაობა ვერ მოხერხდა (" + std::string(std::strerror(code)) + "):\r\n" + name);
+  }
+}
+
+struct CloseFile {
+  void operator()(std::FILE* file) const { std::fclose(file); }
+};
+using File = std::unique_ptr<std::FILE, CloseFile>;
+
+File open(std::string_view path, bool write) {
+#ifdef _WIN32
+  File file(_wfopen(native(path).c_str(), write ? L"wb" : L"rb"));
+#else
+  File file(std::fopen(native(path).c_str(), write ? "wb" : "rb"));
+#endif
+  if (!file) fail(errno, path);
+  return file;
+}
+
+int flushToDisk(std::FILE* file) {
+  if (std::fflush(file) != 0) return errno;
+#ifdef _WIN32
+  return _commit(_fileno(file)) == 0 ? 0 : errno;
+#else
+  return fsync(fileno(file)) == 0 ? 0 : errno;
+#endif
+}
+
+// A file that is gone again unless it is put in its place.
+class TemporaryFile {
+ public:
+  explicit TemporaryFile(std::string_view target) : path_(std::string(target) + ".zervo-tmp") {}
+  TemporaryFile(const TemporaryFile&) = delete;
+  TemporaryFile& operator=(const TemporaryFile&) = delete;
+  ~TemporaryFile() {
+    std::error_code ignored;
+    fs::remove(native(path_), ignored);
+  }
+  const std::string& path() const { return path_; }
+
+ private:
+  std::string path_;
+};
+
+}  // namespace
+
+bool fileExists(std::string_view path) {
+  std::error_code error;
+  return !path.empty() && fs::is_regular_file(native(path), error);
+}
+
+bool folderExists(std::string_view path) {
+  std::error_code error;
+  return !path.empty() && fs::is_directory(native(path), error);
+}
+
+std::string readFile(std::string_view path) {
+  if (folderExists(path)) fail(EISDIR, path);
+  const File file = open(path, false);
+  std::error_code error;
+  const auto size = fs::file_size(native(path), error);
+  std::string bytes;
+  try {
+    if (!error) bytes.reserve(size);
+    char buffer[1U << 16U];
+    for (std::size_t got; (got = std::fread(buffer, 1, sizeof buffer, file.get())) > 0;) {
+      bytes.append(buffer, got);
+    }
+  } catch (const std::bad_alloc&) {
+    fail(ENOMEM, path);
+  } catch (const std::length_error&) {
+    fail(ENOMEM, path);
+  }
+  if (std::ferror(file.get()) != 0) fail(errno, path);
+  return bytes;
+}
+
+void writeFile(std::string_view path, std::string_view bytes) {
+  if (folderExists(path)) fail(EISDIR, path);
+  // Replacing by name would slip past a read-only mark that a plain write respects.
+  std::error_code error;
+  const auto permissions = fs::status(native(path), error).permissions();
+  if (fileExists(path) && (permissions & fs::perms::owner_write) == fs::perms::none) fail(EACCES, path);
+
+  const TemporaryFile temporary(path);
+  int code = 0;
+  {
+    const File file = open(temporary.path(), true);
+    errno = 0;
+    if (std::fwrite(bytes.data(), 1, bytes.size(), file.get()) != bytes.size()) {
+      code = errno != 0 ? errno : ENOSPC;
+    }
+    if (code == 0) code = flushToDisk(file.get());
+  }
+  if (code != 0) fail(code, path);
+  renameFile(temporary.path(), path);
+}
+
+void overwriteFile(std::string_view path, std::string_view bytes) {
+  if (!fileExists(path)) return writeFile(path, bytes);
+  const std::string old = readFile(path);
+  if (old.size() <= bytes.size()) return writeFile(path, bytes);
+  std::string whole(bytes);
+  writeFile(path, whole.append(old, bytes.size()));
+}
+
+void copyFile(std::string_view from, std::string_view to) {
+  if (sameFile(from, to)) return;
+  writeFile(to, readFile(from));
+}
+
+void renameFile(std::string_view from, std::string_view to) {
+  std::error_code error;
+  fs::rename(native(from), native(to), error);
+  if (error) fail(error.default_error_condition().value(), to);
+}
+
+void removeFile(std::string_view path) {
+  std::error_code error;
+  fs::remove(native(path), error);
+  if (error) fail(error.default_error_condition().value(), path);
+}
+
+bool sameFile(std::string_view a, std::string_view b) {
+  std::error_code error;
+  return fs::equivalent(native(a), native(b), error) && !error;
+}
+
+}  // namespace base

@@ -1,0 +1,30 @@
+// Whole files by UTF-8 path. Every failure is a base::Error with a sentence for the user; a failed write
+// leaves the old file as it was.
+#pragma once
+
+#include <string>
+#include <string_view>
+
+namespace base {
+
+bool fileExists(std::string_view path);    // an ordinary file
+bool folderExists(std::string_view path);  // a directory
+
+std::string readFile(std::string_view path);
+
+// The file holds exactly `bytes` afterwards. Written beside the target, flushed, then put in its place, so
+// that at every moment the file is whole old or whole new. Missing folders are not made.
+void writeFile(std::string_view path, std::string_view bytes);
+
+// Like writing over the file from its first byte without truncating it: a longer old file keeps its tail.
+void overwriteFile(std::string_view path, std::string_view bytes);
+
+// Replaces an existing target; copying a file onto itself does nothing.
+void copyFile(std::string_view from, std::string_view to);
+void renameFile(std::string_view from, std::string_view to);  // replaces an existing target
+void removeFile(std::string_view path);                       // a missing file is no error
+
+// Both name one existing file, whatever the spelling.
+bool sameFile(std::string_view a, std::string_view b);
+
+}  // namespace base

@@ -1,0 +1,54 @@
+#include "base/utf8.h"
+
+namespace base {
+
+void appendUtf8(std::string& out, char32_t character) {
+  const auto put = [&out](char32_t byte) { out += static_cast<char>(static_cast<unsigned char>(byte)); };
+  if (character < 0x80) {
+    put(character);
+  } else if (character < 0x800) {
+    put(0xC0 | (character >> 6));
+    put(0x80 | (character & 0x3F));
+  } else if (character < 0x10000) {
+    put(0xE0 | (character >> 12));
+    put(0x80 | ((character >> 6) & 0x3F));
+    put(0x80 | (character & 0x3F));
+  } else {
+    put(0xF0 | (character >> 18));
+    put(0x80 | ((character >> 12) & 0x3F));
+    put(0x80 | ((character >> 6) & 0x3F));
+    put(0x80 | (character & 0x3F));
+  }
+}
+
+std::optional<char32_t> nextUtf8(std::string_view text, std::size_t& at) {
+  const auto byte = [&text](std::size_t i) { return static_cast<unsigned char>(text[i]); };
+  if (at >= text.size()) return std::nullopt;
+  const unsigned char lead = byte(at);
+  if (lead < 0x80) {
+    ++at;
+    return lead;
+  }
+  const std::size_t length = lead >= 0xF0 ? 4 : lead >= 0xE0 ? 3 : 2;
+  if (lead < 0xC2 || lead > 0xF4 || text.size() - at < length) return std::nullopt;
+  char32_t character = lead & (0xFF >> (length + 1));
+  for (std::size_t i = 1; i < length; ++i) {
+    if ((byte(at + i) & 0xC0) != 0x80) return std::nullopt;
+    character = (character << 6) | (byte(at + i) & 0x3F);
+  }
+  constexpr char32_t kSmallest[] = {0, 0, 0x80, 0x800, 0x10000};
+  if (character < kSmallest[length] || character > 0x10FFFF || (character >= 0xD800 && character < 0xE000)) {
+    return std::nullopt;
+  }
+  at += length;
+  return character;
+}
+
+bool isUtf8(std::string_view text) {
+  for (std::size_t at = 0; at < text.size();) {
+    if (!nextUtf8(text, at)) return false;
+  }
+  return true;
+}
+
+}  // namespace base

@@ -1,0 +1,81 @@
+// `T1`, the code view: byte text in a rich-text control. Positions and lengths are bytes, from 0; a line end
+// counts as the bytes it has in the file (CR LF two).
+#pragma once
+
+#include <functional>
+#include <string>
+#include <string_view>
+
+#include "base/color.h"
+#include "ui/signal.h"
+
+namespace ui {
+
+// What the bytes of the code font mean; the numbers are those of the font's character set.
+enum class CharacterSet : int { Ansi = 0, Russian = 204 };
+
+struct Font {
+  std::string name;  // UTF-8; empty: the control's default
+  int size = 0;      // points; 0: the control's default
+  bool bold = false;
+  bool italic = false;
+  CharacterSet characterSet = CharacterSet::Ansi;
+  bool operator==(const Font&) const = default;
+};
+
+struct CaretPlace {
+  int line;    // from 1, by line ends, not by wrapping
+  int column;  // from 1, in bytes
+};
+
+class CodeView {
+ public:
+  virtual ~CodeView() = default;
+
+  // Valid until the text changes; reading it again unchanged copies nothing.
+  virtual const std::string& text() const = 0;
+  // One undoable step; puts the caret at 0. Raises `changed`.
+  virtual void setText(std::string_view text) = 0;
+  // Another document: like setText, but begins a new undo history. Throws base::Error(OutOfMemory) and keeps
+  // the old text when the control cannot hold it.
+  virtual void load(std::string_view text) = 0;
+
+  virtual int selStart() const = 0;
+  virtual int selLength() const = 0;
+  // Clamped to the text; scrolls the selection into view.
+  virtual void select(int start, int length) = 0;
+  virtual std::string selText() const = 0;
+  // One undoable step; the caret ends behind the new text. Raises `changed`.
+  virtual void replaceSelection(std::string_view text) = 0;
+
+  virtual CaretPlace caret() const = 0;
+  // Byte position of the first text shown, for keeping the place in the document.
+  virtual int scrollTop() const = 0;
+  virtual void setScrollTop(int position) = 0;
+
+  virtual bool canUndo() const = 0;
+  virtual bool canRedo() const = 0;
+  virtual void undo() = 0;
+  virtual void redo() = 0;
+
+  virtual void setFont(const Font& font) = 0;  // of the whole view; no undo step, no `changed`
+  virtual void setBackColor(base::Color color) = 0;
+  virtual void setWordWrap(bool wrap) = 0;
+  // Shows RTF in place of the text, without an undo step or `changed`; text() stays what the RTF says.
+  virtual void setRtf(std::string_view rtf) = 0;
+  virtual void setFocus() = 0;
+
+  // Any change of the text, by the user or by the calls above.
+  Signal<> changed;
+  Signal<> selectionChanged;
+  // A typed character (byte or control code) before it enters; the return value enters instead, 0: none.
+  // Pasted and typed Georgian Unicode does not come here but through `unicodeTyped`.
+  std::function<int(int key)> keyPress;
+  // Characters that no byte stands for, as UTF-8, typed or pasted; the returned byte text enters.
+  std::function<std::string(const std::string& utf8)> unicodeTyped;
+  // Virtual-key numbers as in Shortcut.
+  Signal<int> keyDown;
+  Signal<int> keyUp;
+};
+
+}  // namespace ui

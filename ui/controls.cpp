@@ -1,0 +1,133 @@
+#include "ui/controls.h"
+
+#include <stdexcept>
+
+namespace ui {
+namespace {
+
+template <class Items>
+int rowIn(const Items& items, int row) {
+  return row >= 0 && row < static_cast<int>(items.size()) ? row : -1;
+}
+
+}  // namespace
+
+void CheckBox::setChecked(bool checked) {
+  if (checked == checked_) return;
+  checked_ = checked;
+  tell(Aspect::Value);
+}
+
+void CheckBox::userSet(bool checked) {
+  if (checked == checked_) return;
+  setChecked(checked);
+  changed();
+}
+
+void OptionButton::choose() {
+  for (Control* control : form_.controls()) {
+    auto* option = dynamic_cast<OptionButton*>(control);
+    if (option == nullptr || option->group_ != group_) continue;
+    option->chosen_ = option == this;
+    option->tell(Aspect::Value);
+  }
+}
+
+void OptionButton::userChoose() {
+  if (chosen_) return;
+  choose();
+  changed();
+}
+
+void TextBox::setText(std::string text) {
+  if (text == text_) return;
+  text_ = std::move(text);
+  tell(Aspect::Text);
+}
+
+void TextBox::userSet(std::string text) {
+  if (text == text_) return;
+  setText(std::move(text));
+  changed();
+}
+
+void ListBox::setItems(std::vector<Text> items) {
+  items_ = std::move(items);
+  selected_ = -1;
+  tell(Aspect::Items);
+}
+
+void ListBox::setSelected(int row) {
+  selected_ = rowIn(items_, row);
+  tell(Aspect::Selection);
+}
+
+void ListBox::userSelect(int row) {
+  setSelected(row);
+  selectionChanged();
+}
+
+void ListView::setItems(std::vector<Item> items) {
+  items_ = std::move(items);
+  selected_ = -1;
+  tell(Aspect::Items);
+}
+
+void ListView::setSelected(int row) {
+  selected_ = rowIn(items_, row);
+  tell(Aspect::Selection);
+}
+
+void ListView::setChecked(int row, bool checked) {
+  if (rowIn(items_, row) < 0) return;
+  items_[static_cast<std::size_t>(row)].checked = checked;
+  tell(Aspect::Value);
+}
+
+void ListView::userSelect(int row) {
+  setSelected(row);
+  selectionChanged();
+}
+
+void ListView::userCheck(int row, bool checked) {
+  setChecked(row, checked);
+}
+
+void TreeView::setNodes(std::vector<Node> nodes) {
+  nodes_ = std::move(nodes);
+  selected_ = -1;
+  tell(Aspect::Items);
+}
+
+void TreeView::setNodeText(int node, Text text) {
+  if (rowIn(nodes_, node) < 0) return;
+  nodes_[static_cast<std::size_t>(node)].text = std::move(text);
+  tell(Aspect::Text);
+}
+
+void TreeView::setSelected(int node) {
+  selected_ = rowIn(nodes_, node);
+  tell(Aspect::Selection);
+}
+
+void TreeView::userSelect(int node) {
+  setSelected(node);
+  if (selected_ >= 0) nodeClicked(selected_);
+}
+
+void StatusBar::setPanel(std::string_view key, Text text) {
+  for (Panel& panel : panels_) {
+    if (panel.key != key || panel.text == text) continue;
+    panel.text = std::move(text);
+    tell(Aspect::Text);
+  }
+}
+
+const Text& StatusBar::panel(std::string_view key) const {
+  for (const Panel& panel : panels_) {
+    if (panel.key == key) return panel.text;
+  }
+  throw std::logic_error("no such status panel");
+}
+
+}  // namespace ui

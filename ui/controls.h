@@ -1,0 +1,177 @@
+// The controls that forms use. set...() is the program's side and raises no event; user...() is what a peer
+// (or a test in its place) calls when the user acts, and raises the control's event.
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "ui/control.h"
+#include "ui/form.h"
+#include "ui/signal.h"
+
+namespace ui {
+
+class Label : public Control {
+ public:
+  using Control::Control;
+  // The label grows with its text and moves what stands below it; message texts have any length.
+  bool autosize = false;
+};
+
+class Button : public Control {
+ public:
+  using Control::Control;
+  Signal<> clicked;
+  // Does nothing when disabled, like a real one.
+  void click() {
+    if (enabled() && visible()) clicked();
+  }
+};
+
+class CheckBox : public Control {
+ public:
+  using Control::Control;
+  Signal<> changed;
+  bool checked() const { return checked_; }
+  void setChecked(bool checked);
+  void userSet(bool checked);
+
+ private:
+  bool checked_ = false;
+};
+
+// Option buttons of one group exclude each other in the window (template groups) and in the model.
+class OptionButton : public Control {
+ public:
+  OptionButton(Form& form, int id, int group) : Control(form, id), form_(form), group_(group) {}
+  Signal<> changed;
+  bool chosen() const { return chosen_; }
+  void choose();      // by the program: no event
+  void userChoose();  // by the user: raises `changed` of this button
+
+ private:
+  Form& form_;
+  int group_;
+  bool chosen_ = false;
+};
+
+class TextBox : public Control {
+ public:
+  enum class Holds {
+    Unicode,  // text() is UTF-8: names, paths
+    Bytes,    // text() is byte text, shown in the code view's font
+  };
+  TextBox(Form& form, int id, Holds holds = Holds::Unicode) : Control(form, id), holds_(holds) {}
+  Signal<> changed;
+  // A typed character before it enters; may be exchanged. Byte-text boxes only.
+  std::function<int(int key)> keyPress;
+  Holds holds() const { return holds_; }
+  const std::string& text() const { return text_; }
+  void setText(std::string text);
+  void userSet(std::string text);
+  void selectAll() { tell(Aspect::Selection); }
+
+ private:
+  Holds holds_;
+  std::string text_;
+};
+
+// Rows of text with one selected row (-1: none); base of the drop-down list too.
+class ListBox : public Control {
+ public:
+  using Control::Control;
+  Signal<> selectionChanged;
+  Signal<> doubleClicked;
+  const std::vector<Text>& items() const { return items_; }
+  void setItems(std::vector<Text> items);  // deselects
+  int selected() const { return selected_; }
+  void setSelected(int row);  // out of range: none
+  void userSelect(int row);
+
+ private:
+  std::vector<Text> items_;
+  int selected_ = -1;
+};
+
+class ComboBox : public ListBox {  // a drop-down list without an edit field
+ public:
+  using ListBox::ListBox;
+};
+
+class ListView : public Control {
+ public:
+  using Control::Control;
+  struct Item {
+    Text text;
+    std::vector<Text> subItems;
+    std::string tag;  // the owner's, not shown
+    int icon = 0;     // image number, 0: none
+    bool checked = false;
+  };
+  struct Column {
+    Text caption;
+    int width;  // in dialog units
+  };
+  std::vector<Column> columns;  // none: a plain list; set before the form is shown
+  bool checkBoxes = false;
+  Signal<> selectionChanged;
+  Signal<> doubleClicked;
+  Signal<> contextMenu;
+
+  const std::vector<Item>& items() const { return items_; }
+  void setItems(std::vector<Item> items);
+  int selected() const { return selected_; }
+  void setSelected(int row);
+  void setChecked(int row, bool checked);
+  void userSelect(int row);
+  void userCheck(int row, bool checked);
+
+ private:
+  std::vector<Item> items_;
+  int selected_ = -1;
+};
+
+class TreeView : public Control {
+ public:
+  using Control::Control;
+  struct Node {
+    int parent = -1;  // index of the parent node, -1: a root
+    std::string key;
+    Text text;
+    std::string tag;  // the owner's; empty on roots
+    int icon = 0;
+  };
+  // A node was clicked, or chosen with the keyboard; the argument is its index.
+  Signal<int> nodeClicked;
+
+  const std::vector<Node>& nodes() const { return nodes_; }
+  void setNodes(std::vector<Node> nodes);  // shown expanded; deselects
+  void setNodeText(int node, Text text);
+  int selected() const { return selected_; }
+  void setSelected(int node);
+  void userSelect(int node);
+
+ private:
+  std::vector<Node> nodes_;
+  int selected_ = -1;
+};
+
+// Panels from left to right; a panel is known by its key.
+class StatusBar : public Control {
+ public:
+  struct Panel {
+    std::string key;
+    int width;  // in 1/96 inch; -1: takes the rest
+    Text text;
+    bool codeFont = false;  // the text is byte text in the legacy layout
+  };
+  StatusBar(Form& form, int id, std::vector<Panel> panels) : Control(form, id), panels_(std::move(panels)) {}
+  const std::vector<Panel>& panels() const { return panels_; }
+  void setPanel(std::string_view key, Text text);
+  const Text& panel(std::string_view key) const;
+
+ private:
+  std::vector<Panel> panels_;
+};
+
+}  // namespace ui

@@ -1,0 +1,53 @@
+// What a main window has besides a form's controls: menus, the code view, a place on the screen.
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "ui/code_view.h"
+#include "ui/controls.h"
+#include "ui/form.h"
+#include "ui/menu.h"
+
+namespace ui {
+
+enum class WindowState { Normal, Maximized };
+
+struct WindowPlace {  // of the restored window, in pixels of the virtual screen
+  int left;
+  int top;
+};
+
+// The window behind a main form.
+class MainPeer {
+ public:
+  virtual ~MainPeer() = default;
+  virtual void show() = 0;
+  virtual void setState(WindowState state) = 0;
+  virtual WindowPlace place() const = 0;
+  virtual void setPlace(WindowPlace place) = 0;  // moved into the nearest screen when outside all
+  virtual void menusChanged() = 0;               // rows, not states: states are asked before they show
+};
+
+class MainForm : public Form {
+ public:
+  MainForm(const char* name, int id, CodeView& codeView) : Form(name, id), T1(codeView) {}
+
+  CodeView& T1;  // not owned
+
+  // Menu bar; each top item has items. Enabled and checked are brought up to date by menuOpening().
+  std::vector<MenuItem> menus;
+  virtual void menuOpening() = 0;
+  // A menu item, shortcut or posted command; ignored when it is unknown or disabled.
+  virtual void command(int id) = 0;
+  // Menu item under the pointer changed; 0: none.
+  virtual void menuHighlighted(int id) = 0;
+  virtual void filesDropped(const std::vector<std::string>& paths) = 0;
+  // No event is waiting: time for what need not happen on every keystroke.
+  virtual void idle() = 0;
+
+  // Set by the platform while the window is there; not owned.
+  MainPeer* window = nullptr;
+};
+
+}  // namespace ui

@@ -1,0 +1,53 @@
+// Menus as data. The platform shows them and reports the chosen command id.
+#pragma once
+
+#include <functional>
+#include <string>
+#include <vector>
+
+#include "ui/text.h"
+
+namespace ui {
+
+// A key with its modifiers. `key` is a Windows virtual-key number, which names the key and not the letter on
+// it, so a shortcut works under a Georgian or Russian keyboard layout; letters are their upper-case ASCII.
+struct Shortcut {
+  int key = 0;  // 0: none
+  bool ctrl = false;
+  bool shift = false;
+  bool alt = false;
+  bool operator==(const Shortcut&) const = default;
+};
+
+inline constexpr int kKeyF1 = 0x70;  // F2 is kKeyF1 + 1, ...
+inline constexpr int kKeyTab = 0x09;
+inline constexpr int kKeyDelete = 0x2E;
+
+inline Shortcut ctrl(char letter) { return {letter, true, false, false}; }
+inline Shortcut ctrlShift(char letter) { return {letter, true, true, false}; }
+
+// "Ctrl+Shift+S"; empty when there is none.
+std::string shortcutText(const Shortcut& shortcut);
+
+// One line of a menu. A separator has neither command nor items.
+struct MenuItem {
+  Text caption;  // as stored: may begin with "|n|", the number of its icon
+  int command = 0;
+  Shortcut shortcut;
+  std::vector<MenuItem> items;  // a submenu when not empty
+  bool enabled = true;
+  bool checked = false;
+  bool radio = false;  // the check mark is a bullet: one of a group
+  Text help;           // one sentence for the status bar
+
+  bool separator() const { return command == 0 && items.empty() && caption.empty(); }
+};
+
+// A stored caption without its "|n|" prefix, and the number (0 when there is none).
+struct MenuCaption {
+  int icon;
+  Text text;
+};
+MenuCaption menuCaption(const Text& stored);
+
+}  // namespace ui

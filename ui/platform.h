@@ -1,0 +1,68 @@
+// All that the program asks of the machine, in its own words. One implementation on Win32, one fake for tests.
+#pragma once
+
+#include <functional>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "ui/form.h"
+
+namespace ui {
+
+// "All Files(*.*)|*.*|HTML(*.htm)|*.htm": pairs of label and patterns, as the system stores them.
+struct FileDialog {
+  Text title;
+  std::string filter;
+  std::string name;  // proposed file name
+  bool multiple = false;
+};
+
+class Platform {
+ public:
+  virtual ~Platform() = default;
+
+  // Forms. A modal run returns when the form closed itself or the user closed it.
+  virtual void showModal(Form& form) = 0;
+  virtual void showModeless(Form& form) = 0;  // stays above the main window; the form must outlive its window
+
+  // Common dialogs; nothing (or an empty list) when cancelled. Paths are UTF-8.
+  virtual std::vector<std::string> openFiles(const FileDialog& dialog) = 0;
+  virtual std::optional<std::string> saveFile(const FileDialog& dialog) = 0;  // asks before replacing a file
+  virtual std::optional<std::string> pickFolder(const Text& title) = 0;
+
+  // The program's folder (no trailing "\"), and its resources of type CUSTOM. A missing resource throws.
+  virtual std::string programFolder() const = 0;
+  virtual std::string resource(std::string_view name) const = 0;
+
+  // Per-user values of the application "Zervo"; empty when not there.
+  virtual std::string registryValue(std::string_view section, std::string_view key) const = 0;
+  virtual void setRegistryValue(std::string_view section, std::string_view key, std::string_view value) = 0;
+
+  // Clipboard text is byte text; characters that no byte stands for go through the code view's rule instead.
+  virtual void setClipboard(std::string_view bytes) = 0;
+  virtual bool clipboardHasText() const = 0;
+
+  virtual void setHourglass(bool on) = 0;
+  virtual void pumpEvents() = 0;  // lets pending window events run
+
+  // The shell. False when it could not be done.
+  virtual bool shellOpen(std::string_view path, std::string_view parameters) = 0;
+  virtual bool startProcess(std::string_view commandLine) = 0;
+  virtual void showHelpFile(std::string_view path, std::string_view topic) = 0;  // empty topic: default page
+};
+
+// The hourglass for the length of a block.
+class Hourglass {
+ public:
+  explicit Hourglass(Platform& platform) : platform_(platform) { platform_.setHourglass(true); }
+  Hourglass(const Hourglass&) = delete;
+  Hourglass& operator=(const Hourglass&) = delete;
+  ~Hourglass() { platform_.setHourglass(false); }
+
+ private:
+  Platform& platform_;
+};
+
+}  // namespace ui
