@@ -8,7 +8,8 @@
 
 namespace app {
 
-// What a rule of a command may look at. Small and cheap: asked each time a menu opens or a shortcut is pressed.
+// What a rule of a command may look at. Small and cheap: asked each time a menu opens or a shortcut is
+// pressed.
 struct CommandState {
   bool hasText = false;
   bool hasSelection = false;
@@ -18,6 +19,7 @@ struct CommandState {
   bool changed = false;    // the shown document has unsaved changes
   bool untitled = false;   // the shown document has no file
   bool webOpened = false;  // a web project is open
+  bool inProject = false;  // the shown document belongs to it
   int documents = 0;       // records in the list
 };
 
@@ -29,16 +31,17 @@ struct Command {
   ui::Text caption;  // as stored, with its "|n|" prefix
   ui::Shortcut shortcut;
   std::function<void()> run;
-  CommandRule enabled = nullptr;             // none: always
+  CommandRule enabled = nullptr;            // none: always
   std::function<bool()> checked = nullptr;  // none: never
   ui::Text help = {};
+  bool radio = false;  // one of a group of which one is checked
 };
 
 // Where rows stand in the menu bar: a top menu, and in it a list of ids (0: a separator) or submenus.
 struct MenuPlan {
   struct Line {
     int command = 0;
-    ui::Text submenu;         // caption of a submenu, then `lines` are its rows
+    ui::Text submenu;  // caption of a submenu, then `lines` are its rows
     std::vector<int> lines;
   };
   ui::Text caption;

@@ -52,8 +52,9 @@ class ColectionMain {
 
   // Negative `index` appends. Inserting moves only Value, Index, Kay and Tag of the records behind; all other
   // fields stay with their positions and are the caller's to set. An index above Count() throws base::Error.
-  void AddNewIthem(const std::string& Value, std::int16_t Index, const std::string& Kay, const std::string& Tag);
-  void RemoveIthem(std::int16_t Index);  // moves whole records; their Index stays as it was
+  void AddNewIthem(const std::string& Value, std::int16_t Index, const std::string& Kay,
+                   const std::string& Tag);
+  void RemoveIthem(std::int16_t Index);                // moves whole records; their Index stays as it was
   void MoveIthem(std::int16_t From, std::int16_t To);  // moves Value, Kay and Tag alone
   void Cler();
 

@@ -16,13 +16,13 @@ struct PropsRecord {
   bool StartMaximized = false;
   bool RememberPosition = false;  // window place is read at load and written at close
   bool ReopenLastFile = false;
-  std::string EditorFontName;  // empty: the code view keeps its default font
+  std::string EditorFontName;       // empty: the code view keeps its default font
   std::int16_t EditorFontSize = 0;  // points; 0: the default
   bool EditorFontBold = false;
   bool EditorFontItalic = false;
   base::Color EditorBackColor = 0;
-  std::int32_t EditorColorExtra = 0;
-  std::uint8_t ShowAtStart = 0;  // above 0: the start-up action runs when no command line was given
+  std::int32_t EditorColorExtra = 0;  // colour of the code view's text
+  std::uint8_t ShowAtStart = 0;       // above 0: the start-up action runs when no command line was given
 
   std::array<std::string, 4> TypingFontName;  // of the four typing modes; empty: the bundled font
   bool NoBreakSpaceAsReference = false;       // Ctrl+Y gives "&nbsp;" and not the bytes C2 A0

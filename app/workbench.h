@@ -3,6 +3,7 @@
 
 #include <cstdint>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "app/command.h"
@@ -34,14 +35,15 @@ class Workbench {
   virtual void showDocument(std::int16_t index) = 0;
   virtual void documentsAdded() = 0;  // records were added, removed or renamed: the tree follows
   virtual void ofnen(const std::string& path) = 0;     // open one file, of any kind
-  virtual void WEB_Open(const std::string& path) = 0;  // open a web project
+  virtual void WEB_Open(const std::string& path) = 0;  // replaces all documents: ask first
 
   // Rows and their places in the menus; called while the program is put together.
   virtual void addCommands(std::vector<Command> rows) = 0;
   virtual void addMenu(const MenuPlan& plan) = 0;  // an existing caption is extended
   virtual bool runCommand(int id) = 0;             // false: unknown or disabled
 
-  virtual void setStatus(ui::Text text) = 0;  // panel "kMain"
+  // A panel of the status bar: "kMain", "kPosition", "kCounts", "kMode", "kPreview".
+  virtual void setPanel(std::string_view key, ui::Text text) = 0;
 
   ui::Signal<const std::string&> documentOpened;  // full path of a file that was opened
   ui::Signal<> documentShown;                     // another document came into the code view

@@ -70,8 +70,8 @@ bool equalNoCase(std::string_view a, std::string_view b) {
 }
 
 std::size_t commonPrefix(std::string_view a, std::string_view b) {
-  const auto end = std::mismatch(a.begin(), a.begin() + static_cast<std::ptrdiff_t>(std::min(a.size(), b.size())),
-                                 b.begin());
+  const auto end = std::mismatch(
+      a.begin(), a.begin() + static_cast<std::ptrdiff_t>(std::min(a.size(), b.size())), b.begin());
   return static_cast<std::size_t>(end.first - a.begin());
 }
 

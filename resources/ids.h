@@ -42,7 +42,7 @@
 #define mnuClose 40007
 #define mnunewwind 40008
 #define mnuExit 40009
-#define mnuOpenWEB 40010
+#define mnuCloseWEB 40010
 
 #define mnuUndo 40101
 #define mnuRedo 40102

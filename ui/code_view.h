@@ -53,6 +53,10 @@ class CodeView {
   virtual int scrollTop() const = 0;
   virtual void setScrollTop(int position) = 0;
 
+  // The clipboard's text in place of the selection, as plain text; characters without a byte go through
+  // `unicodeTyped`. One undoable step.
+  virtual void paste() = 0;
+
   virtual bool canUndo() const = 0;
   virtual bool canRedo() const = 0;
   virtual void undo() = 0;
@@ -60,6 +64,7 @@ class CodeView {
 
   virtual void setFont(const Font& font) = 0;  // of the whole view; no undo step, no `changed`
   virtual void setBackColor(base::Color color) = 0;
+  virtual void setTextColor(base::Color color) = 0;  // no undo step, no `changed`
   virtual void setWordWrap(bool wrap) = 0;
   // Shows RTF in place of the text, without an undo step or `changed`; text() stays what the RTF says.
   virtual void setRtf(std::string_view rtf) = 0;

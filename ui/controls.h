@@ -18,6 +18,14 @@ class Label : public Control {
   bool autosize = false;
 };
 
+// The sign of a message box.
+class IconBox : public Control {
+ public:
+  using Control::Control;
+  enum class Sign { None, Information, Question, Warning, Critical };
+  Sign sign = Sign::None;  // set before the form is shown
+};
+
 class Button : public Control {
  public:
   using Control::Control;

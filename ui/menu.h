@@ -23,8 +23,12 @@ inline constexpr int kKeyF1 = 0x70;  // F2 is kKeyF1 + 1, ...
 inline constexpr int kKeyTab = 0x09;
 inline constexpr int kKeyDelete = 0x2E;
 
-inline Shortcut ctrl(char letter) { return {letter, true, false, false}; }
-inline Shortcut ctrlShift(char letter) { return {letter, true, true, false}; }
+inline Shortcut ctrl(char letter) {
+  return {letter, true, false, false};
+}
+inline Shortcut ctrlShift(char letter) {
+  return {letter, true, true, false};
+}
 
 // "Ctrl+Shift+S"; empty when there is none.
 std::string shortcutText(const Shortcut& shortcut);

@@ -1,4 +1,5 @@
-// All that the program asks of the machine, in its own words. One implementation on Win32, one fake for tests.
+// All that the program asks of the machine, in its own words. One implementation on Win32, one fake for
+// tests.
 #pragma once
 
 #include <functional>

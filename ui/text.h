@@ -18,8 +18,8 @@ struct Text {
   TextKind kind = TextKind::Plain;
 
   Text() = default;
-  Text(const char* plain) : bytes(plain) {}               // NOLINT: plain texts are the common case
-  Text(std::string plain) : bytes(std::move(plain)) {}    // NOLINT
+  Text(const char* plain) : bytes(plain) {}             // NOLINT: plain texts are the common case
+  Text(std::string plain) : bytes(std::move(plain)) {}  // NOLINT
   Text(std::string text, TextKind of) : bytes(std::move(text)), kind(of) {}
 
   bool empty() const { return bytes.empty(); }

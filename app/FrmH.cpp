@@ -1,0 +1,315 @@
+#include "app/FrmH.h"
+
+#include <algorithm>
+
+#include "app/document_tree.h"
+#include "app/mdlsaerto.h"
+#include "app/menu_names.h"
+#include "base/files.h"
+#include "base/path.h"
+
+namespace app {
+
+FrmH::FrmH(ui::Platform& platform, ui::CodeView& codeView)
+    : MainForm("FrmH", IDD_FrmH, codeView), platform_(platform) {
+  setCaption("Zervo");
+  TV.hint = "დოკუმენტები";
+  TV.nodeClicked.connect([this](int node) { guarded(platform_, [&] { TV_NodeClick(node); }); });
+  T1.changed.connect([this] { T1_Change(); });
+  T1.selectionChanged.connect([this] { T1_SelChange(); });
+  T1.keyDown.connect([this](int key) { keyDown(key); });
+  T1.keyUp.connect([this](int key) { keyUp(key); });
+  T1.keyPress = [this](int key) {
+    for (const auto& filter : keyFilters) key = filter(key);
+    return key;
+  };
+  addOwnCommands();
+}
+
+void FrmH::addOwnCommands() {
+  const auto always = CommandRule();
+  const auto selection = [](const CommandState& state) { return state.hasSelection; };
+  const auto several = [](const CommandState& state) { return state.documents > 1; };
+  addCommands({
+      {mnunewF, "mnunewF", "&ახალი გვერდი", ui::ctrl('N'), [this] { mnunewF_Click(".HTML", "<HTML>"); },
+       always, nullptr, "ახალი HTML დოკუმენტი"},
+      {mnunewT, "mnunewT", "ახალი &ტექსტი", ui::ctrlShift('N'), [this] { mnunewF_Click(".TXT", ""); }, always,
+       nullptr, "ახალი ტექსტური დოკუმენტი"},
+      {mnuOpen, "mnuOpen", "&გახსნა...", ui::ctrl('O'), [this] { mnuOpen_Click(); }, always, nullptr,
+       "ფაილის ან პროექტის გახსნა"},
+      {mnuSave, "mnuSave", "&შენახვა", ui::ctrl('S'), [this] { SaveDocument("", -1); }, always, nullptr,
+       "დოკუმენტის შენახვა"},
+      {mnuSaveas, "mnuSaveas", "შენახვა &როგორც...", ui::ctrlShift('S'), [this] { mnuSaveas_Click(); },
+       always, nullptr, "დოკუმენტის შენახვა სხვა სახელით"},
+      {mnuSaveWEB, "mnuSaveWEB", "&პროექტის შენახვა", ui::ctrlShift('P'), [this] { SaveProject(true); },
+       [](const CommandState& state) { return state.webOpened || state.documents > 0; }, nullptr,
+       "პროექტის ყველა დოკუმენტის და პროექტის ფაილის შენახვა"},
+      {mnuCloseWEB,
+       "mnuCloseWEB",
+       "პროექტის &დახურვა",
+       {},
+       [this] { mnuCloseWEB_Click(); },
+       [](const CommandState& state) { return state.webOpened; },
+       nullptr,
+       "პროექტის დახურვა"},
+      {mnuClose, "mnuClose", "დოკუმენტის და&ხურვა", ui::ctrl('W'), [this] { mnuClose_Click(); },
+       // A project's document leaves the list only together with its project.
+       [](const CommandState& state) { return !state.inProject; }, nullptr, "დოკუმენტის დახურვა"},
+      {mnunewwind,
+       "mnunewwind",
+       "ახალი ფან&ჯარა",
+       {},
+       [this] {
+         platform_.startProcess("\"" + base::joinPath(platform_.programFolder(), "Zervo.exe") + "\" NOMAX");
+       },
+       always,
+       nullptr,
+       "პროგრამის მეორე ფანჯარა"},
+      {mnuExit,
+       "mnuExit",
+       "გა&სვლა",
+       {},
+       [this] {
+         if (queryClose()) close();
+       },
+       always,
+       nullptr,
+       "პროგრამიდან გასვლა"},
+
+      {mnuUndo, "mnuUndo", "&გაუქმება", ui::ctrl('Z'), [this] { T1.undo(); },
+       [](const CommandState& state) { return state.canUndo; }, nullptr, "ბოლო ცვლილების გაუქმება"},
+      // Ctrl+Y types a no-break space.
+      {mnuRedo, "mnuRedo", "გა&მეორება", ui::ctrlShift('Z'), [this] { T1.redo(); },
+       [](const CommandState& state) { return state.canRedo; }, nullptr, "გაუქმებულის დაბრუნება"},
+      {mnuCut, "mnuCut", "ა&მოჭრა", ui::ctrl('X'),
+       [this] {
+         platform_.setClipboard(T1.selText());
+         T1.replaceSelection("");
+       },
+       selection, nullptr, "მონიშნულის გადატანა ბუფერში"},
+      {mnuPaste, "mnuPaste", "&ჩასმა", ui::ctrl('V'), [this] { T1.paste(); },
+       [](const CommandState& state) { return state.canPaste; }, nullptr, "ბუფერის ტექსტის ჩასმა"},
+      {mnuDelete,
+       "mnuDelete",
+       "&წაშლა",
+       {},
+       [this] { T1.replaceSelection(""); },
+       selection,
+       nullptr,
+       "მონიშნულის წაშლა"},
+      {mnuSelectAll, "mnuSelectAll", "ყველას მო&ნიშვნა", ui::ctrl('A'),
+       [this] { T1.select(0, static_cast<int>(T1.text().size())); },
+       [](const CommandState& state) { return state.hasText; }, nullptr, "მთელი ტექსტის მონიშვნა"},
+
+      {mnuWordWrap,
+       "mnuWordWrap",
+       "სტრიქონების &გადატანა",
+       {},
+       [this] {
+         Props.WordWrap = !Props.WordWrap;
+         T1.setWordWrap(Props.WordWrap);
+         saveProps();
+       },
+       always,
+       [this] { return Props.WordWrap; },
+       "გრძელი სტრიქონების გადატანა ფანჯრის სიგანეზე"},
+      {mnuNextDocument,
+       "mnuNextDocument",
+       "&შემდეგი დოკუმენტი",
+       {ui::kKeyTab, true, false, false},
+       [this] { step(1); },
+       several,
+       nullptr,
+       "სიის შემდეგი დოკუმენტი"},
+      {mnuPreviousDocument,
+       "mnuPreviousDocument",
+       "&წინა დოკუმენტი",
+       {ui::kKeyTab, true, true, false},
+       [this] { step(-1); },
+       several,
+       nullptr,
+       "სიის წინა დოკუმენტი"},
+
+      {mnuHelp,
+       "mnuHelp",
+       "&დახმარება",
+       {ui::kKeyF1, false, false, false},
+       [this] { ShowHelp(platform_, ""); },
+       [this](const CommandState&) {
+         return base::fileExists(base::joinPath(platform_.programFolder(), "Zervo.chm"));
+       },
+       nullptr,
+       "დახმარების ფაილი"},
+      {mnuAbout,
+       "mnuAbout",
+       "პროგრამის &შესახებ...",
+       {},
+       [this] {
+         messageBox(platform_,
+                    "Zervo " ZERVO_VERSION
+                    "\r\n\r\nHTML რედაქტორი ქართული ვებ-გვერდების ავტორებისთვის.\r\n\r\n"
+                    "შრიფტები შექმნილია DejaVu შრიფტებიდან (Bitstream Vera-ს ლიცენზია).",
+                    "Zervo");
+       },
+       always,
+       nullptr,
+       "პროგრამის ვერსია"},
+  });
+  addMenu({kFileMenu,
+           {{mnunewF, {}, {}},
+            {mnunewT, {}, {}},
+            {mnuOpen, {}, {}},
+            {0, {}, {}},
+            {mnuSave, {}, {}},
+            {mnuSaveas, {}, {}},
+            {mnuClose, {}, {}},
+            {0, {}, {}},
+            {mnuSaveWEB, {}, {}},
+            {mnuCloseWEB, {}, {}},
+            {0, {}, {}},
+            {mnunewwind, {}, {}},
+            {mnuExit, {}, {}}}});
+  addMenu({kEditMenu,
+           {{mnuUndo, {}, {}},
+            {mnuRedo, {}, {}},
+            {0, {}, {}},
+            {mnuCut, {}, {}},
+            {mnuCopy, {}, {}},
+            {mnuPaste, {}, {}},
+            {mnuDelete, {}, {}},
+            {mnuSelectAll, {}, {}},
+            {0, {}, {}}}});
+  addMenu({kTypingMenu, {}});
+  addMenu({kViewMenu, {{mnuWordWrap, {}, {}}, {mnuNextDocument, {}, {}}, {mnuPreviousDocument, {}, {}}}});
+  addMenu({kHelpMenu, {{mnuHelp, {}, {}}, {mnuAbout, {}, {}}}});
+}
+
+void FrmH::addCommands(std::vector<Command> rows) {
+  for (Command& row : rows) {
+    const int id = row.id;
+    if (!commands_.emplace(id, std::move(row)).second) throw std::logic_error("command added twice");
+  }
+}
+
+void FrmH::addMenu(const MenuPlan& plan) {
+  const auto at = std::find_if(menuPlans_.begin(), menuPlans_.end(),
+                               [&](const MenuPlan& known) { return known.caption == plan.caption; });
+  if (at == menuPlans_.end()) {
+    menuPlans_.push_back(plan);
+    return;
+  }
+  for (const MenuPlan::Line& line : plan.lines) {
+    const bool there = line.command != 0 &&
+                       std::any_of(at->lines.begin(), at->lines.end(), [&](const MenuPlan::Line& known) {
+                         return known.command == line.command;
+                       });
+    if (!there) at->lines.push_back(line);
+  }
+}
+
+void FrmH::buildMenus() {
+  const auto item = [this](int id) -> std::optional<ui::MenuItem> {
+    if (id == 0) return ui::MenuItem{};
+    const auto row = commands_.find(id);
+    if (row == commands_.end()) return std::nullopt;
+    ui::MenuItem made;
+    made.caption = row->second.caption;
+    made.command = id;
+    made.shortcut = row->second.shortcut;
+    made.help = row->second.help;
+    return made;
+  };
+  menus.clear();
+  for (const MenuPlan& plan : menuPlans_) {
+    ui::MenuItem top;
+    top.caption = plan.caption;
+    for (const MenuPlan::Line& line : plan.lines) {
+      if (line.lines.empty()) {
+        if (auto made = item(line.command)) top.items.push_back(std::move(*made));
+        continue;
+      }
+      ui::MenuItem submenu;
+      submenu.caption = line.submenu;
+      for (const int id : line.lines) {
+        if (auto made = item(id)) submenu.items.push_back(std::move(*made));
+      }
+      top.items.push_back(std::move(submenu));
+    }
+    menus.push_back(std::move(top));
+  }
+  menuOpening();
+  if (window != nullptr) window->menusChanged();
+}
+
+CommandState FrmH::commandState() {
+  CommandState state;
+  state.hasText = !T1.text().empty();
+  state.hasSelection = T1.selLength() > 0;
+  state.canUndo = T1.canUndo();
+  state.canRedo = T1.canRedo();
+  state.canPaste = platform_.clipboardHasText();
+  state.changed = FileChanged;
+  state.untitled = CurrentFilePath.empty();
+  state.webOpened = WebProject.WEBopened;
+  state.inProject = CurrentItemIndex >= 0 && WebProject.Item(CurrentItemIndex).IsInWEB;
+  state.documents = WebProject.Count();
+  return state;
+}
+
+void FrmH::menuOpening() {
+  const CommandState state = commandState();
+  refreshItems(menus, state);
+}
+
+void FrmH::refreshItems(std::vector<ui::MenuItem>& items, const CommandState& state) {
+  for (ui::MenuItem& item : items) {
+    refreshItems(item.items, state);
+    const auto row = commands_.find(item.command);
+    if (row == commands_.end()) continue;
+    const Command& command = row->second;
+    item.enabled = !command.enabled || command.enabled(state);
+    item.checked = command.checked && command.checked();
+    item.radio = command.radio;
+  }
+}
+
+bool FrmH::runCommand(int id) {
+  const auto row = commands_.find(id);
+  if (row == commands_.end()) return false;
+  if (row->second.enabled && !row->second.enabled(commandState())) return false;
+  guarded(platform_, [&] { row->second.run(); });
+  return true;
+}
+
+void FrmH::menuHighlighted(int id) {
+  const auto row = commands_.find(id);
+  setPanel("kMain", row == commands_.end() ? ui::Text() : row->second.help);
+}
+
+void FrmH::filesDropped(const std::vector<std::string>& paths) {
+  for (const std::string& path : paths) guarded(platform_, [&] { ofnen(path); });
+}
+
+void FrmH::TV_NodeClick(int node) {
+  const ui::TreeView::Node& clicked = TV.nodes()[static_cast<std::size_t>(node)];
+  if (switching_ || clicked.tag.empty() || clicked.icon == kIconMedia || clicked.icon == kIconPictureData)
+    return;
+  showDocument(static_cast<std::int16_t>(std::stoi(clicked.tag)));
+}
+
+void FrmH::T1_Change() {
+  if (!Loading) FileChanged = true;
+  textChanged();
+}
+
+void FrmH::T1_SelChange() {
+  const ui::CaretPlace place = T1.caret();
+  setPanel("kPosition", "სტრიქონი " + std::to_string(place.line) + ", სვეტი " + std::to_string(place.column));
+  selectionChanged();
+}
+
+void FrmH::saveProps() {
+  WriteProps(platform_, Props);
+}
+
+}  // namespace app

@@ -1,0 +1,131 @@
+// The main window: documents, tree and code view. It routes commands and events and knows no subsystem.
+#pragma once
+
+#include <functional>
+#include <map>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "app/frmBOXa.h"
+#include "app/workbench.h"
+#include "resources/ids.h"
+#include "ui/main_form.h"
+
+namespace app {
+
+class FrmH : public ui::MainForm, public Workbench {
+ public:
+  FrmH(ui::Platform& platform, ui::CodeView& codeView);
+
+  ui::TreeView TV{*this, IDC_FrmH_TV};
+  ui::StatusBar Status{*this,
+                       IDC_FrmH_Status,
+                       {{"kMain", -1, {}, false},
+                        {"kPreview", 200, {}, true},
+                        {"kCounts", 250, {}, false},
+                        {"kMode", 110, {}, false},
+                        {"kPosition", 170, {}, false}}};
+
+  PropsRecord Props;
+  ColectionMain WebProject;
+  std::int16_t CurrentItemIndex = -1;  // of the shown document; -1: it has no record
+  std::string CurrentFilePath;         // of the shown document; empty: untitled
+  bool FileChanged = false;            // the shown document has unsaved changes
+  bool Loading = false;                // the program itself fills T1: no change of the user's
+  bool WebMode() const { return WebProject.WEBopened || WebProject.Count() > 0; }
+
+  // Start and close (FrmH_start.cpp)
+  void entry(const std::string& commandLine);
+  void load() override;
+  void comandopen(const std::string& first, const std::string& list);
+  void commandladenforma(const std::string& mode);
+  bool queryClose() override;
+  // A document of the open project has unsaved changes / some open document has, without a project.
+  bool cvlaprufen();
+  bool NewInWeb();
+
+  // Documents (FrmH_documents.cpp)
+  void mnuOpen_Click();
+  void mnunewF_Click(const char* extension, const std::string& text);
+  void mnuClose_Click();
+  void ofnen(const std::string& path) override;
+  void showDocument(std::int16_t index) override;
+  void Treefulen();
+
+  // Saving and projects (FrmH_save.cpp)
+  enum class SaveKind { Plain, As };
+  // Empty path: the document's own, or ask; -1: the document in the code view. False: the user cancelled.
+  bool SaveDocument(const std::string& path, std::int16_t index, SaveKind kind = SaveKind::Plain);
+  void mnuSaveas_Click();
+  // The documents, then the project file. `ask`: also offer what is outside the project. False: cancelled.
+  bool SaveProject(bool ask);
+  void WEB_Open(const std::string& path) override;
+  void mnuCloseWEB_Click();
+
+  // Workbench
+  ui::Platform& platform() override { return platform_; }
+  ui::CodeView& codeView() override { return T1; }
+  ColectionMain& documents() override { return WebProject; }
+  std::int16_t shownIndex() const override { return CurrentItemIndex; }
+  PropsRecord& props() override { return Props; }
+  void saveProps() override;
+  const std::string& documentText(std::int16_t index) override;
+  void setDocumentText(std::int16_t index, std::string text) override;
+  void documentsAdded() override { Treefulen(); }
+  void addCommands(std::vector<Command> rows) override;
+  void addMenu(const MenuPlan& plan) override;
+  bool runCommand(int id) override;
+  void setPanel(std::string_view key, ui::Text text) override { Status.setPanel(key, std::move(text)); }
+
+  // MainForm
+  void menuOpening() override;
+  void command(int id) override { runCommand(id); }
+  void menuHighlighted(int id) override;
+  void filesDropped(const std::vector<std::string>& paths) override;
+  void idle() override { Workbench::idle(); }
+
+ private:
+  void addOwnCommands();
+  void buildMenus();
+  CommandState commandState();
+  void refreshItems(std::vector<ui::MenuItem>& items, const CommandState& state);
+  void TV_NodeClick(int node);
+  void T1_Change();
+  void T1_SelChange();
+  void step(int direction);  // to the next or previous document with text
+
+  void showCaption();
+  bool isShown(std::int16_t index) const { return index < 0 || index == CurrentItemIndex; }
+  std::string titleOf(std::int16_t index);
+  std::optional<std::int16_t> recordOf(const std::string& path);
+  void openText(const std::string& path);
+  void parkShown();
+  std::int16_t appendRecord(const std::string& value, const std::string& path, const std::string& title);
+  // Shows nothing: an empty untitled document without a record.
+  void showNothing();
+  void nameUntitled();
+  void applyEditorSettings();
+
+  bool unsavedDocuments();
+  bool saveAllChanged();  // false: cancelled
+  // Asks whether to save; runs `save` on Yes. False: the user wants to stay.
+  bool askAndSave(ui::Text question, ui::Text title, const std::function<bool()>& save);
+  bool leaveDocuments();  // the prompts before the documents go; false: stay
+  bool offerProject();    // false: cancelled, like the two below
+  bool offerInclusion();
+  bool include(const std::vector<std::int16_t>& chosen);
+  bool copyIntoProject(std::int16_t index);
+  std::optional<std::vector<std::int16_t>> chooseFiles(const std::vector<std::int16_t>& offered);
+  std::vector<std::int16_t> outsideProject();
+  void writeProjectFile();
+  std::string projectFile() const { return WebProject.WEBpath + WebProject.WEBtitle; }
+
+  ui::Platform& platform_;
+  std::map<int, Command> commands_;
+  std::vector<MenuPlan> menuPlans_;
+  std::string commandLine_;
+  bool switching_ = false;  // a switch of documents is under way: its own clicks are not followed
+};
+
+}  // namespace app

@@ -1,0 +1,177 @@
+// The main window's start and close: entry routine, load sequence, prompts before the end.
+#include <charconv>
+#include <cmath>
+
+#include "app/FrmH.h"
+#include "app/mdlsaerto.h"
+#include "base/error.h"
+#include "base/files.h"
+#include "base/path.h"
+#include "base/text.h"
+
+namespace app {
+namespace {
+
+using ui::operator""_keyboard;
+
+constexpr std::string_view kBetweenFiles = "\" \"";
+
+// Registry numbers are single-precision decimals; a comma may stand for the point. Nothing when unreadable.
+std::optional<int> registryNumber(const std::string& text) {
+  const std::string number = base::replaceAll(text, ",", ".");
+  float value = 0;
+  const auto read = std::from_chars(number.data(), number.data() + number.size(), value);
+  if (read.ec != std::errc() || std::abs(value) > 1e6F) return std::nullopt;
+  return static_cast<int>(std::lround(value));
+}
+
+}  // namespace
+
+void FrmH::entry(const std::string& commandLine) {
+  commandLine_ = commandLine;
+  Props = ReadProps(platform_);
+  const bool severalFiles = commandLine.find(kBetweenFiles) != std::string::npos;
+  const bool plain = commandLine.empty() || commandLine == "NOMAX" || severalFiles;
+  // The last file is not to be opened below the one that was asked for.
+  if (!plain) Props.ReopenLastFile = false;
+  load();
+  if (commandLine.empty()) {
+    window->show();
+  } else if (commandLine == "NOMAX") {
+    commandladenforma("NOMAX");
+  } else if (severalFiles) {
+    const bool quoted = commandLine.front() == '"' && commandLine.size() > 1;
+    comandopen("SIA", quoted ? commandLine.substr(1, commandLine.size() - 2) : commandLine);
+  } else {
+    const std::string unquoted = base::replaceAll(commandLine, "\"", " ");
+    comandopen(std::string(base::trimSpaces(unquoted)), "");
+  }
+}
+
+void FrmH::load() {
+  if (Props.StartMaximized) {
+    window->setState(ui::WindowState::Maximized);
+  } else if (Props.RememberPosition) {
+    const auto left = registryNumber(platform_.registryValue("winpoze", "X"));
+    const auto top = registryNumber(platform_.registryValue("winpoze", "Y"));
+    if (left && top) window->setPlace({*left, *top});
+  }
+
+  Loading = true;
+  buildMenus();
+  setPanel("kMain", ui::Text());
+  applyEditorSettings();
+  Treefulen();
+  Loading = false;
+
+  if (Props.ReopenLastFile) {
+    const std::string last = platform_.registryValue("LastFile", "FN");
+    if (last.empty()) return;
+    if (base::fileExists(last)) comandopen(last, "");
+  }
+  if (commandLine_.empty() && Props.ShowAtStart > 0) {
+    window->show();
+    platform_.pumpEvents();
+    guarded(platform_, [this] { startUp(); });
+  }
+}
+
+void FrmH::applyEditorSettings() {
+  T1.setFont({Props.EditorFontName, Props.EditorFontSize, Props.EditorFontBold, Props.EditorFontItalic,
+              ui::CharacterSet::Ansi});
+  // Zero settings mean that none were ever made; black on black is nobody's choice.
+  if (Props.EditorBackColor != 0) T1.setBackColor(Props.EditorBackColor);
+  T1.setTextColor(static_cast<base::Color>(Props.EditorColorExtra));
+  T1.setWordWrap(Props.WordWrap);
+}
+
+void FrmH::comandopen(const std::string& first, const std::string& list) {
+  window->show();
+  platform_.pumpEvents();
+  if (first == "SIA") {
+    for (const std::string& path : base::split(list, kBetweenFiles)) {
+      Loading = true;
+      guarded(platform_, [&] { ofnen(path); });
+    }
+  } else {
+    guarded(platform_, [&] {
+      if (base::fileExists(first)) documentOpened(first);
+      if (base::lastThree(first) == "WEB") {
+        WEB_Open(first);
+        return;
+      }
+      Loading = true;
+      // A file that is there but cannot be read must not be saved over later; one that is missing may be
+      // made.
+      CurrentFilePath = base::fileExists(first) || base::folderExists(first) ? "" : first;
+      T1.load(base::readFile(first));
+      CurrentFilePath = first;
+      FileChanged = false;
+      documentShown();
+    });
+    setCaption("Zervo [" + first + "]");
+  }
+  Loading = false;
+}
+
+void FrmH::commandladenforma(const std::string& mode) {
+  if (mode == "NOMAX") window->setState(ui::WindowState::Normal);
+  window->show();
+}
+
+bool FrmH::cvlaprufen() {
+  return WebProject.WEBopened && unsavedDocuments();
+}
+
+bool FrmH::NewInWeb() {
+  return !WebProject.WEBopened && unsavedDocuments();
+}
+
+bool FrmH::askAndSave(ui::Text question, ui::Text title, const std::function<bool()>& save) {
+  const std::string answer = messageBox(platform_, std::move(question), std::move(title),
+                                        frmBOXa::Kind::YesNoCancel, ui::IconBox::Sign::Question);
+  if (answer == kAnswerCancel) return false;
+  if (answer != kAnswerYes) return true;
+  // A save that fails or is cancelled keeps the window: the text would be lost.
+  bool saved = false;
+  return guarded(platform_, [&] { saved = save(); }) && saved;
+}
+
+bool FrmH::leaveDocuments() {
+  const ui::Text projectTitle = "Sag niemals nie";
+  if (WebMode()) {
+    const auto save = [this] { return SaveProject(false); };
+    if (WebProject.WEBopened && WebProject.WEBChanged) {
+      return askAndSave("proeqti Seicvala.\r\n\r\nginda cvlilebebis damaxsovreba?"_keyboard, projectTitle,
+                        save);
+    }
+    const auto files = "proeqtis failebi Seicvala.\r\n\r\nginda cvlilebebis damaxsovreba?"_keyboard;
+    if (cvlaprufen()) return askAndSave(files, projectTitle, save);
+    if (NewInWeb()) return askAndSave(files, projectTitle, [this] { return saveAllChanged(); });
+    return true;
+  }
+  if (!FileChanged) return true;
+  if (!CurrentFilePath.empty()) {
+    return askAndSave("faili Seicvala.\r\ngindaT cvlilebebis damaxsovreba?"_keyboard, "",
+                      [this] { return SaveDocument(CurrentFilePath, -1); });
+  }
+  if (T1.text().empty()) return true;
+  return askAndSave("gindaT cvlilebebis damaxsovreba?"_keyboard, "", [this] { return SaveDocument("", -1); });
+}
+
+bool FrmH::queryClose() {
+  if (!leaveDocuments()) return false;
+  if (Props.RememberPosition) {
+    const ui::WindowPlace place = window->place();
+    platform_.setRegistryValue("winpoze", "X", std::to_string(place.left));
+    platform_.setRegistryValue("winpoze", "Y", std::to_string(place.top));
+  }
+  if (Props.ReopenLastFile) {
+    const std::string last = WebProject.WEBopened ? projectFile() : CurrentFilePath;
+    if (!last.empty()) platform_.setRegistryValue("LastFile", "FN", last);
+  }
+  closing();
+  return true;
+}
+
+}  // namespace app

@@ -1,0 +1,69 @@
+#include "app/document_list.h"
+
+#include <limits>
+
+#include "base/error.h"
+
+namespace app {
+
+Ithem& ColectionMain::Item(std::int16_t index) {
+  if (index < 0 || index >= Count()) {
+    throw base::Error(base::ErrorNumber::InvalidCall, "indeqsi araa swore.", "ColectionMain");
+  }
+  auto& slot = items_[static_cast<std::size_t>(index)];
+  if (!slot) slot = std::make_unique<Ithem>();
+  return *slot;
+}
+
+void ColectionMain::AddNewIthem(const std::string& Value, std::int16_t Index, const std::string& Kay,
+                                const std::string& Tag) {
+  const std::int16_t count = Count();
+  if (Index > count || count == std::numeric_limits<std::int16_t>::max()) {
+    throw base::Error(base::ErrorNumber::InvalidCall, "indeqsi araa swore.", "ColectionMain");
+  }
+  // The arguments may be a record's own fields, which the shift below overwrites.
+  const std::string value = Value, kay = Kay, tag = Tag;
+  const std::int16_t at = Index < 0 ? count : Index;
+  items_.emplace_back();
+  for (std::int16_t i = count; i > at; --i) {
+    Ithem& to = Item(i);
+    const Ithem& from = Item(static_cast<std::int16_t>(i - 1));
+    to.Value = from.Value;
+    to.Kay = from.Kay;
+    to.Tag = from.Tag;
+    to.Index = i;
+  }
+  Ithem& record = Item(at);
+  record.Value = value;
+  record.Index = at;
+  record.Kay = kay;
+  record.Tag = tag;
+  NewItem();
+}
+
+void ColectionMain::RemoveIthem(std::int16_t Index) {
+  Item(Index);  // throws outside the list
+  items_.erase(items_.begin() + Index);
+  ItemRemoved(Index, items_.empty() ? std::int16_t{1} : Count());
+}
+
+void ColectionMain::MoveIthem(std::int16_t From, std::int16_t To) {
+  const auto inside = [this](std::int16_t position) { return position >= 0 && position < Count(); };
+  if (From == To || !inside(From) || !inside(To)) return;
+  const std::int16_t step = From < To ? 1 : -1;
+  for (std::int16_t i = From; i != To; i = static_cast<std::int16_t>(i + step)) {
+    // Swapping on the way carries the moved fields along and shifts the others towards `From`.
+    Ithem& here = Item(i);
+    Ithem& next = Item(static_cast<std::int16_t>(i + step));
+    std::swap(here.Value, next.Value);
+    std::swap(here.Kay, next.Kay);
+    std::swap(here.Tag, next.Tag);
+  }
+}
+
+void ColectionMain::Cler() {
+  items_.clear();
+  ColectionDeleted();
+}
+
+}  // namespace app

@@ -1,0 +1,45 @@
+// The program's own message box, input box and choice list.
+#pragma once
+
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "resources/ids.h"
+#include "ui/controls.h"
+#include "ui/platform.h"
+
+namespace app {
+
+// Standard answer codes as text. Only Yes and Cancel are tested by callers; anything else counts as No.
+inline constexpr const char* kAnswerOk = "1";
+inline constexpr const char* kAnswerCancel = "2";
+inline constexpr const char* kAnswerYes = "6";
+inline constexpr const char* kAnswerNo = "7";
+
+class frmBOXa : public ui::Form {
+ public:
+  enum class Kind { Message, YesNo, YesNoCancel, Input, Choice };
+  frmBOXa(Kind kind, ui::Text text, ui::Text title, ui::IconBox::Sign sign);
+
+  ui::IconBox Picon{*this, IDC_frmBOXa_Picon};
+  ui::Label LBtext{*this, IDC_frmBOXa_LBtext};
+  ui::TextBox Tanswer{*this, IDC_frmBOXa_Tanswer};
+  ui::ListView LV{*this, IDC_frmBOXa_LV};
+  ui::Button COK{*this, IDC_frmBOXa_COK};
+  ui::Button Cyes{*this, IDC_frmBOXa_Cyes};
+  ui::Button Cno{*this, IDC_frmBOXa_Cno};
+  ui::Button CEXIT{*this, IDC_frmBOXa_CEXIT};
+
+  const std::string& answer() const { return answer_; }
+  bool queryClose() override;
+
+ private:
+  void press(const char* answer);
+  void Tanswer_Change();
+
+  Kind kind_;
+  std::string answer_ = kAnswerCancel;  // also when the window is closed without a button
+};
+
+}  // namespace app

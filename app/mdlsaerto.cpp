@@ -1,0 +1,140 @@
+#include "app/mdlsaerto.h"
+
+#include <array>
+
+#include "base/error.h"
+#include "base/files.h"
+#include "base/path.h"
+#include "base/text.h"
+
+namespace app {
+namespace {
+
+using ui::operator""_keyboard;
+
+std::string propsPath(const ui::Platform& platform) {
+  return base::joinPath(platform.programFolder(), "props.ini");
+}
+
+// A free name beside the damaged file: an earlier damaged one is kept as well.
+std::string asideName(const std::string& path) {
+  std::string name = path + ".bad";
+  for (int i = 2; base::fileExists(name); ++i) name = path + ".bad" + std::to_string(i);
+  return name;
+}
+
+}  // namespace
+
+PropsRecord ReadProps(ui::Platform& platform) {
+  const std::string path = propsPath(platform);
+  if (!base::fileExists(path)) return {};
+  try {
+    return decodeProps(base::readFile(path));
+  } catch (const base::Error& error) {
+    std::string message = error.what();
+    if (error.number() == base::ErrorNumber::BadFileFormat) {
+      const std::string aside = asideName(path);
+      try {
+        base::renameFile(path, aside);
+        message += "\r\nფაილი შენახულია სახელით:\r\n" + aside;
+      } catch (const base::Error& failed) {
+        message += std::string("\r\n") + failed.what();
+      }
+    }
+    messageBox(platform, message + "\r\n\r\nპროგრამა საწყისი პარამეტრებით იმუშავებს.", "Zervo",
+               frmBOXa::Kind::Message, ui::IconBox::Sign::Warning);
+    return {};
+  }
+}
+
+void WriteProps(ui::Platform& platform, const PropsRecord& props) {
+  base::writeFile(propsPath(platform), encodeProps(props));
+}
+
+void ShowHelp(ui::Platform& platform, std::string_view topic) {
+  const std::string path = base::joinPath(platform.programFolder(), "Zervo.chm");
+  if (base::fileExists(path)) platform.showHelpFile(path, topic);
+}
+
+std::string ColorToHtml(base::Color color) {
+  constexpr std::string_view kDigits = "0123456789ABCDEF";
+  std::string html = "#";
+  for (const std::uint8_t part : {base::red(color), base::green(color), base::blue(color)}) {
+    if (part == 0) {
+      html += "00";
+      continue;
+    }
+    if (part >= 16) html += kDigits[part / 16U];
+    html += kDigits[part % 16U];
+  }
+  return html;
+}
+
+bool IsBadFileName(std::string_view name) {
+  return name.find_first_of("\\/?:*<>|\"") != std::string_view::npos;
+}
+
+void ShellOpen(ui::Platform& platform, std::string_view path) {
+  if (!platform.shellOpen(path, "")) {
+    throw base::Error(base::ErrorNumber::InvalidCall,
+                      "ამ ფაილის გახსნა ვერ მოხერხდა:\r\n" + std::string(path));
+  }
+}
+
+void OpenWithVerb(ui::Platform& platform, std::string_view path) {
+  platform.shellOpen(path, "1");
+}
+
+std::string messageBox(ui::Platform& platform, ui::Text text, ui::Text title, frmBOXa::Kind kind,
+                       ui::IconBox::Sign sign) {
+  frmBOXa box(kind, std::move(text), std::move(title), sign);
+  platform.showModal(box);
+  return box.answer();
+}
+
+std::optional<std::string> inputBox(ui::Platform& platform, ui::Text prompt, ui::Text title,
+                                    std::string proposal) {
+  frmBOXa box(frmBOXa::Kind::Input, std::move(prompt), std::move(title), ui::IconBox::Sign::None);
+  box.Tanswer.userSet(std::move(proposal));
+  platform.showModal(box);
+  if (box.answer() != kAnswerOk) return std::nullopt;
+  return std::string(base::trimSpaces(box.Tanswer.text()));
+}
+
+std::optional<std::vector<std::size_t>> choiceBox(ui::Platform& platform, ui::Text prompt, ui::Text title,
+                                                  const std::vector<std::string>& rows) {
+  frmBOXa box(frmBOXa::Kind::Choice, std::move(prompt), std::move(title), ui::IconBox::Sign::None);
+  std::vector<ui::ListView::Item> items;
+  for (const std::string& row : rows) {
+    ui::ListView::Item item;
+    item.text = row;
+    item.checked = true;
+    items.push_back(std::move(item));
+  }
+  box.LV.setItems(std::move(items));
+  platform.showModal(box);
+  if (box.answer() != kAnswerOk) return std::nullopt;
+  std::vector<std::size_t> chosen;
+  for (std::size_t i = 0; i < box.LV.items().size(); ++i) {
+    if (box.LV.items()[i].checked) chosen.push_back(i);
+  }
+  return chosen;
+}
+
+ErrorText errorText(const std::exception& error) {
+  if (const auto* own = dynamic_cast<const base::Error*>(&error)) {
+    return {static_cast<int>(own->number()), own->what()};
+  }
+  if (dynamic_cast<const std::bad_alloc*>(&error) != nullptr) {
+    return {static_cast<int>(base::ErrorNumber::OutOfMemory), "მეხსიერება არ არის საკმარისი."};
+  }
+  return {static_cast<int>(base::ErrorNumber::InvalidCall), error.what()};
+}
+
+void showError(ui::Platform& platform, const std::exception& error) {
+  const ErrorText text = errorText(error);
+  messageBox(platform, "Error!!\r\nError:N: " + std::to_string(text.number) + "\r\n" + text.description,
+             "ERROR!!!", frmBOXa::Kind::Message, ui::IconBox::Sign::Critical);
+}
+
+}  // namespace app

@@ -1,0 +1,66 @@
+// Shared routines of the program: settings, boxes, names, colours, shell and help.
+#pragma once
+
+#include <exception>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "app/frmBOXa.h"
+#include "app/props_record.h"
+#include "base/color.h"
+#include "ui/platform.h"
+
+namespace app {
+
+// The record in props.ini; zero settings when there is none. A damaged file also gives zero settings: it is
+// put aside as "props.ini.bad" and the user is told.
+PropsRecord ReadProps(ui::Platform& platform);
+void WriteProps(ui::Platform& platform, const PropsRecord& props);  // throws base::Error
+
+// Opens Zervo.chm; nothing happens when it is missing. An empty topic opens the default page.
+void ShowHelp(ui::Platform& platform, std::string_view topic);
+
+// "#" and the hexadecimal red, green and blue: no leading zero, but "00" for a zero byte (#50000 is 5, 0, 0).
+std::string ColorToHtml(base::Color color);
+
+// The name holds one of \ / ? : * < > | or a double quote.
+bool IsBadFileName(std::string_view name);
+
+void ShellOpen(ui::Platform& platform, std::string_view path);
+void OpenWithVerb(ui::Platform& platform, std::string_view path);
+
+// The program's own boxes. messageBox answers with an answer code, inputBox with the typed text, choiceBox
+// with the ticked rows; cancelled: "2" or nothing.
+std::string messageBox(ui::Platform& platform, ui::Text text, ui::Text title,
+                       frmBOXa::Kind kind = frmBOXa::Kind::Message,
+                       ui::IconBox::Sign sign = ui::IconBox::Sign::Information);
+std::optional<std::string> inputBox(ui::Platform& platform, ui::Text prompt, ui::Text title,
+                                    std::string proposal = {});
+std::optional<std::vector<std::size_t>> choiceBox(
+    ui::Platform& platform, ui::Text prompt, ui::Text title,
+    const std::vector<std::string>& rows);  // all ticked at first
+
+// Number and sentence of an error, as the error boxes show them.
+struct ErrorText {
+  int number;
+  std::string description;
+};
+ErrorText errorText(const std::exception& error);
+// The box titled "ERROR!!!".
+void showError(ui::Platform& platform, const std::exception& error);
+
+// Runs a command; an error is shown and ends it. True when it ran through.
+template <class Action>
+bool guarded(ui::Platform& platform, Action&& action) {
+  try {
+    action();
+    return true;
+  } catch (const std::exception& error) {
+    showError(platform, error);
+    return false;
+  }
+}
+
+}  // namespace app

@@ -1,0 +1,110 @@
+#include <gtest/gtest.h>
+#include <sys/mount.h>
+
+#include <filesystem>
+
+#include "base/binary.h"
+#include "base/cp1252.h"
+#include "base/error.h"
+#include "base/files.h"
+#include "base/path.h"
+#include "base/text.h"
+#include "base/utf8.h"
+#include "tests/support/iconv.h"
+#include "tests/support/temp_folder.h"
+
+namespace {
+
+TEST(Cp1252, EveryByteHasOneCharacterThatTheSystemKnows) {
+  for (int i = 0; i < 256; ++i) {
+    const auto byte = static_cast<std::uint8_t>(i);
+    EXPECT_EQ(base::byteOfChar(base::charOfByte(byte)), byte);
+    const bool open = i == 0x81 || i == 0x8D || i == 0x8F || i == 0x90 || i == 0x9D;
+    if (open) continue;  // no character of its own there
+    const std::string text(1, static_cast<char>(byte));
+    EXPECT_EQ(base::utf8FromBytes(text), tests::convertWithIconv(text, "CP1252", "UTF-8")) << i;
+  }
+  EXPECT_FALSE(base::bytesFromUtf8("ა").has_value());
+  EXPECT_FALSE(base::bytesFromUtf8("\xC3").has_value());
+}
+
+TEST(Utf8, RefusesMalformedForms) {
+  for (const std::string bad : {"\xC0\x80", "\xED\xA0\x80", "\xE1\x83", "\xF4\x90\x80\x80", "\x80", "\xFF"}) {
+    EXPECT_FALSE(base::isUtf8(bad)) << testing::PrintToString(bad);
+  }
+  std::string every;
+  for (const char32_t c : {0x7FU, 0x80U, 0x7FFU, 0x800U, 0xFFFFU, 0x10000U, 0x10FFFFU})
+    base::appendUtf8(every, c);
+  EXPECT_TRUE(base::isUtf8(every));
+  EXPECT_EQ(tests::convertWithIconv(every, "UTF-8", "UTF-8"), every);
+}
+
+TEST(Paths, JoinAndTakeApart) {
+  EXPECT_EQ(base::joinPath("C:\\", "a"), "C:\\a");
+  EXPECT_EQ(base::joinPath("C:\\x", "a"), "C:\\x\\a");
+  EXPECT_EQ(base::folderOf("C:\\x\\a.b"), "C:\\x");
+  EXPECT_EQ(base::fileName("a.b"), "a.b");
+  EXPECT_EQ(base::extensionOf("a.b.Html"), "HTML");
+  EXPECT_EQ(base::extensionOf("makefile"), "MAKEFILE");
+  EXPECT_EQ(base::lastThree("a.web"), "WEB");
+  EXPECT_EQ(base::lastThree("a"), "A");
+  EXPECT_TRUE(base::samePath("C:/X\\a", "c:\\x/A"));
+}
+
+TEST(Files, OverwritingKeepsALongerTail) {
+  const tests::TempFolder folder;
+  const std::string path = folder.make("გვერდი.html", "0123456789");
+  base::overwriteFile(path, "abc");
+  EXPECT_EQ(base::readFile(path), "abc3456789");
+  base::overwriteFile(path, "0123456789AB");
+  EXPECT_EQ(base::readFile(path), "0123456789AB");
+  base::copyFile(path, path);
+  EXPECT_EQ(base::readFile(path), "0123456789AB");
+}
+
+TEST(Files, AFailureIsNamedAndLeavesTheOldFileAndNoOther) {
+  const tests::TempFolder folder;
+  const auto numberOf = [](auto action) {
+    try {
+      action();
+    } catch (const base::Error& error) {
+      return error.number();
+    }
+    return base::ErrorNumber();
+  };
+  EXPECT_EQ(numberOf([&] { base::readFile(folder.file("gone")); }), base::ErrorNumber::FileNotFound);
+  EXPECT_EQ(numberOf([&] { base::readFile(folder.path()); }), base::ErrorNumber::PathAccess);
+  const std::string path = folder.make("a", "old");
+  std::filesystem::permissions(folder.path() + "/a", std::filesystem::perms::owner_read);
+  EXPECT_EQ(numberOf([&] { base::writeFile(path, "new"); }), base::ErrorNumber::PermissionDenied);
+  EXPECT_EQ(base::readFile(path), "old");
+}
+
+TEST(Files, AFullDiskLeavesTheOldFileWhole) {
+  const tests::TempFolder folder;
+  const std::string disk = folder.path() + "/disk";
+  std::filesystem::create_directory(disk);
+  if (mount("none", disk.c_str(), "tmpfs", 0, "size=64k") != 0)
+    GTEST_SKIP() << "cannot mount a small disk here";
+  const std::string path = disk + "\\a";
+  base::writeFile(path, "old");
+  try {
+    base::writeFile(path, std::string(100000, 'x'));
+    ADD_FAILURE();
+  } catch (const base::Error& error) {
+    EXPECT_EQ(error.number(), base::ErrorNumber::DiskFull);
+  }
+  EXPECT_EQ(base::readFile(path), "old");
+  EXPECT_EQ(std::distance(std::filesystem::directory_iterator(disk), {}), 1);
+  umount(disk.c_str());
+}
+
+TEST(Binary, ReaderStopsAtTheEnd) {
+  base::BinaryWriter writer;
+  writer.u32(0xFFFFFFFF);
+  base::BinaryReader reader(writer.bytes());
+  EXPECT_THROW(reader.text(), base::Error);
+  EXPECT_EQ(base::crc32("123456789"), 0xCBF43926U);  // the check value that the algorithm is published with
+}
+
+}  // namespace

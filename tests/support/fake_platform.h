@@ -1,0 +1,98 @@
+// A platform that answers from a script and records what was asked.
+#pragma once
+
+#include <deque>
+#include <functional>
+#include <map>
+#include <stdexcept>
+#include <string>
+#include <vector>
+
+#include "base/files.h"
+#include "ui/platform.h"
+
+namespace tests {
+
+class FakePlatform : public ui::Platform {
+ public:
+  // One handler a modal form, in order: acts on the form as the user would. A form without a handler is a
+  // failure of the test.
+  std::deque<std::function<void(ui::Form&)>> modal;
+  std::vector<ui::Form*> modeless;
+
+  void showModal(ui::Form& form) override {
+    if (modal.empty()) throw std::logic_error("unexpected dialog: " + ui::display(form.caption()));
+    const auto act = modal.front();
+    modal.pop_front();
+    form.open(nullptr);
+    form.load();
+    act(form);
+    form.close();
+  }
+  void showModeless(ui::Form& form) override {
+    form.open(nullptr);
+    form.load();
+    modeless.push_back(&form);
+  }
+
+  std::deque<std::vector<std::string>> openAnswers;  // none left: cancelled
+  std::deque<std::string> saveAnswers, folderAnswers;
+  std::vector<ui::FileDialog> fileDialogs;
+  std::vector<std::string> openFiles(const ui::FileDialog& dialog) override {
+    fileDialogs.push_back(dialog);
+    return take(openAnswers).value_or(std::vector<std::string>());
+  }
+  std::optional<std::string> saveFile(const ui::FileDialog& dialog) override {
+    fileDialogs.push_back(dialog);
+    return take(saveAnswers);
+  }
+  std::optional<std::string> pickFolder(const ui::Text&) override { return take(folderAnswers); }
+
+  std::string folder;  // the program's
+  std::string programFolder() const override { return folder; }
+  std::string resource(std::string_view name) const override {
+    return base::readFile(std::string(ZERVO_SOURCE "/resources/custom/") + std::string(name) + ".bin");
+  }
+
+  std::map<std::string, std::string> registry;  // "section\key"
+  std::string registryValue(std::string_view section, std::string_view key) const override {
+    const auto at = registry.find(std::string(section) + "\\" + std::string(key));
+    return at == registry.end() ? std::string() : at->second;
+  }
+  void setRegistryValue(std::string_view section, std::string_view key, std::string_view value) override {
+    registry[std::string(section) + "\\" + std::string(key)] = value;
+  }
+
+  std::string clipboard;
+  void setClipboard(std::string_view bytes) override { clipboard = bytes; }
+  bool clipboardHasText() const override { return !clipboard.empty(); }
+
+  std::vector<bool> hourglass;  // every call
+  void setHourglass(bool on) override { hourglass.push_back(on); }
+  int pumped = 0;
+  void pumpEvents() override { ++pumped; }
+
+  std::vector<std::string> opened, started, helped;
+  bool shellOpen(std::string_view path, std::string_view parameters) override {
+    opened.push_back(std::string(path) + (parameters.empty() ? "" : " " + std::string(parameters)));
+    return true;
+  }
+  bool startProcess(std::string_view commandLine) override {
+    started.emplace_back(commandLine);
+    return true;
+  }
+  void showHelpFile(std::string_view path, std::string_view topic) override {
+    helped.push_back(std::string(path) + (topic.empty() ? "" : "::" + std::string(topic)));
+  }
+
+ private:
+  template <class Value>
+  static std::optional<Value> take(std::deque<Value>& answers) {
+    if (answers.empty()) return std::nullopt;
+    Value answer = answers.front();
+    answers.pop_front();
+    return answer;
+  }
+};
+
+}  // namespace tests

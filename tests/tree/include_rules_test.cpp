@@ -1,0 +1,137 @@
+// The rule of the house: includes point one way, and one folder knows Windows.
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <filesystem>
+#include <fstream>
+#include <map>
+#include <regex>
+#include <set>
+#include <string>
+#include <vector>
+
+namespace {
+
+namespace fs = std::filesystem;
+using Folders = std::set<std::string>;
+
+// What each folder may include besides itself.
+const std::map<std::string, Folders> kMayInclude = {
+    {"base", {}},
+    {"ui", {"base"}},
+    {"app", {"base", "ui"}},
+    {"convert", {"base", "ui", "app"}},
+    {"editor", {"base", "ui", "app", "convert"}},
+    {"search", {"base", "ui", "app", "convert"}},
+    {"project", {"base", "ui", "app", "convert"}},
+    {"generators", {"base", "ui", "app", "convert"}},
+    {"recent", {"base", "ui", "app", "convert"}},
+    {"program", {"base", "ui", "app", "convert", "editor", "search", "project", "generators", "recent"}},
+    {"platform", {"base", "ui"}},
+};
+// Ids and embedded data are for everybody.
+constexpr const char* kForAll = "resources";
+
+std::vector<std::string> includesOf(const std::string& text) {
+  static const std::regex include(R"re((?:^|\n)[ \t]*#[ \t]*include[ \t]*[<"]([^>"]+)[>"])re");
+  std::vector<std::string> found;
+  for (std::sregex_iterator at(text.begin(), text.end(), include), end; at != end; ++at) {
+    found.push_back((*at)[1]);
+  }
+  return found;
+}
+
+std::string topFolder(const std::string& path) {
+  return path.substr(0, path.find('/'));
+}
+
+bool mayKnowWindows(const std::string& path) {
+  return topFolder(path) == "platform" || path.starts_with("tests/gui/") ||
+         path.starts_with("tests/platform/");
+}
+
+// The program's own entry is where platform and program meet.
+bool isEntry(const std::string& path) {
+  return path == "platform/win32/main.cpp";
+}
+
+// Complaints about one file, whose path is relative to the top.
+std::vector<std::string> complaints(const std::string& path, const std::string& text) {
+  static const Folders windows = {"windows.h",  "windowsx.h", "commctrl.h", "richedit.h", "shlobj.h",
+                                  "shellapi.h", "wininet.h",  "winsock2.h", "ole2.h",     "tom.h"};
+  std::vector<std::string> result;
+  const auto rule = kMayInclude.find(topFolder(path));
+  for (const std::string& included : includesOf(text)) {
+    std::string lower = included;
+    std::transform(lower.begin(), lower.end(), lower.begin(),
+                   [](unsigned char c) { return std::tolower(c); });
+    const std::string folder = topFolder(included);
+    const bool known = kMayInclude.contains(folder) && included.find('/') != std::string::npos;
+    if (windows.contains(lower) && !mayKnowWindows(path)) {
+      result.push_back(path + " includes <" + included + ">");
+    } else if (rule != kMayInclude.end() && known && folder != rule->first && folder != kForAll &&
+               !rule->second.contains(folder) && !isEntry(path)) {
+      result.push_back(path + " includes \"" + included + "\"");
+    }
+  }
+  return result;
+}
+
+template <class Visit>
+void forEachSource(Visit visit) {
+  const fs::path top = ZERVO_SOURCE;
+  std::vector<std::string> roots = {"tests", "bench"};
+  for (const auto& [folder, allowed] : kMayInclude) roots.push_back(folder);
+  for (const std::string& root : roots) {
+    if (!fs::exists(top / root)) continue;
+    for (const auto& entry : fs::recursive_directory_iterator(top / root)) {
+      const std::string extension = entry.path().extension().string();
+      if (extension != ".h" && extension != ".cpp") continue;
+      std::ifstream file(entry.path(), std::ios::binary);
+      visit(fs::relative(entry.path(), top).generic_string(),
+            std::string(std::istreambuf_iterator<char>(file), {}));
+    }
+  }
+}
+
+TEST(IncludeRules, EverySourceKeepsThem) {
+  int sources = 0;
+  forEachSource([&](const std::string& path, const std::string& text) {
+    ++sources;
+    for (const std::string& complaint : complaints(path, text)) ADD_FAILURE() << complaint;
+  });
+  EXPECT_GT(sources, 40);
+}
+
+TEST(IncludeRules, FilesIncludeNoCircle) {
+  std::map<std::string, std::vector<std::string>> graph;
+  forEachSource([&](const std::string& path, const std::string& text) { graph[path] = includesOf(text); });
+  std::map<std::string, int> state;  // 1: being visited, 2: done
+  std::vector<std::string> way;
+  const auto visit = [&](auto&& self, const std::string& file) -> void {
+    if (!graph.contains(file) || state[file] == 2) return;
+    way.push_back(file);
+    if (state[file] == 1) {
+      ADD_FAILURE() << "a circle of includes ends in " << way[way.size() - 2] << " -> " << file;
+    } else {
+      state[file] = 1;
+      for (const std::string& included : graph[file]) self(self, included);
+      state[file] = 2;
+    }
+    way.pop_back();
+  };
+  for (const auto& [file, included] : graph) visit(visit, file);
+}
+
+TEST(IncludeRules, ComplainAboutWhatTheyForbid) {
+  EXPECT_EQ(complaints("base/a.h", "#include \"ui/text.h\"\n").size(), 1u);
+  EXPECT_EQ(complaints("search/a.cpp", "// x\n  # include \"editor/b.h\"\n#include \"app/c.h\"\n").size(),
+            1u);
+  EXPECT_EQ(complaints("platform/win32/peer.cpp", "#include \"app/FrmH.h\"").size(), 1u);
+  EXPECT_EQ(complaints("tests/app/a.cpp", "#include <Windows.h>").size(), 1u);
+  EXPECT_TRUE(
+      complaints("platform/win32/main.cpp", "#include \"program/program.h\"\n#include <windows.h>").empty());
+  EXPECT_TRUE(complaints("program/a.cpp", "#include \"search/a.h\"\n#include \"resources/ids.h\"").empty());
+}
+
+}  // namespace
