@@ -47,6 +47,8 @@ class Platform {
 
   virtual void setHourglass(bool on) = 0;
   virtual void pumpEvents() = 0;  // lets pending window events run
+  // Esc was pressed since the last call; long commands ask between their steps.
+  virtual bool stopRequested() = 0;
 
   // The shell. False when it could not be done.
   virtual bool shellOpen(std::string_view path, std::string_view parameters) = 0;

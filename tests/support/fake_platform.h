@@ -72,6 +72,9 @@ class FakePlatform : public ui::Platform {
   int pumped = 0;
   void pumpEvents() override { ++pumped; }
 
+  bool stop = false;
+  bool stopRequested() override { return stop; }
+
   std::vector<std::string> opened, started, helped;
   bool shellOpen(std::string_view path, std::string_view parameters) override {
     opened.push_back(std::string(path) + (parameters.empty() ? "" : " " + std::string(parameters)));
