@@ -10,7 +10,7 @@ namespace ui {
 class Form;
 
 // What of a control changed, for its peer.
-enum class Aspect { Text, Enabled, Visible, Items, Selection, Value, Focus, Font };
+enum class Aspect { Text, Enabled, Visible, Items, Selection, Value, Focus, Font, Edit };
 
 // The window behind a control. Reads the model in refresh() and calls the model's user...() functions when
 // the user acts.

@@ -93,6 +93,12 @@ void ListView::userCheck(int row, bool checked) {
   setChecked(row, checked);
 }
 
+void ListView::userEdit(int row, std::string text) {
+  if (rowIn(items_, row) < 0 || !labelEdited || !labelEdited(row, text)) return;
+  items_[static_cast<std::size_t>(row)].text = std::move(text);
+  tell(Aspect::Items);
+}
+
 void TreeView::setNodes(std::vector<Node> nodes) {
   nodes_ = std::move(nodes);
   selected_ = -1;

@@ -125,6 +125,9 @@ class ListView : public Control {
   Signal<> selectionChanged;
   Signal<> doubleClicked;
   Signal<> contextMenu;
+  // In-place editing of row texts: off without a handler. `text` is UTF-8 and may be changed; false refuses it.
+  std::function<bool(int row, std::string& text)> labelEdited;
+  void editSelected() { tell(Aspect::Edit); }  // opens the edit field, where there is a window
 
   const std::vector<Item>& items() const { return items_; }
   void setItems(std::vector<Item> items);
@@ -133,6 +136,7 @@ class ListView : public Control {
   void setChecked(int row, bool checked);
   void userSelect(int row);
   void userCheck(int row, bool checked);
+  void userEdit(int row, std::string text);
 
  private:
   std::vector<Item> items_;

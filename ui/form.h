@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "ui/control.h"
+#include "ui/menu.h"
 
 namespace ui {
 
@@ -41,6 +42,9 @@ class Form {
   virtual void load() {}
   // The user closes the window (title bar, Alt+F4): false keeps it open.
   virtual bool queryClose() { return true; }
+
+  // A key with its modifiers, before the control that has the focus sees it. True: done with it.
+  virtual bool hotKey(const Shortcut&) { return false; }
 
   void close();
   bool closed() const { return closed_; }

@@ -9,6 +9,7 @@
 #include <vector>
 
 #include "ui/form.h"
+#include "ui/menu.h"
 
 namespace ui {
 
@@ -27,6 +28,9 @@ class Platform {
   // Forms. A modal run returns when the form closed itself or the user closed it.
   virtual void showModal(Form& form) = 0;
   virtual void showModeless(Form& form) = 0;  // stays above the main window; the form must outlive its window
+
+  // A pop-up menu at the pointer (or the focused control, by keyboard); the chosen command, 0: none.
+  virtual int popupMenu(const std::vector<MenuItem>& items) = 0;
 
   // Common dialogs; nothing (or an empty list) when cancelled. Paths are UTF-8.
   virtual std::vector<std::string> openFiles(const FileDialog& dialog) = 0;

@@ -35,6 +35,13 @@ class FakePlatform : public ui::Platform {
     modeless.push_back(&form);
   }
 
+  std::vector<std::vector<ui::MenuItem>> popups;  // every one shown
+  std::deque<int> popupAnswers;
+  int popupMenu(const std::vector<ui::MenuItem>& items) override {
+    popups.push_back(items);
+    return take(popupAnswers).value_or(0);
+  }
+
   std::deque<std::vector<std::string>> openAnswers;  // none left: cancelled
   std::deque<std::string> saveAnswers, folderAnswers;
   std::vector<ui::FileDialog> fileDialogs;
