@@ -15,11 +15,13 @@ FrmH::FrmH(ui::Platform& platform, ui::CodeView& codeView)
   setCaption("Zervo");
   TV.hint = "დოკუმენტები";
   TV.nodeClicked.connect([this](int node) { guarded(platform_, [&] { TV_NodeClick(node); }); });
+  TV.contextMenu.connect([this] { guarded(platform_, [&] { TV_ContextMenu(); }); });
   T1.changed.connect([this] { T1_Change(); });
   T1.selectionChanged.connect([this] { T1_SelChange(); });
   T1.keyDown.connect([this](int key) { keyDown(key); });
   T1.keyUp.connect([this](int key) { keyUp(key); });
   T1.keyPress = [this](int key) {
+    if (busy_) return 0;
     for (const auto& filter : keyFilters) key = filter(key);
     return key;
   };
@@ -29,6 +31,7 @@ FrmH::FrmH(ui::Platform& platform, ui::CodeView& codeView)
 void FrmH::addOwnCommands() {
   const auto always = CommandRule();
   const auto selection = [](const CommandState& state) { return state.hasSelection; };
+  const auto onDocument = [this](const CommandState&) { return selectedDocument() >= 0; };
   const auto several = [](const CommandState& state) { return state.documents > 1; };
   addCommands({
       {mnunewF, "mnunewF", "&ახალი გვერდი", ui::ctrl('N'), [this] { mnunewF_Click(".HTML", "<HTML>"); },
@@ -75,6 +78,31 @@ void FrmH::addOwnCommands() {
        always,
        nullptr,
        "პროგრამიდან გასვლა"},
+
+      {mnuwebAdd,
+       "mnuwebAdd",
+       "ფაილების &ჩამატება...",
+       {},
+       [this] { mnuwebAdd_Click(); },
+       always,
+       nullptr,
+       "ფაილების ჩამატება სიაში და პროექტში"},
+      {mnuwebRemove,
+       "mnuwebRemove",
+       "სიიდან &ამოშლა",
+       {},
+       [this] { mnuwebRemove_Click(); },
+       onDocument,
+       nullptr,
+       "დოკუმენტის ამოშლა სიიდან და პროექტიდან; ფაილი დისკზე რჩება"},
+      {mnuwebRename,
+       "mnuwebRename",
+       "სახელის &შეცვლა...",
+       {},
+       [this] { mnuwebRename_Click(); },
+       onDocument,
+       nullptr,
+       "დოკუმენტის ფაილის სახელის შეცვლა"},
 
       {mnuUndo, "mnuUndo", "&გაუქმება", ui::ctrl('Z'), [this] { T1.undo(); },
        [](const CommandState& state) { return state.canUndo; }, nullptr, "ბოლო ცვლილების გაუქმება"},
@@ -180,6 +208,8 @@ void FrmH::addOwnCommands() {
             {mnuSelectAll, {}, {}},
             {0, {}, {}}}});
   addMenu({kTypingMenu, {}});
+  addMenu({kTagsMenu, {}});
+  addMenu({kLinesMenu, {}});
   addMenu({kViewMenu, {{mnuWordWrap, {}, {}}, {mnuNextDocument, {}, {}}, {mnuPreviousDocument, {}, {}}}});
   addMenu({kHelpMenu, {{mnuHelp, {}, {}}, {mnuAbout, {}, {}}}});
 }
@@ -207,13 +237,18 @@ void FrmH::addMenu(const MenuPlan& plan) {
   }
 }
 
+void FrmH::addToolBar(const std::vector<ui::ToolBarButton>& buttons) {
+  toolBar.insert(toolBar.end(), buttons.begin(), buttons.end());
+}
+
 void FrmH::buildMenus() {
   const auto item = [this](int id) -> std::optional<ui::MenuItem> {
     if (id == 0) return ui::MenuItem{};
     const auto row = commands_.find(id);
     if (row == commands_.end()) return std::nullopt;
     ui::MenuItem made;
-    made.caption = row->second.caption;
+    made.caption = row->second.text ? row->second.text() : row->second.caption;
+    if (made.caption.empty()) return std::nullopt;
     made.command = id;
     made.shortcut = row->second.shortcut;
     made.help = row->second.help;
@@ -239,6 +274,10 @@ void FrmH::buildMenus() {
   }
   menuOpening();
   if (window != nullptr) window->menusChanged();
+}
+
+void FrmH::menuTextsChanged() {
+  if (!menus.empty()) buildMenus();  // else they are not made yet
 }
 
 CommandState FrmH::commandState() {
@@ -275,10 +314,15 @@ void FrmH::refreshItems(std::vector<ui::MenuItem>& items, const CommandState& st
 
 bool FrmH::runCommand(int id) {
   const auto row = commands_.find(id);
-  if (row == commands_.end()) return false;
+  if (row == commands_.end() || busy_) return false;
   if (row->second.enabled && !row->second.enabled(commandState())) return false;
   guarded(platform_, [&] { row->second.run(); });
   return true;
+}
+
+bool FrmH::commandChecked(int id) {
+  const auto row = commands_.find(id);
+  return row != commands_.end() && row->second.checked && row->second.checked();
 }
 
 void FrmH::menuHighlighted(int id) {
@@ -287,12 +331,14 @@ void FrmH::menuHighlighted(int id) {
 }
 
 void FrmH::filesDropped(const std::vector<std::string>& paths) {
+  if (busy_) return;
   for (const std::string& path : paths) guarded(platform_, [&] { ofnen(path); });
 }
 
 void FrmH::TV_NodeClick(int node) {
   const ui::TreeView::Node& clicked = TV.nodes()[static_cast<std::size_t>(node)];
-  if (switching_ || clicked.tag.empty() || clicked.icon == kIconMedia || clicked.icon == kIconPictureData)
+  if (busy_ || switching_ || clicked.tag.empty() || clicked.icon == kIconMedia ||
+      clicked.icon == kIconPictureData)
     return;
   showDocument(static_cast<std::int16_t>(std::stoi(clicked.tag)));
 }

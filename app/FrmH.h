@@ -49,6 +49,7 @@ class FrmH : public ui::MainForm, public Workbench {
   void mnuOpen_Click();
   void mnunewF_Click(const char* extension, const std::string& text);
   void mnuClose_Click();
+  bool closeDocument(std::int16_t index);
   void ofnen(const std::string& path) override;
   void showDocument(std::int16_t index) override;
   void Treefulen();
@@ -63,6 +64,11 @@ class FrmH : public ui::MainForm, public Workbench {
   void WEB_Open(const std::string& path) override;
   void mnuCloseWEB_Click();
 
+  // Work on the document of the selected node (FrmH_tree.cpp)
+  void mnuwebAdd_Click();
+  void mnuwebRemove_Click();
+  void mnuwebRename_Click();
+
   // Workbench
   ui::Platform& platform() override { return platform_; }
   ui::CodeView& codeView() override { return T1; }
@@ -75,7 +81,10 @@ class FrmH : public ui::MainForm, public Workbench {
   void documentsAdded() override { Treefulen(); }
   void addCommands(std::vector<Command> rows) override;
   void addMenu(const MenuPlan& plan) override;
+  void addToolBar(const std::vector<ui::ToolBarButton>& buttons) override;
+  void menuTextsChanged() override;
   bool runCommand(int id) override;
+  bool commandChecked(int id) override;
   void setPanel(std::string_view key, ui::Text text) override { Status.setPanel(key, std::move(text)); }
 
   // MainForm
@@ -91,8 +100,11 @@ class FrmH : public ui::MainForm, public Workbench {
   CommandState commandState();
   void refreshItems(std::vector<ui::MenuItem>& items, const CommandState& state);
   void TV_NodeClick(int node);
+  void TV_ContextMenu();
+  std::int16_t selectedDocument() const;  // of the tree's selected node; -1: none
   void T1_Change();
   void T1_SelChange();
+  int nearestText(int position);
   void step(int direction);  // to the next or previous document with text
 
   void showCaption();
@@ -100,6 +112,7 @@ class FrmH : public ui::MainForm, public Workbench {
   std::string titleOf(std::int16_t index);
   std::optional<std::int16_t> recordOf(const std::string& path);
   void openText(const std::string& path);
+  void addFile(const std::string& path, std::string& failed);  // into list and project; `failed` gets a line
   void parkShown();
   std::int16_t appendRecord(const std::string& value, const std::string& path, const std::string& title);
   // Shows nothing: an empty untitled document without a record.
@@ -125,6 +138,19 @@ class FrmH : public ui::MainForm, public Workbench {
   std::map<int, Command> commands_;
   std::vector<MenuPlan> menuPlans_;
   std::string commandLine_;
+  // While a long command lets window events run, no other command may begin.
+  class BusyBlock {
+   public:
+    explicit BusyBlock(bool& busy) : busy_(busy) { busy_ = true; }
+    BusyBlock(const BusyBlock&) = delete;
+    BusyBlock& operator=(const BusyBlock&) = delete;
+    ~BusyBlock() { busy_ = false; }
+
+   private:
+    bool& busy_;
+  };
+
+  bool busy_ = false;
   bool switching_ = false;  // a switch of documents is under way: its own clicks are not followed
 };
 

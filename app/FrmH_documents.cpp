@@ -1,4 +1,6 @@
 // The main window's documents: opening, switching, new ones, and the tree that lists them.
+#include <algorithm>
+
 #include "app/FrmH.h"
 #include "app/document_tree.h"
 #include "app/mdlsaerto.h"
@@ -13,11 +15,6 @@ using ui::operator""_keyboard;
 
 constexpr const char* kOpenFilter =
     "All Files(*.*)|*.*|HTML-HTM(*.html,*.htm)|*.html;*.htm|Text(*.txt)|*.txt|WEB Proect|*.WEB";
-
-bool isPictureFile(const std::string& path) {
-  const std::string extension = base::lastThree(path);
-  return extension == "GIF" || extension == "JPG" || extension == "PNG" || extension == "BMP";
-}
 
 std::string untitledName(std::int16_t index, std::string_view extension) {
   return "nosaved" + std::to_string(index) + std::string(extension);
@@ -119,31 +116,46 @@ void FrmH::mnunewF_Click(const char* extension, const std::string& text) {
 }
 
 void FrmH::mnuClose_Click() {
-  if (FileChanged && !(CurrentFilePath.empty() && T1.text().empty()) &&
+  closeDocument(CurrentItemIndex);
+}
+
+// False: the user keeps it.
+bool FrmH::closeDocument(std::int16_t index) {
+  const bool shown = isShown(index);
+  const bool named = shown ? !CurrentFilePath.empty() : !WebProject.Item(index).filepath.empty();
+  const bool changed = shown ? FileChanged : WebProject.Item(index).Changed;
+  if (changed && (named || !documentText(index).empty()) &&
       !askAndSave("faili Seicvala.\r\ngindaT cvlilebebis damaxsovreba?"_keyboard, "",
-                  [this] { return SaveDocument("", -1); })) {
-    return;
+                  [this, index] { return SaveDocument("", index); })) {
+    return false;
   }
   const LoadingBlock loading(Loading);
-  const std::int16_t closed = CurrentItemIndex;
-  CurrentItemIndex = -1;
-  if (closed >= 0) {
-    WebProject.RemoveIthem(closed);
-    nameUntitled();
+  if (!shown) {
+    WebProject.RemoveIthem(index);
+    if (index < CurrentItemIndex) --CurrentItemIndex;
+  } else {
+    const std::int16_t closed = CurrentItemIndex;
+    if (closed >= 0) WebProject.RemoveIthem(closed);
+    showNothing();
+    const int next = nearestText(closed);
+    if (next >= 0) showDocument(static_cast<std::int16_t>(next));
   }
-  // The neighbour that moved up, or else the nearest one before it.
-  const auto usable = [this](int i) {
-    return i >= 0 && i < WebProject.Count() && !isImage(WebProject.Item(static_cast<std::int16_t>(i)));
-  };
-  int next = closed < 0 ? 0 : closed;
-  while (next < WebProject.Count() && !usable(next)) ++next;
-  if (!usable(next)) {
-    next = closed - 1;
-    while (next >= 0 && !usable(next)) --next;
-  }
-  showNothing();
-  if (next >= 0 && usable(next)) showDocument(static_cast<std::int16_t>(next));
+  nameUntitled();
+  showCaption();
   Treefulen();
+  return true;
+}
+
+// The document with text that is at the position or behind it, or else the nearest before it; -1: none.
+int FrmH::nearestText(int position) {
+  const auto usable = [this](int i) { return !isImage(WebProject.Item(static_cast<std::int16_t>(i))); };
+  for (int i = std::max(position, 0); i < WebProject.Count(); ++i) {
+    if (usable(i)) return i;
+  }
+  for (int i = std::min<int>(position, WebProject.Count()) - 1; i >= 0; --i) {
+    if (usable(i)) return i;
+  }
+  return -1;
 }
 
 void FrmH::showDocument(std::int16_t index) {

@@ -1,10 +1,12 @@
 // The main window's saving: documents, and the web project they may belong to.
 #include <algorithm>
 #include <limits>
+#include <set>
 
 #include "app/FrmH.h"
 #include "app/document_tree.h"
 #include "app/mdlsaerto.h"
+#include "app/progress.h"
 #include "app/web_file.h"
 #include "base/error.h"
 #include "base/files.h"
@@ -223,12 +225,7 @@ bool FrmH::offerProject() {
     const auto typed = inputBox(platform_, "Cawere proeqtis saxeli."_keyboard, "New WEB", name);
     if (!typed) return false;
     name = *typed;
-    if (IsBadFileName(name)) {
-      messageBox(platform_,
-                 ui::display("am niSnebis micema ar SeiZleba failis saxelSi"_keyboard) +
-                     "\r\n              / \\ ? : * < > | \"",
-                 "New WEB", frmBOXa::Kind::Message, ui::IconBox::Sign::Critical);
-    }
+    if (IsBadFileName(name)) reportBadName(platform_);
   } while (IsBadFileName(name));
   const auto folder = platform_.pickFolder("პროექტის საქაღალდე");
   if (!folder) return false;
@@ -267,16 +264,17 @@ void FrmH::WEB_Open(const std::string& path) {
   try {
     // All is read before the old list goes.
     const WebFile file = parseWebFile(base::readFile(path));
-    const ui::Hourglass hourglass(platform_);
     const std::string folder = base::joinPath(base::folderOf(path), "");
     std::vector<Document> found;
     std::vector<std::string> missing;
+    std::set<std::string> known;
+    const BusyBlock busy(busy_);
+    Progress progress(
+        platform_, [this](const std::string& line) { setPanel("kMain", line); }, file.names.size());
     for (const std::string& name : file.names) {
+      if (!progress.step(name)) return;  // stopped: the open documents stay
       const std::string document = folder + name;
-      const bool twice = std::any_of(found.begin(), found.end(), [&](const Document& known) {
-        return base::samePath(known.path, document);
-      });
-      if (twice) continue;  // a document never has two records
+      if (!known.insert(base::upperAscii(document)).second) continue;  // a document never has two records
       if (name.find('\0') != std::string::npos || !base::fileExists(document)) {
         missing.push_back(base::replaceAll(document, std::string_view("\0", 1), "?"));
       } else {

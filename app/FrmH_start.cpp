@@ -160,7 +160,7 @@ bool FrmH::leaveDocuments() {
 }
 
 bool FrmH::queryClose() {
-  if (!leaveDocuments()) return false;
+  if (busy_ || !leaveDocuments()) return false;
   if (Props.RememberPosition) {
     const ui::WindowPlace place = window->place();
     platform_.setRegistryValue("winpoze", "X", std::to_string(place.left));

@@ -34,7 +34,8 @@ struct Command {
   CommandRule enabled = nullptr;            // none: always
   std::function<bool()> checked = nullptr;  // none: never
   ui::Text help = {};
-  bool radio = false;  // one of a group of which one is checked
+  std::function<ui::Text()> text = nullptr;  // a caption that changes; empty: the item is left out
+  bool radio = false;                        // one of a group of which one is checked
 };
 
 // Where rows stand in the menu bar: a top menu, and in it a list of ids (0: a separator) or submenus.

@@ -49,6 +49,11 @@ bool isImage(const Ithem& record) {
   return std::find(pictures.begin(), pictures.end(), extension) != pictures.end();
 }
 
+bool isPictureFile(const std::string& path) {
+  const std::string extension = base::lastThree(path);
+  return extension == "GIF" || extension == "JPG" || extension == "PNG" || extension == "BMP";
+}
+
 std::vector<ui::TreeView::Node> treeNodes(ColectionMain& documents) {
   std::vector<ui::TreeView::Node> nodes = {{-1, "T", "WEB Files", "", kIconPages},
                                            {-1, "B", "Image", "", kIconPictures},

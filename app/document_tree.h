@@ -28,6 +28,9 @@ enum TreeIcon : int {
 // Records whose bytes are no text: pictures that the list holds by name alone.
 bool isImage(const Ithem& record);
 
+// A file that the list takes as a picture, by the last three letters of its path.
+bool isPictureFile(const std::string& path);
+
 // The four roots and below them the records, in the order in which the tree shows them. A node's tag is the
 // record's position in decimal; roots have none.
 std::vector<ui::TreeView::Node> treeNodes(ColectionMain& documents);

@@ -74,6 +74,13 @@ bool IsBadFileName(std::string_view name) {
   return name.find_first_of("\\/?:*<>|\"") != std::string_view::npos;
 }
 
+void reportBadName(ui::Platform& platform) {
+  messageBox(platform,
+             ui::display("am niSnebis micema ar SeiZleba failis saxelSi"_keyboard) +
+                 "\r\n              / \\ ? : * < > | \"",
+             "", frmBOXa::Kind::Message, ui::IconBox::Sign::Critical);
+}
+
 void ShellOpen(ui::Platform& platform, std::string_view path) {
   if (!platform.shellOpen(path, "")) {
     throw base::Error(base::ErrorNumber::InvalidCall,

@@ -28,6 +28,9 @@ std::string ColorToHtml(base::Color color);
 // The name holds one of \ / ? : * < > | or a double quote.
 bool IsBadFileName(std::string_view name);
 
+// Says which characters a name cannot hold.
+void reportBadName(ui::Platform& platform);
+
 void ShellOpen(ui::Platform& platform, std::string_view path);
 void OpenWithVerb(ui::Platform& platform, std::string_view path);
 

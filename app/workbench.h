@@ -12,6 +12,7 @@
 #include "ui/code_view.h"
 #include "ui/platform.h"
 #include "ui/signal.h"
+#include "ui/tool_bar.h"
 
 namespace app {
 
@@ -40,7 +41,10 @@ class Workbench {
   // Rows and their places in the menus; called while the program is put together.
   virtual void addCommands(std::vector<Command> rows) = 0;
   virtual void addMenu(const MenuPlan& plan) = 0;  // an existing caption is extended
-  virtual bool runCommand(int id) = 0;             // false: unknown or disabled
+  virtual void menuTextsChanged() = 0;             // captions that rows make anew are asked for again
+  virtual void addToolBar(const std::vector<ui::ToolBarButton>& buttons) = 0;  // behind those already there
+  virtual bool runCommand(int id) = 0;                                         // false: unknown or disabled
+  virtual bool commandChecked(int id) = 0;  // its menu item bears a check mark
 
   // A panel of the status bar: "kMain", "kPosition", "kCounts", "kMode", "kPreview".
   virtual void setPanel(std::string_view key, ui::Text text) = 0;

@@ -1,10 +1,12 @@
 #include "base/files.h"
 
 #include <cerrno>
+#include <chrono>
 #include <cstdio>
 #include <cstring>
 #include <filesystem>
 #include <memory>
+#include <thread>
 
 #ifdef _WIN32
 #include <io.h>
@@ -176,6 +178,31 @@ void removeFile(std::string_view path) {
   std::error_code error;
   fs::remove(native(path), error);
   if (error) fail(error.default_error_condition().value(), path);
+}
+
+FileLock::FileLock(std::string_view path) {
+  using namespace std::chrono_literals;
+  const std::string name = std::string(path) + ".lock";
+  const auto until = std::chrono::steady_clock::now() + 1s;
+  while (true) {
+    std::error_code error;
+    // Making a folder is atomic everywhere, and nobody's file can be harmed by it.
+    if (fs::create_directory(native(name), error)) {
+      lockFile_ = name;
+      return;
+    }
+    if (error) return;
+    if (std::chrono::steady_clock::now() > until) {
+      fs::remove(native(name), error);  // left behind by a copy that died
+      return;
+    }
+    std::this_thread::sleep_for(10ms);
+  }
+}
+
+FileLock::~FileLock() {
+  std::error_code ignored;
+  if (!lockFile_.empty()) fs::remove(native(lockFile_), ignored);
 }
 
 bool sameFile(std::string_view a, std::string_view b) {

@@ -24,6 +24,19 @@ void copyFile(std::string_view from, std::string_view to);
 void renameFile(std::string_view from, std::string_view to);  // replaces an existing target
 void removeFile(std::string_view path);                       // a missing file is no error
 
+// While it lives no other copy of the program holds the lock of the same file. Waits a second at most; then,
+// or where no lock file can be made, goes on without: a lock left behind must not stop anybody.
+class FileLock {
+ public:
+  explicit FileLock(std::string_view path);
+  FileLock(const FileLock&) = delete;
+  FileLock& operator=(const FileLock&) = delete;
+  ~FileLock();
+
+ private:
+  std::string lockFile_;  // empty: not ours
+};
+
 // Both name one existing file, whatever the spelling.
 bool sameFile(std::string_view a, std::string_view b);
 

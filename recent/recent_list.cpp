@@ -22,6 +22,10 @@ std::string fromLines(const std::vector<std::string>& lines) {
   return text;
 }
 
+std::string listFile(const std::string& programFolder) {
+  return base::joinPath(programFolder, "recentF.ini");
+}
+
 void stripLineEnds(std::string& text) {
   while (text.ends_with(base::kCrLf)) text.erase(text.size() - base::kCrLf.size());
 }
@@ -59,9 +63,31 @@ std::string withRecent(std::string_view text, const std::string& path,
   return list.append(base::kCrLf);
 }
 
-void addRecent(const std::string& programFolder, const std::string& path) {
-  const std::string file = base::joinPath(programFolder, "recentF.ini");
+std::vector<std::string> recentPaths(const std::string& programFolder) {
+  std::vector<std::string> paths;
   try {
+    const std::string file = listFile(programFolder);
+    if (!base::fileExists(file)) return paths;
+    for (const std::string& line : base::split(base::readFile(file), base::kCrLf)) {
+      if (!base::trimSpaces(line).empty()) paths.push_back(base::nameFromStored(line));
+    }
+  } catch (const base::Error&) {
+    // As good as no list.
+  }
+  return paths;
+}
+
+void writeRecent(const std::string& programFolder, const std::vector<std::string>& paths) {
+  const base::FileLock lock(listFile(programFolder));
+  std::vector<std::string> stored;
+  for (const std::string& path : paths) stored.push_back(base::storedName(path));
+  base::writeFile(listFile(programFolder), fromLines(stored));
+}
+
+void addRecent(const std::string& programFolder, const std::string& path) {
+  const std::string file = listFile(programFolder);
+  try {
+    const base::FileLock lock(file);  // a second copy of the program may add a file at the same moment
     const std::string old = base::fileExists(file) ? base::readFile(file) : "";
     const std::string list = withRecent(old, base::storedName(path), [](const std::string& stored) {
       return base::fileExists(base::nameFromStored(stored));

@@ -4,6 +4,7 @@
 #include <functional>
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace recent {
 
@@ -15,5 +16,10 @@ std::string withRecent(std::string_view text, const std::string& path,
 // Reads, extends and writes the list in the program's folder. A list that cannot be read or written never
 // keeps a file from being opened: such an error is swallowed.
 void addRecent(const std::string& programFolder, const std::string& path);
+
+// The listed paths, UTF-8; none when the file is missing or cannot be read.
+std::vector<std::string> recentPaths(const std::string& programFolder);
+void writeRecent(const std::string& programFolder,
+                 const std::vector<std::string>& paths);  // throws base::Error
 
 }  // namespace recent

@@ -32,7 +32,53 @@
 #define IDC_frmrusaso_LV 1201
 #define IDC_frmrusaso_CEXIT 1202
 
-// Commands: File 40001.., Edit 40101.., conversions 40151.., typing modes 40201.., View 40301.., Help 40401..
+// Web project dialog
+#define IDD_frmWEB 1700
+#define IDC_frmWEB_Tpname 1701
+#define IDC_frmWEB_Twebpath 1702
+#define IDC_frmWEB_LV 1703
+#define IDC_frmWEB_LBinfo 1704
+#define IDC_frmWEB_Label1 1705
+#define IDC_frmWEB_Lpname 1706
+#define IDC_frmWEB_Lwebpath 1707
+#define IDC_frmWEB_COK0 1710  // ..1715: six actions
+#define IDC_frmWEB_COK1 1711
+#define IDC_frmWEB_COK2 1712
+#define IDC_frmWEB_COK3 1713
+#define IDC_frmWEB_COK4 1714
+#define IDC_frmWEB_COK5 1715
+
+// Recent files
+#define IDD_frmrecentfile 1750
+#define IDC_frmrecentfile_LV 1751
+#define IDC_frmrecentfile_COK 1752
+#define IDC_frmrecentfile_Copen 1753
+#define IDC_frmrecentfile_CEXIT 1754
+#define IDC_frmrecentfile_CKonstart 1755
+
+// Find and replace
+#define IDD_frmsuch 1300
+#define IDC_frmsuch_Text1 1301
+#define IDC_frmsuch_Tcvla 1302
+#define IDC_frmsuch_Combo1 1303
+#define IDC_frmsuch_CHK 1304
+#define IDC_frmsuch_CKcase 1305
+#define IDC_frmsuch_CKutf8 1306
+#define IDC_frmsuch_CKalfil 1307
+#define IDC_frmsuch_Czuch 1308
+#define IDC_frmsuch_MBAlfind 1309
+#define IDC_frmsuch_Ccvla 1310
+#define IDC_frmsuch_Calcvla 1311
+#define IDC_frmsuch_Ccheinj 1312
+#define IDC_frmsuch_Cmeniu 1313
+#define IDC_frmsuch_List1 1314
+#define IDC_frmsuch_lbinf 1315
+#define IDC_frmsuch_LBfind 1316
+#define IDC_frmsuch_LBreplace 1317
+#define IDC_frmsuch_LBscope 1318
+
+// Commands: File 40001.., Edit 40101.., conversions 40151.., typing modes 40201.., View 40301.., Help 40401..,
+// find and replace 40501..
 #define mnunewF 40001
 #define mnunewT 40002
 #define mnuOpen 40003
@@ -43,6 +89,14 @@
 #define mnunewwind 40008
 #define mnuExit 40009
 #define mnuCloseWEB 40010
+
+#define mnunewWEB 40011
+#define mnurecentfile 40012
+#define mnurecent1 40021  // ..40029: the first nine recent files
+#define mnurecent9 40029
+#define mnuwebAdd 40031
+#define mnuwebRemove 40032
+#define mnuwebRename 40033
 
 #define mnuUndo 40101
 #define mnuRedo 40102
@@ -80,7 +134,125 @@
 #define mnuNextDocument 40303
 #define mnuPreviousDocument 40304
 
+// Items of pop-up menus inside dialogs
+#define mnuLE 40901      // web project dialog: remove the selected file
+#define mnudelet 40911   // recent files: remove the entry
+#define mnufoldop 40912  // open its folder
+#define mnucler 40913    // clear the list
+
+#define mnusuch 40501
+#define mnumarkfinddel 40502
+#define mnuundoreplace 40503
+#define mnufindnext 40504
+#define mnufindprevious 40505
+// The insert menu of the find dialog
+#define mnuand 40511
+#define mnuend 40512
+#define mnutab 40513
+#define mnuhistory 40520 // the first of the last 20 find texts
+
 #define mnuAbout 40401
 #define mnuHelp 40402
+
+// Tag list, also the font picker
+#define IDD_frmTags 1400
+#define IDC_frmTags_Tsearch 1401
+#define IDC_frmTags_List1 1402
+#define IDC_frmTags_MBOK 1403
+#define IDC_frmTags_MBexit 1404
+
+// Attributes of a tag
+#define IDD_frmkod 1450
+#define IDC_frmkod_Ltag 1451
+#define IDC_frmkod_LV 1452
+#define IDC_frmkod_Lname 1453
+#define IDC_frmkod_Tname 1454
+#define IDC_frmkod_Lvalue 1455
+#define IDC_frmkod_Tvalue 1456
+#define IDC_frmkod_Cadd 1457
+#define IDC_frmkod_Cchange 1458
+#define IDC_frmkod_Cremove 1459
+#define IDC_frmkod_Cup 1460
+#define IDC_frmkod_Cdown 1461
+#define IDC_frmkod_COK 1462
+#define IDC_frmkod_CEXIT 1463
+
+// Replace by a list of pairs
+#define IDD_frmxascvla 1500
+#define IDC_frmxascvla_LV 1501
+#define IDC_frmxascvla_Lfind 1502
+#define IDC_frmxascvla_Tfind 1503
+#define IDC_frmxascvla_Lreplace 1504
+#define IDC_frmxascvla_Treplace 1505
+#define IDC_frmxascvla_Cadd 1506
+#define IDC_frmxascvla_Cchange 1507
+#define IDC_frmxascvla_Cremove 1508
+#define IDC_frmxascvla_Cup 1509
+#define IDC_frmxascvla_Cdown 1510
+#define IDC_frmxascvla_Cload 1511
+#define IDC_frmxascvla_Csave 1512
+#define IDC_frmxascvla_CKcase 1513
+#define IDC_frmxascvla_CKword 1514
+#define IDC_frmxascvla_OPselection 1515
+#define IDC_frmxascvla_OPdocument 1516
+#define IDC_frmxascvla_OPall 1517
+#define IDC_frmxascvla_Lresult 1518
+#define IDC_frmxascvla_COK 1519
+#define IDC_frmxascvla_CEXIT 1520
+
+// Named entities
+#define IDD_frmasos 1550
+#define IDC_frmasos_Lsearch 1551
+#define IDC_frmasos_Tsearch 1552
+#define IDC_frmasos_LV 1553
+#define IDC_frmasos_COK 1554
+#define IDC_frmasos_Cencode 1555
+#define IDC_frmasos_Cdecode 1556
+#define IDC_frmasos_CEXIT 1557
+
+// Paragraph with alignment
+#define IDD_frmabzac 1600
+#define IDC_frmabzac_OPnone 1601
+#define IDC_frmabzac_OPleft 1602
+#define IDC_frmabzac_OPcenter 1603
+#define IDC_frmabzac_OPright 1604
+#define IDC_frmabzac_OPjustify 1605
+#define IDC_frmabzac_COK 1606
+#define IDC_frmabzac_CEXIT 1607
+
+// Tags and lines
+#define mnutags 40601
+#define mnutagkod 40602
+#define mnuabzac 40603
+#define mnuframe 40604
+#define mnuasos 40605
+#define mnuImageTag 40606
+#define mnucolour 40607
+#define mnuFtag 40611
+#define mnuFtag2 40612
+#define mnuFS 40613
+#define mnuFF 40614
+#define mnuFC 40615
+#define mnucenter 40616
+#define mnurecht 40617
+#define mnulink 40618
+#define mnuanchor 40619
+#define mnuH1 40621
+#define mnuH2 40622
+#define mnuH3 40623
+#define mnuH4 40624
+#define mnuH5 40625
+#define mnuH6 40626
+#define mnuform 40631
+#define mnuaplet 40632
+#define mnuImap 40633
+#define mnuscript 40634
+#define mnulist 40635
+#define mnunumlist 40636
+#define mnulinesnaid 40651
+#define mnulinelength 40652
+#define mnuparindent 40653
+#define mnuparzuch 40654
+#define PHTbar 40701 // ..40727: the buttons of the tag toolbar, in order
 
 #endif

@@ -66,8 +66,12 @@ class CodeView {
   virtual void setBackColor(base::Color color) = 0;
   virtual void setTextColor(base::Color color) = 0;  // no undo step, no `changed`
   virtual void setWordWrap(bool wrap) = 0;
+  // The text as plainRtf() writes it, in the view's own font.
+  virtual std::string rtf() const = 0;
   // Shows RTF in place of the text, without an undo step or `changed`; text() stays what the RTF says.
   virtual void setRtf(std::string_view rtf) = 0;
+  // Everything in the view's own font and colours again; otherwise like setRtf of an unchanged text.
+  virtual void resetFormats() = 0;
   virtual void setFocus() = 0;
 
   // Any change of the text, by the user or by the calls above.

@@ -1,5 +1,6 @@
 #include "ui/controls.h"
 
+#include <algorithm>
 #include <stdexcept>
 
 namespace ui {
@@ -22,6 +23,12 @@ void CheckBox::userSet(bool checked) {
   if (checked == checked_) return;
   setChecked(checked);
   changed();
+}
+
+void CheckBox::setGreyed(bool greyed) {
+  if (greyed == greyed_) return;
+  greyed_ = greyed;
+  tell(Aspect::Value);
 }
 
 void OptionButton::choose() {
@@ -48,6 +55,23 @@ void TextBox::setText(std::string text) {
 void TextBox::userSet(std::string text) {
   if (text == text_) return;
   setText(std::move(text));
+  changed();
+}
+
+void TextBox::select(int start, int length) {
+  const int size = static_cast<int>(text_.size());
+  selection_.start = std::clamp(start, 0, size);
+  selection_.length = std::clamp(length, 0, size - selection_.start);
+  tell(Aspect::Selection);
+}
+
+void TextBox::insert(std::string_view text) {
+  const Selection at = selection();
+  const std::size_t start = std::min(static_cast<std::size_t>(std::max(at.start, 0)), text_.size());
+  std::string changedText = text_;
+  changedText.replace(start, static_cast<std::size_t>(std::max(at.length, 0)), text);
+  setText(std::move(changedText));
+  select(static_cast<int>(start + text.size()), 0);
   changed();
 }
 

@@ -30,6 +30,8 @@ class Button : public Control {
  public:
   using Control::Control;
   Signal<> clicked;
+  // The pointer came over the button (or the keyboard to it): true; it left: false.
+  Signal<bool> pointed;
   // Does nothing when disabled, like a real one.
   void click() {
     if (enabled() && visible()) clicked();
@@ -43,9 +45,13 @@ class CheckBox : public Control {
   bool checked() const { return checked_; }
   void setChecked(bool checked);
   void userSet(bool checked);
+  // Shown ticked and grey: neither on nor off. checked() stays what it was.
+  bool greyed() const { return greyed_; }
+  void setGreyed(bool greyed);
 
  private:
   bool checked_ = false;
+  bool greyed_ = false;
 };
 
 // Option buttons of one group exclude each other in the window (template groups) and in the model.
@@ -77,11 +83,26 @@ class TextBox : public Control {
   const std::string& text() const { return text_; }
   void setText(std::string text);
   void userSet(std::string text);
-  void selectAll() { tell(Aspect::Selection); }
+  void selectAll() { select(0, static_cast<int>(text_.size())); }
+
+  // Caret and selection, for byte-text boxes, in bytes from 0.
+  struct Selection {
+    int start;
+    int length;
+  };
+  Selection selection() const { return selectionInWindow ? selectionInWindow() : selection_; }
+  void select(int start, int length);  // clamped
+  // In place of the selection; the caret goes behind it. Raises `changed`.
+  void insert(std::string_view text);
+  // Where the user has the caret; set by the peer while the window is there.
+  std::function<Selection()> selectionInWindow;
+  // What the program selected last, for the peer to show.
+  Selection selected() const { return selection_; }
 
  private:
   Holds holds_;
   std::string text_;
+  Selection selection_{0, 0};
 };
 
 // Rows of text with one selected row (-1: none); base of the drop-down list too.
@@ -104,6 +125,7 @@ class ListBox : public Control {
 class ComboBox : public ListBox {  // a drop-down list without an edit field
  public:
   using ListBox::ListBox;
+  int dropWidth = 0;  // of the open list, in 1/96 inch; 0: the control's own; set before the form is shown
 };
 
 class ListView : public Control {
@@ -125,7 +147,8 @@ class ListView : public Control {
   Signal<> selectionChanged;
   Signal<> doubleClicked;
   Signal<> contextMenu;
-  // In-place editing of row texts: off without a handler. `text` is UTF-8 and may be changed; false refuses it.
+  // In-place editing of row texts: off without a handler. `text` is UTF-8 and may be changed; false refuses
+  // it.
   std::function<bool(int row, std::string& text)> labelEdited;
   void editSelected() { tell(Aspect::Edit); }  // opens the edit field, where there is a window
 
@@ -155,6 +178,7 @@ class TreeView : public Control {
   };
   // A node was clicked, or chosen with the keyboard; the argument is its index.
   Signal<int> nodeClicked;
+  Signal<> contextMenu;  // asked for on the selected node
 
   const std::vector<Node>& nodes() const { return nodes_; }
   void setNodes(std::vector<Node> nodes);  // shown expanded; deselects

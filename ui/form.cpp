@@ -29,6 +29,12 @@ void Form::setCaption(Text caption) {
   if (peer_ != nullptr) peer_->captionChanged();
 }
 
+void Form::setHeight(int height) {
+  if (height == height_) return;
+  height_ = height;
+  if (peer_ != nullptr) peer_->heightChanged();
+}
+
 void Form::open(FormPeer* peer) {
   peer_ = peer;
   closed_ = false;

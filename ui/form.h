@@ -16,6 +16,7 @@ class FormPeer {
  public:
   virtual ~FormPeer() = default;
   virtual void captionChanged() = 0;
+  virtual void heightChanged() {}
   virtual void close() = 0;  // the form is done; ends a modal run
 };
 
@@ -43,8 +44,14 @@ class Form {
   // The user closes the window (title bar, Alt+F4): false keeps it open.
   virtual bool queryClose() { return true; }
 
-  // A key with its modifiers, before the control that has the focus sees it. True: done with it.
-  virtual bool hotKey(const Shortcut&) { return false; }
+  // The window became the active one.
+  virtual void activated() {}
+  // A key pressed in one of the controls, before the control and the dialog see it; true: handled.
+  virtual bool keyPressed(const Shortcut&) { return false; }
+
+  // Of the whole window, in 1/96 inch; 0: as in the template.
+  int height() const { return height_; }
+  void setHeight(int height);
 
   void close();
   bool closed() const { return closed_; }
@@ -57,6 +64,7 @@ class Form {
   const char* name_;
   int id_;
   Text caption_;
+  int height_ = 0;
   std::vector<Control*> controls_;
   FormPeer* peer_ = nullptr;
   bool closed_ = true;

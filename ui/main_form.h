@@ -8,6 +8,7 @@
 #include "ui/controls.h"
 #include "ui/form.h"
 #include "ui/menu.h"
+#include "ui/tool_bar.h"
 
 namespace ui {
 
@@ -38,6 +39,8 @@ class MainForm : public Form {
   // Menu bar; each top item has items. Enabled and checked are brought up to date by menuOpening().
   std::vector<MenuItem> menus;
   virtual void menuOpening() = 0;
+  // Buttons from left to right; none: no bar. Set before the window is made.
+  std::vector<ToolBarButton> toolBar;
   // A menu item, shortcut or posted command; ignored when it is unknown or disabled.
   virtual void command(int id) = 0;
   // Menu item under the pointer changed; 0: none.

@@ -21,6 +21,7 @@ struct Shortcut {
 
 inline constexpr int kKeyF1 = 0x70;  // F2 is kKeyF1 + 1, ...
 inline constexpr int kKeyTab = 0x09;
+inline constexpr int kKeyEscape = 0x1B;
 inline constexpr int kKeyDelete = 0x2E;
 
 inline Shortcut ctrl(char letter) {

@@ -8,6 +8,7 @@
 #include <string_view>
 #include <vector>
 
+#include "base/color.h"
 #include "ui/form.h"
 #include "ui/menu.h"
 
@@ -30,12 +31,16 @@ class Platform {
   virtual void showModeless(Form& form) = 0;  // stays above the main window; the form must outlive its window
 
   // A pop-up menu at the pointer (or the focused control, by keyboard); the chosen command, 0: none.
-  virtual int popupMenu(const std::vector<MenuItem>& items) = 0;
+  virtual int popupMenu(const std::vector<MenuItem>&) { return 0; }
 
   // Common dialogs; nothing (or an empty list) when cancelled. Paths are UTF-8.
   virtual std::vector<std::string> openFiles(const FileDialog& dialog) = 0;
   virtual std::optional<std::string> saveFile(const FileDialog& dialog) = 0;  // asks before replacing a file
   virtual std::optional<std::string> pickFolder(const Text& title) = 0;
+  // The system's colour dialog, `first` chosen; nothing when cancelled.
+  virtual std::optional<base::Color> pickColor(base::Color) { return std::nullopt; }
+  // Font families of the screen, sorted, UTF-8.
+  virtual std::vector<std::string> fontNames() const { return {}; }
 
   // The program's folder (no trailing "\"), and its resources of type CUSTOM. A missing resource throws.
   virtual std::string programFolder() const = 0;

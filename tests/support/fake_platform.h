@@ -35,10 +35,11 @@ class FakePlatform : public ui::Platform {
     modeless.push_back(&form);
   }
 
-  std::vector<std::vector<ui::MenuItem>> popups;  // every one shown
-  std::deque<int> popupAnswers;
+  // The user's choice in the next pop-up menus, and what the last one offered.
+  std::deque<int> popupAnswers;  // none left: nothing chosen
+  std::vector<ui::MenuItem> popup;
   int popupMenu(const std::vector<ui::MenuItem>& items) override {
-    popups.push_back(items);
+    popup = items;
     return take(popupAnswers).value_or(0);
   }
 
@@ -54,6 +55,11 @@ class FakePlatform : public ui::Platform {
     return take(saveAnswers);
   }
   std::optional<std::string> pickFolder(const ui::Text&) override { return take(folderAnswers); }
+
+  std::deque<base::Color> colorAnswers;
+  std::optional<base::Color> pickColor(base::Color) override { return take(colorAnswers); }
+  std::vector<std::string> fonts;
+  std::vector<std::string> fontNames() const override { return fonts; }
 
   std::string folder;  // the program's
   std::string programFolder() const override { return folder; }

@@ -6,7 +6,9 @@
 #include <vector>
 
 #include "base/error.h"
+#include "tests/support/rtf_reader.h"
 #include "ui/code_view.h"
+#include "ui/plain_rtf.h"
 
 namespace tests {
 
@@ -62,7 +64,12 @@ class MemoryCodeView : public ui::CodeView {
   void setBackColor(base::Color color) override { backColor = color; }
   void setTextColor(base::Color color) override { textColor = color; }
   void setWordWrap(bool wrap) override { wordWrap = wrap; }
-  void setRtf(std::string_view rtf) override { this->rtf = rtf; }
+  std::string rtf() const override { return ui::plainRtf(now_.text, "\r\n", font.name); }
+  void setRtf(std::string_view rtf) override {
+    shown = readRtf(rtf);
+    now_.text = shown.text;
+  }
+  void resetFormats() override { shown = {}; }
   void setFocus() override {}
 
   // As the user: characters pass the key filter, as in the window.
@@ -79,7 +86,7 @@ class MemoryCodeView : public ui::CodeView {
   ui::Font font;
   base::Color backColor = 0, textColor = 0;
   bool wordWrap = false;
-  std::string rtf;
+  RtfText shown;  // what the last RTF looks like; empty: plain
   std::size_t limit = std::string::npos;  // longer texts cannot be loaded
 
  private:

@@ -1,0 +1,96 @@
+// The context menu of the tree: documents are added, removed and renamed there.
+#include "app/FrmH.h"
+#include "app/document_tree.h"
+#include "app/mdlsaerto.h"
+#include "app/progress.h"
+#include "base/error.h"
+#include "base/files.h"
+#include "base/path.h"
+
+namespace app {
+
+std::int16_t FrmH::selectedDocument() const {
+  if (TV.selected() < 0) return -1;
+  const std::string& tag = TV.nodes()[static_cast<std::size_t>(TV.selected())].tag;
+  return static_cast<std::int16_t>(tag.empty() ? -1 : std::stoi(tag));
+}
+
+void FrmH::TV_ContextMenu() {
+  std::vector<ui::MenuItem> items;
+  for (const int id : {mnuwebAdd, mnuwebRename, mnuwebRemove}) {
+    ui::MenuItem item;
+    item.command = id;
+    item.caption = commands_.at(id).caption;
+    items.push_back(std::move(item));
+  }
+  refreshItems(items, commandState());
+  runCommand(platform_.popupMenu(items));
+}
+
+void FrmH::mnuwebAdd_Click() {
+  ui::FileDialog dialog;
+  dialog.title = "Open";
+  dialog.filter = "All Files(*.*)|*.*";
+  dialog.multiple = true;
+  const auto chosen = platform_.openFiles(dialog);
+  if (chosen.empty()) return;
+  parkShown();
+  std::string failed;
+  {
+    const BusyBlock busy(busy_);
+    Progress progress(
+        platform_, [this](const std::string& line) { setPanel("kMain", line); }, chosen.size());
+    for (const std::string& path : chosen) {
+      if (!progress.step(path)) break;
+      addFile(path, failed);
+    }
+  }
+  Treefulen();
+  showCaption();
+  if (!failed.empty()) throw base::Error(base::ErrorNumber::DeviceError, failed);
+}
+
+void FrmH::addFile(const std::string& path, std::string& failed) {
+  if (recordOf(path)) return;
+  try {
+    const bool picture = isPictureFile(path) && base::fileExists(path);
+    const std::string text = picture ? kImageValue : base::readFile(path);
+    const std::int16_t added = appendRecord(text, path, base::fileName(path));
+    if (WebProject.WEBopened) copyIntoProject(added);
+  } catch (const std::exception& error) {
+    failed += base::fileName(path) + ": " + error.what() + "\r\n";
+  }
+}
+
+void FrmH::mnuwebRemove_Click() {
+  const std::int16_t index = selectedDocument();
+  const bool member = WebProject.Item(index).IsInWEB;
+  if (closeDocument(index) && member) WebProject.WEBChanged = true;
+}
+
+void FrmH::mnuwebRename_Click() {
+  const std::int16_t index = selectedDocument();
+  Ithem& record = WebProject.Item(index);
+  const auto typed = inputBox(platform_, "ფაილის ახალი სახელი:", "File", record.FileTitle);
+  if (!typed || *typed == record.FileTitle) return;
+  if (IsBadFileName(*typed)) {
+    reportBadName(platform_);
+    return;
+  }
+  if (record.filepath.empty()) {
+    throw base::Error(base::ErrorNumber::InvalidCall, "ჯერ შეინახეთ დოკუმენტი: ფაილი ჯერ არ აქვს.");
+  }
+  const std::string target = base::joinPath(base::folderOf(record.filepath), *typed);
+  if (recordOf(target) || (base::fileExists(target) && !base::sameFile(target, record.filepath))) {
+    throw base::Error(base::ErrorNumber::PermissionDenied, "ამ სახელის ფაილი უკვე არსებობს:\r\n" + target);
+  }
+  base::renameFile(record.filepath, target);
+  record.filepath = target;
+  record.FileTitle = *typed;
+  if (record.IsInWEB) WebProject.WEBChanged = true;
+  if (index == CurrentItemIndex) CurrentFilePath = target;
+  Treefulen();
+  showCaption();
+}
+
+}  // namespace app

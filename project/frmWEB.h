@@ -1,0 +1,54 @@
+// The dialog that makes a web project: a name, a folder, and the files that go into it.
+#pragma once
+
+#include <array>
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "app/workbench.h"
+#include "resources/ids.h"
+#include "ui/controls.h"
+
+namespace project {
+
+// Image number of the file list by the extension, which is compared in upper case.
+int fileIcon(const std::string& name);
+
+class frmWEB : public ui::Form {
+ public:
+  explicit frmWEB(app::Workbench& bench);
+
+  ui::Label Lpname{*this, IDC_frmWEB_Lpname};
+  ui::TextBox Tpname{*this, IDC_frmWEB_Tpname};
+  ui::Label Lwebpath{*this, IDC_frmWEB_Lwebpath};
+  ui::TextBox Twebpath{*this, IDC_frmWEB_Twebpath};
+  ui::Label Label1{*this, IDC_frmWEB_Label1};
+  ui::ListView LV{*this, IDC_frmWEB_LV};
+  std::array<std::unique_ptr<ui::Button>, 6> COK;
+  ui::Label LBinfo{*this, IDC_frmWEB_LBinfo};
+
+  std::string HTMLheaderi(const std::string& title) const;
+  bool keyPressed(const ui::Shortcut& key) override;
+
+ private:
+  void addPage();
+  void addFiles();
+  void removeFile();
+  void chooseFolder();
+  void create();
+  void addItem(const std::string& name, const std::string& source);
+  bool LV_AfterLabelEdit(int row, std::string& text);
+  void Tpname_Change();
+  void enableCreate();
+  void showInfo(int button);
+  bool isListed(const std::string& name, int except) const;
+  // What to do with files of the project folder that would be replaced. False: the user cancelled.
+  bool mayReplace(const std::string& folder, bool& replace) const;
+  void writeFiles(const std::string& folder, bool replace);
+
+  app::Workbench& bench_;
+  int infoButton_;  // whose description is shown; 6: none
+};
+
+}  // namespace project

@@ -1,0 +1,45 @@
+// A strip of buttons as data. The platform draws them and reports the chosen command id.
+#pragma once
+
+#include "ui/text.h"
+
+namespace ui {
+
+// What is drawn on a button; the platform has one drawing for each.
+enum class ToolIcon {
+  Bold,
+  Italic,
+  Underline,
+  FontFace,
+  FontColor,
+  NoBreakSpace,
+  LineBreak,
+  Paragraph,
+  ParagraphAligned,
+  BulletList,
+  NumberedList,
+  Rule,
+  Comment,
+  EditTag,
+  Center,
+  Quote,
+  Preformatted,
+  Heading1,
+  Heading2,
+  FirstColor,
+  SecondColor,
+  Image,
+  Link,
+  Anchor,
+  Frame,
+  Entity,
+  TagList,
+};
+
+struct ToolBarButton {
+  int command;
+  ToolIcon icon;
+  Text hint;  // tool tip, and the name for screen readers
+};
+
+}  // namespace ui
