@@ -1,17 +1,24 @@
 #include "program/program.h"
 
 #include "app/FrmH.h"
-#include "recent/recent_list.h"
+#include "convert/attach.h"
+#include "editor/editor.h"
+#include "project/project_commands.h"
+#include "recent/recent_commands.h"
+#include "search/attach.h"
 
 namespace program {
 
 struct Program::Parts {
   Parts(ui::Platform& platform, ui::CodeView& codeView) : window(platform, codeView) {
-    window.documentOpened.connect(
-        [&platform](const std::string& path) { recent::addRecent(platform.programFolder(), path); });
+    project::attach(window);
+    recent::attach(window);
   }
 
   app::FrmH window;
+  std::unique_ptr<convert::Attached> converting = convert::attach(window);
+  std::unique_ptr<search::Search> finding = search::attach(window);
+  std::unique_ptr<editor::Editor> editing = editor::attach(window);
 };
 
 Program::Program(ui::Platform& platform, ui::CodeView& codeView)

@@ -63,6 +63,7 @@ class CodeView {
   virtual void redo() = 0;
 
   virtual void setFont(const Font& font) = 0;  // of the whole view; no undo step, no `changed`
+  virtual const Font& currentFont() const = 0;
   virtual void setBackColor(base::Color color) = 0;
   virtual void setTextColor(base::Color color) = 0;  // no undo step, no `changed`
   virtual void setWordWrap(bool wrap) = 0;

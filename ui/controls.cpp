@@ -58,6 +58,12 @@ void TextBox::userSet(std::string text) {
   changed();
 }
 
+void TextBox::setFont(Font font) {
+  if (font == font_) return;
+  font_ = std::move(font);
+  tell(Aspect::Font);
+}
+
 void TextBox::select(int start, int length) {
   const int size = static_cast<int>(text_.size());
   selection_.start = std::clamp(start, 0, size);

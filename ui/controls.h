@@ -5,6 +5,7 @@
 #include <string>
 #include <vector>
 
+#include "ui/code_view.h"
 #include "ui/control.h"
 #include "ui/form.h"
 #include "ui/signal.h"
@@ -73,7 +74,7 @@ class TextBox : public Control {
  public:
   enum class Holds {
     Unicode,  // text() is UTF-8: names, paths
-    Bytes,    // text() is byte text, shown in the code view's font
+    Bytes,    // text() is byte text, shown in font()
   };
   TextBox(Form& form, int id, Holds holds = Holds::Unicode) : Control(form, id), holds_(holds) {}
   Signal<> changed;
@@ -84,6 +85,10 @@ class TextBox : public Control {
   void setText(std::string text);
   void userSet(std::string text);
   void selectAll() { select(0, static_cast<int>(text_.size())); }
+
+  // Of a byte-text box: what its bytes mean.
+  const Font& font() const { return font_; }
+  void setFont(Font font);
 
   // Caret and selection, for byte-text boxes, in bytes from 0.
   struct Selection {
@@ -103,6 +108,7 @@ class TextBox : public Control {
   Holds holds_;
   std::string text_;
   Selection selection_{0, 0};
+  Font font_;
 };
 
 // Rows of text with one selected row (-1: none); base of the drop-down list too.

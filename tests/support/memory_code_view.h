@@ -61,6 +61,7 @@ class MemoryCodeView : public ui::CodeView {
   void redo() override { travel(redo_, undo_); }
 
   void setFont(const ui::Font& font) override { this->font = font; }
+  const ui::Font& currentFont() const override { return font; }
   void setBackColor(base::Color color) override { backColor = color; }
   void setTextColor(base::Color color) override { textColor = color; }
   void setWordWrap(bool wrap) override { wordWrap = wrap; }

@@ -1,0 +1,67 @@
+#include "convert/status_panels.h"
+
+#include <algorithm>
+#include <utility>
+
+#include "app/menu_names.h"
+#include "convert/encoding_counts.h"
+#include "resources/ids.h"
+
+namespace convert {
+namespace {
+
+constexpr std::size_t kPreviewBytes = 200;
+
+}  // namespace
+
+std::string selectionPreview(std::string_view text, int start, int length, const Conversions& conversions) {
+  const std::string_view selected =
+      text.substr(static_cast<std::size_t>(start), static_cast<std::size_t>(length));
+  std::size_t size = std::min(selected.size(), kPreviewBytes);
+  // A letter of three bytes is not cut.
+  for (int i = 0; i < 2 && size < selected.size() && (selected[size] & 0xC0) == 0x80; ++i) --size;
+  std::string shown = conversions.Utf8Convert(selected.substr(0, size), 1, true);
+  std::ranges::replace_if(
+      shown, [](char c) { return c == '\r' || c == '\n' || c == '\t'; }, ' ');
+  return shown;
+}
+
+StatusPanels::StatusPanels(app::Workbench& bench, const Conversions& conversions)
+    : bench_(bench), conversions_(conversions) {
+  app::Command toggle{mnuPreviewPane, "mnuPreviewPane", "მონიშნულის &გაშიფვრა", {}, [this] {
+                        bench_.props().SelectionPreview = !bench_.props().SelectionPreview;
+                        showPreview();
+                        bench_.saveProps();
+                      }};
+  toggle.checked = [this] { return bench_.props().SelectionPreview; };
+  toggle.help = "მონიშნული UTF-8 ტექსტი ქართულად ჩანს მდგომარეობის ზოლში";
+  bench.addCommands({std::move(toggle)});
+  bench.addMenu({app::kViewMenu, {{mnuPreviewPane, {}, {}}}});
+
+  bench.selectionChanged.connect([this] { showPreview(); });
+  bench.textChanged.connect([this] { countsStale_ = true; });
+  bench.documentShown.connect([this] { countsStale_ = true; });
+  bench.idle.connect([this] { showCounts(); });
+}
+
+void StatusPanels::showPreview() {
+  const ui::CodeView& view = bench_.codeView();
+  const int length = bench_.props().SelectionPreview ? view.selLength() : 0;
+  if (length == 0) {
+    if (std::exchange(previewShown_, false)) bench_.setPanel("kPreview", {});
+    return;
+  }
+  previewShown_ = true;
+  bench_.setPanel("kPreview", {selectionPreview(view.text(), view.selStart(), length, conversions_),
+                               ui::TextKind::Legacy});
+}
+
+void StatusPanels::showCounts() {
+  if (!std::exchange(countsStale_, false)) return;
+  const EncodingCounts counts = countEncodings(bench_.codeView().text());
+  bench_.setPanel("kCounts", "ISO " + std::to_string(counts.legacy) + "  UTF8 " +
+                                 std::to_string(counts.utf8) + "  HEX " + std::to_string(counts.references) +
+                                 "  ASCII " + std::to_string(counts.latin));
+}
+
+}  // namespace convert

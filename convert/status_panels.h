@@ -1,0 +1,32 @@
+// Two panels of the status bar: the decoded selection, and how much of which encoding the text holds.
+#pragma once
+
+#include <string>
+#include <string_view>
+
+#include "app/workbench.h"
+#include "convert/conversions.h"
+
+namespace convert {
+
+// What the panel shows of the selected bytes: UTF-8 read as Georgian, on one line, of a length that fits.
+std::string selectionPreview(std::string_view text, int start, int length, const Conversions& conversions);
+
+// Adds the panels and the command that switches the preview. Both arguments must outlive it.
+class StatusPanels {
+ public:
+  StatusPanels(app::Workbench& bench, const Conversions& conversions);
+  StatusPanels(const StatusPanels&) = delete;
+  StatusPanels& operator=(const StatusPanels&) = delete;
+
+ private:
+  void showPreview();
+  void showCounts();
+
+  app::Workbench& bench_;
+  const Conversions& conversions_;
+  bool previewShown_ = false;
+  bool countsStale_ = true;
+};
+
+}  // namespace convert

@@ -1,0 +1,30 @@
+// The named characters of HTML 4.01, and pages written with and without them.
+#pragma once
+
+#include <array>
+#include <string>
+#include <string_view>
+
+namespace editor {
+
+struct Entity {
+  std::string_view name;  // without "&" and ";"
+  char32_t character;
+};
+
+inline constexpr std::size_t kEntities = 252;
+const std::array<Entity, kEntities>& entities();  // by character
+
+// What the bytes of a page mean.
+enum class PageBytes {
+  Utf8,      // also plain ASCII
+  EightBit,  // Windows-1252 up to BF; from C0 on the letters of the legacy font, which have no names
+};
+PageBytes pageBytes(std::string_view page);
+
+// Every character that has a name becomes "&name;", also "&", "<", ">" and the quote.
+std::string encodeEntities(std::string_view text, PageBytes page);
+// Every "&name;" becomes its character, if the page's bytes have it. The opposite of encodeEntities().
+std::string decodeEntities(std::string_view text, PageBytes page);
+
+}  // namespace editor

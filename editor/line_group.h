@@ -1,0 +1,16 @@
+// A separator after every N-th line.
+#pragma once
+
+#include <optional>
+#include <string>
+#include <string_view>
+
+namespace editor {
+
+// `every` is at least 1. Nothing when the text has no more than `every` lines.
+std::optional<std::string> groupLines(std::string_view text, int every, std::string_view separator);
+
+// The number that an answer stands for, as 16-bit integer; 0 when it is none.
+int lineCount(std::string_view answer);
+
+}  // namespace editor

@@ -1,0 +1,33 @@
+#include "editor/shown_bytes.h"
+
+#include "base/cp1252.h"
+#include "base/text.h"
+#include "base/utf8.h"
+
+namespace editor {
+
+std::string shownBytes(std::string_view bytes) {
+  std::string shown = base::isUtf8(bytes) ? std::string(bytes) : base::utf8FromBytes(bytes);
+  shown = base::replaceAll(shown, base::kCrLf, "↵");
+  shown = base::replaceAll(shown, "\n", "↵");
+  return base::replaceAll(shown, "\t", "→");
+}
+
+std::string typedBytes(const ui::CodeView& T1, const std::string& utf8) {
+  std::string bytes;
+  std::size_t at = 0;
+  while (at < utf8.size()) {
+    const std::size_t start = at;
+    const auto character = base::nextUtf8(utf8, at);
+    if (!character) ++at;
+    const std::string one = utf8.substr(start, at - start);
+    if (const auto byte = character ? base::byteOfChar(*character) : std::nullopt) {
+      bytes += static_cast<char>(*byte);
+    } else {
+      bytes += character && T1.unicodeTyped ? T1.unicodeTyped(one) : one;
+    }
+  }
+  return bytes;
+}
+
+}  // namespace editor

@@ -1,0 +1,98 @@
+#include "platform/win32/button_peers.h"
+
+#include "platform/win32/strings.h"
+
+namespace win32 {
+
+void CaptionPeer::show(ui::Aspect what) {
+  if (what != ui::Aspect::Text) return;
+  SetWindowTextW(window(), wideFromText(model().caption()).c_str());
+  SendMessageW(GetParent(window()), kLayoutMessage, 0, 0);
+}
+
+void IconPeer::prepare() {
+  const wchar_t* name = nullptr;
+  switch (icon_.sign) {
+    case ui::IconBox::Sign::Information:
+      name = IDI_INFORMATION;
+      break;
+    case ui::IconBox::Sign::Question:
+      name = IDI_QUESTION;
+      break;
+    case ui::IconBox::Sign::Warning:
+      name = IDI_WARNING;
+      break;
+    case ui::IconBox::Sign::Critical:
+      name = IDI_ERROR;
+      break;
+    case ui::IconBox::Sign::None:
+      return;
+  }
+  send(STM_SETICON, reinterpret_cast<WPARAM>(LoadIconW(nullptr, name)));  // shared: not to be destroyed
+}
+
+ButtonPeer::ButtonPeer(ui::Button& model, HWND window) : CaptionPeer(model, window), button_(model) {
+  watch(window);
+}
+
+void ButtonPeer::detach() {
+  unwatch(window());
+  CaptionPeer::detach();
+}
+
+void ButtonPeer::onCommand(int code) {
+  if (code == BN_CLICKED) button_.click();
+}
+
+LRESULT ButtonPeer::handleOf(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
+  switch (message) {
+    case WM_MOUSEMOVE:
+      if (!pointerInside_) {
+        pointerInside_ = true;
+        TRACKMOUSEEVENT leave{sizeof leave, TME_LEAVE, window, 0};
+        TrackMouseEvent(&leave);
+        button_.pointed(true);
+      }
+      break;
+    case WM_MOUSELEAVE:
+      pointerInside_ = false;
+      button_.pointed(false);
+      break;
+    case WM_SETFOCUS:
+    case WM_KILLFOCUS:
+      button_.pointed(message == WM_SETFOCUS);
+      break;
+    default:
+      break;
+  }
+  return forward(window, message, wParam, lParam);
+}
+
+void CheckPeer::onCommand(int code) {
+  if (code != BN_CLICKED) return;
+  const bool wasGreyed = check_.greyed();
+  check_.setGreyed(false);
+  check_.userSet(wasGreyed ? !check_.checked() : send(BM_GETCHECK) == BST_CHECKED);
+}
+
+void CheckPeer::show(ui::Aspect what) {
+  CaptionPeer::show(what);
+  if (what != ui::Aspect::Value) return;
+  // Grey comes and goes by the program alone: with a style in which the control does not change itself.
+  const WPARAM type = check_.greyed() ? BS_3STATE : BS_AUTOCHECKBOX;
+  if ((GetWindowLongPtrW(window(), GWL_STYLE) & BS_TYPEMASK) != static_cast<LONG_PTR>(type)) {
+    send(BM_SETSTYLE, type, TRUE);
+  }
+  send(BM_SETCHECK, check_.greyed() ? BST_INDETERMINATE : check_.checked() ? BST_CHECKED : BST_UNCHECKED);
+}
+
+void OptionPeer::onCommand(int code) {
+  if (code == BN_CLICKED) option_.userChoose();
+}
+
+void OptionPeer::show(ui::Aspect what) {
+  CaptionPeer::show(what);
+  if (what == ui::Aspect::Value) send(BM_SETCHECK, option_.chosen() ? BST_CHECKED : BST_UNCHECKED);
+}
+
+}  // namespace win32

@@ -1,0 +1,73 @@
+// Labels, message signs and everything that is pressed.
+#pragma once
+
+#include "platform/win32/control_peer.h"
+#include "platform/win32/subclass.h"
+#include "ui/controls.h"
+
+namespace win32 {
+
+// Shows the caption of a control.
+class CaptionPeer : public ControlPeer {
+ public:
+  using ControlPeer::ControlPeer;
+
+ protected:
+  void show(ui::Aspect what) override;
+};
+
+class LabelPeer final : public CaptionPeer {
+ public:
+  LabelPeer(ui::Label& model, HWND window) : CaptionPeer(model, window) {}
+};
+
+class IconPeer final : public ControlPeer {
+ public:
+  IconPeer(ui::IconBox& model, HWND window) : ControlPeer(model, window), icon_(model) {}
+
+ protected:
+  void show(ui::Aspect) override {}
+  void prepare() override;
+
+ private:
+  ui::IconBox& icon_;
+};
+
+class ButtonPeer final : public CaptionPeer, private Subclass<ButtonPeer> {
+ public:
+  ButtonPeer(ui::Button& model, HWND window);
+  void detach() override;
+  void onCommand(int code) override;
+
+ private:
+  friend class Subclass<ButtonPeer>;
+  LRESULT handleOf(HWND window, UINT message, WPARAM wParam, LPARAM lParam);
+  ui::Button& button_;
+  bool pointerInside_ = false;
+};
+
+class CheckPeer final : public CaptionPeer {
+ public:
+  CheckPeer(ui::CheckBox& model, HWND window) : CaptionPeer(model, window), check_(model) {}
+  void onCommand(int code) override;
+
+ protected:
+  void show(ui::Aspect what) override;
+
+ private:
+  ui::CheckBox& check_;
+};
+
+class OptionPeer final : public CaptionPeer {
+ public:
+  OptionPeer(ui::OptionButton& model, HWND window) : CaptionPeer(model, window), option_(model) {}
+  void onCommand(int code) override;
+
+ protected:
+  void show(ui::Aspect what) override;
+
+ private:
+  ui::OptionButton& option_;
+};
+
+}  // namespace win32

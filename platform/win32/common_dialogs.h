@@ -1,0 +1,24 @@
+// The system's dialogs for files, folders and colours. Paths are UTF-8.
+#pragma once
+
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "base/color.h"
+#include "platform/win32/windows_api.h"
+#include "ui/platform.h"
+
+namespace win32 {
+
+std::vector<std::string> openFiles(HWND owner, const ui::FileDialog& dialog);
+std::optional<std::string> saveFile(HWND owner, const ui::FileDialog& dialog);
+std::optional<std::string> pickFolder(HWND owner, const ui::Text& title);
+std::optional<base::Color> pickColor(HWND owner, base::Color first);
+
+// "A(*.a)|*.a|B|*.b" as the dialogs want it: NUL behind each piece, one more at the end.
+std::wstring filterPieces(const std::string& filter);
+// What a dialog for several files answers: one path, or a folder and names behind NULs.
+std::vector<std::string> pathsOfAnswer(const std::wstring& answer);
+
+}  // namespace win32

@@ -1,0 +1,232 @@
+#include "platform/win32/dialog_host.h"
+
+#include <algorithm>
+
+#include "base/error.h"
+#include "platform/win32/dialog_template.h"
+#include "platform/win32/dpi.h"
+#include "platform/win32/errors.h"
+#include "platform/win32/menus.h"
+#include "platform/win32/pointer.h"
+#include "platform/win32/strings.h"
+#include "ui/controls.h"
+
+namespace win32 {
+
+ui::Shortcut pressedKey(WPARAM key) {
+  const auto down = [](int modifier) { return GetKeyState(modifier) < 0; };
+  return {static_cast<int>(key), down(VK_CONTROL), down(VK_SHIFT), down(VK_MENU)};
+}
+
+DialogHost::DialogHost(ui::Form& form, HWND owner, Kind kind) : form_(form), kind_(kind) {
+  const std::vector<WORD> dialog = dialogTemplate(form.id(), wideFromUtf8(form.name()));
+  window_ = CreateDialogIndirectParamW(GetModuleHandleW(nullptr),
+                                       reinterpret_cast<const DLGTEMPLATE*>(dialog.data()), owner, procedure,
+                                       reinterpret_cast<LPARAM>(this));
+  if (window_ == nullptr) {
+    throw base::Error(base::ErrorNumber::OutOfMemory, systemMessage(GetLastError()));
+  }
+  loop_.emplace(window_, [this](MSG& message) { return translate(message); });
+  dpi_ = dpiOf(window_);
+  try {
+    bind();
+  } catch (...) {
+    destroy();
+    throw;
+  }
+  center(owner);
+}
+
+DialogHost::~DialogHost() {
+  destroy();
+}
+
+void DialogHost::bind() {
+  for (ui::Control* control : form_.controls()) {
+    const HWND window = GetDlgItem(window_, control->id());
+    if (window == nullptr) {
+      throw base::Error(base::ErrorNumber::InvalidCall,
+                        std::string(form_.name()) + ": no control " + std::to_string(control->id()));
+    }
+    peers_.push_back(makePeer(*control, window));
+  }
+  form_.open(this);
+  form_.load();
+  for (const auto& peer : peers_) peer->begin();
+  captionChanged();
+  addHints();
+  if (form_.defaultButton != nullptr) {
+    SendMessageW(window_, DM_SETDEFID, static_cast<WPARAM>(form_.defaultButton->id()), 0);
+  }
+  layout_.emplace(window_, peers_);
+  layout_->arrange();
+  ready_ = true;
+  heightChanged();
+}
+
+void DialogHost::addHints() {
+  hints_ = CreateWindowExW(0, TOOLTIPS_CLASSW, nullptr, WS_POPUP | TTS_ALWAYSTIP | TTS_NOPREFIX, 0, 0, 0, 0,
+                           window_, nullptr, nullptr, nullptr);
+  for (const auto& peer : peers_) {
+    if (peer->model().hint.empty()) continue;
+    std::wstring hint = wideFromText(peer->model().hint);
+    TTTOOLINFOW tool{};
+    tool.cbSize = TTTOOLINFOW_V1_SIZE;
+    tool.uFlags = TTF_IDISHWND | TTF_SUBCLASS;
+    tool.hwnd = window_;
+    tool.uId = reinterpret_cast<UINT_PTR>(peer->window());
+    tool.lpszText = hint.data();
+    SendMessageW(hints_, TTM_ADDTOOLW, 0, reinterpret_cast<LPARAM>(&tool));
+  }
+}
+
+void DialogHost::center(HWND owner) {
+  RECT frame;
+  GetWindowRect(window_, &frame);
+  MONITORINFO monitor{};
+  monitor.cbSize = sizeof monitor;
+  GetMonitorInfoW(MonitorFromWindow(owner != nullptr ? owner : window_, MONITOR_DEFAULTTONEAREST), &monitor);
+  RECT around = monitor.rcWork;
+  if (owner != nullptr && IsWindowVisible(owner) != 0) GetWindowRect(owner, &around);
+  const int width = frame.right - frame.left;
+  const int height = frame.bottom - frame.top;
+  const auto fit = [](LONG wanted, LONG low, LONG high) { return std::max(low, std::min(wanted, high)); };
+  const LONG left = fit((around.left + around.right - width) / 2, monitor.rcWork.left, monitor.rcWork.right - width);
+  const LONG top = fit((around.top + around.bottom - height) / 2, monitor.rcWork.top, monitor.rcWork.bottom - height);
+  SetWindowPos(window_, nullptr, left, top, 0, 0, SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE);
+}
+
+void DialogHost::show() {
+  if (window_ == nullptr || form_.closed()) return;  // closed itself while it was loaded
+  ShowWindow(window_, SW_SHOW);
+  SetForegroundWindow(window_);
+  HWND first = GetNextDlgTabItem(window_, nullptr, FALSE);
+  for (const auto& peer : peers_) {
+    if (peer->wantsFocus()) first = peer->window();
+  }
+  SendMessageW(window_, WM_NEXTDLGCTL, reinterpret_cast<WPARAM>(first), TRUE);
+}
+
+bool DialogHost::translate(MSG& message) {
+  if (message.message == WM_KEYDOWN || message.message == WM_SYSKEYDOWN) {
+    if (form_.keyPressed(pressedKey(message.wParam))) return true;
+    if (window_ == nullptr) return true;  // the key has closed it
+  }
+  return IsDialogMessageW(window_, &message) != 0;
+}
+
+ControlPeer* DialogHost::peerOf(HWND window) const {
+  for (const auto& peer : peers_) {
+    if (peer->window() == window) return peer.get();
+  }
+  return nullptr;
+}
+
+INT_PTR CALLBACK DialogHost::procedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
+  if (message == WM_INITDIALOG) {
+    SetWindowLongPtrW(window, DWLP_USER, lParam);
+    return FALSE;  // show() sets the focus
+  }
+  auto* const host = reinterpret_cast<DialogHost*>(GetWindowLongPtrW(window, DWLP_USER));
+  if (host == nullptr || host->window_ == nullptr) return FALSE;
+  return guarded([&] { return host->handle(message, wParam, lParam); }, INT_PTR{FALSE});
+}
+
+void DialogHost::command(int id, int code) {
+  const auto press = [](ui::Button* button) {
+    if (button != nullptr) button->click();
+  };
+  if (id == IDOK || id == IDCANCEL) {
+    press(id == IDOK ? form_.defaultButton : form_.cancelButton);
+    return;
+  }
+  if (ControlPeer* peer = peerOf(GetDlgItem(window_, id))) peer->onCommand(code);
+}
+
+INT_PTR DialogHost::handle(UINT message, WPARAM wParam, LPARAM lParam) {
+  switch (message) {
+    case WM_COMMAND:
+      if (ready_) command(LOWORD(wParam), HIWORD(wParam));
+      return TRUE;
+    case WM_NOTIFY: {
+      const auto& header = *reinterpret_cast<const NMHDR*>(lParam);
+      ControlPeer* peer = ready_ ? peerOf(header.hwndFrom) : nullptr;
+      if (peer == nullptr) return FALSE;
+      const LRESULT result = peer->onNotify(header);
+      if (window_ != nullptr) SetWindowLongPtrW(window_, DWLP_MSGRESULT, result);
+      return TRUE;
+    }
+    case WM_CLOSE:
+      if (form_.queryClose()) form_.close();
+      return TRUE;
+    case WM_ACTIVATE:
+      if (ready_ && LOWORD(wParam) != WA_INACTIVE) form_.activated();
+      return FALSE;
+    case WM_SETCURSOR:
+      if (!showHourglass()) return FALSE;
+      SetWindowLongPtrW(window_, DWLP_MSGRESULT, TRUE);
+      return TRUE;
+    case WM_MEASUREITEM:
+    case WM_DRAWITEM:
+      return drawsMenu(window_, message, lParam) ? TRUE : FALSE;
+    case kLayoutMessage:
+      if (ready_) {
+        layout_->arrange();
+        heightChanged();
+      }
+      return TRUE;
+    case WM_DPICHANGED: {
+      const int dpi = HIWORD(wParam);
+      for (const auto& peer : peers_) peer->dpiChanged(dpi);
+      layout_->dpiChanged(dpi_, dpi);
+      dpi_ = dpi;
+      return FALSE;
+    }
+    default:
+      return FALSE;
+  }
+}
+
+void DialogHost::captionChanged() {
+  SetWindowTextW(window_, wideFromText(form_.caption()).c_str());
+}
+
+void DialogHost::heightChanged() {
+  if (!ready_ || form_.height() <= 0) return;
+  RECT frame;
+  GetWindowRect(window_, &frame);
+  SetWindowPos(window_, nullptr, 0, 0, frame.right - frame.left, scaled(form_.height(), dpi_),
+               SWP_NOMOVE | SWP_NOZORDER | SWP_NOACTIVATE);
+}
+
+void DialogHost::close() {
+  if (kind_ == Kind::Modeless) {
+    destroy();
+  } else {
+    PostMessageW(window_, WM_NULL, 0, 0);  // the modal run looks up
+  }
+}
+
+void DialogHost::destroy() {
+  const HWND window = std::exchange(window_, nullptr);
+  if (window == nullptr) return;
+  ready_ = false;
+  form_.detach();
+  // The peers themselves stay: one of them may be what brought us here.
+  for (const auto& peer : peers_) peer->detach();
+  loop_.reset();
+  DestroyWindow(window);
+}
+
+void runModal(ui::Form& form) {
+  const HWND owner = activeWindow();
+  DialogHost host(form, owner, DialogHost::Kind::Modal);
+  {
+    const ModalRun run(host.window());
+    host.show();
+    ModalRun::until([&form] { return form.closed(); });
+  }
+  if (owner != nullptr) SetActiveWindow(owner);
+}
+
+}  // namespace win32

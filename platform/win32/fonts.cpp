@@ -1,0 +1,71 @@
+#include "platform/win32/fonts.h"
+
+#include <set>
+
+#include "platform/win32/strings.h"
+#include "resources/ids.h"
+
+namespace win32 {
+namespace {
+
+constexpr int kInterfacePoints = 9;
+constexpr int kCodePoints = 11;
+
+UniqueFont makeFont(const std::wstring& name, int points, int dpi, bool bold, bool italic, int characterSet) {
+  return UniqueFont(CreateFontW(-MulDiv(points, dpi, 72), 0, 0, 0, bold ? FW_BOLD : FW_NORMAL, italic ? 1 : 0, 0, 0,
+                                static_cast<DWORD>(characterSet), OUT_DEFAULT_PRECIS, CLIP_DEFAULT_PRECIS,
+                                CLEARTYPE_QUALITY, DEFAULT_PITCH, name.c_str()));
+}
+
+int CALLBACK collectFont(const LOGFONTW* font, const TEXTMETRICW*, DWORD, LPARAM names) {
+  // Names that begin with "@" are for vertical writing.
+  if (font->lfFaceName[0] != L'@') {
+    reinterpret_cast<std::set<std::string>*>(names)->insert(utf8FromWide(font->lfFaceName));
+  }
+  return 1;
+}
+
+}  // namespace
+
+BundledFonts::BundledFonts() {
+  for (const int id : {IDF_ZervoSans, IDF_ZervoISO, IDF_ZervoASCII, IDF_ZervoRUS}) {
+    const HRSRC resource = FindResourceW(nullptr, MAKEINTRESOURCEW(id), MAKEINTRESOURCEW(10));  // RCDATA
+    if (resource == nullptr) continue;
+    DWORD count = 0;
+    const HANDLE font = AddFontMemResourceEx(LockResource(LoadResource(nullptr, resource)),
+                                             SizeofResource(nullptr, resource), nullptr, &count);
+    if (font != nullptr) fonts_.push_back(font);
+  }
+}
+
+BundledFonts::~BundledFonts() {
+  for (const HANDLE font : fonts_) RemoveFontMemResourceEx(font);
+}
+
+UniqueFont interfaceFont(int dpi) {
+  return makeFont(kInterfaceFont, kInterfacePoints, dpi, false, false, DEFAULT_CHARSET);
+}
+
+ui::Font withDefaults(ui::Font font) {
+  if (font.name.empty()) font.name = font.characterSet == ui::CharacterSet::Russian ? "Zervo RUS" : "Zervo ISO";
+  if (font.size <= 0) font.size = kCodePoints;
+  return font;
+}
+
+UniqueFont codeFont(const ui::Font& font, int dpi) {
+  const ui::Font full = withDefaults(font);
+  return makeFont(wideFromUtf8(full.name), full.size, dpi, full.bold, full.italic, DEFAULT_CHARSET);
+}
+
+std::vector<std::string> installedFonts() {
+  // Fonts of this process alone are not listed by every system.
+  std::set<std::string> names = {"Zervo Sans", "Zervo ISO", "Zervo ASCII", "Zervo RUS"};
+  LOGFONTW all{};
+  all.lfCharSet = DEFAULT_CHARSET;
+  const HDC screen = GetDC(nullptr);
+  EnumFontFamiliesExW(screen, &all, collectFont, reinterpret_cast<LPARAM>(&names), 0);
+  ReleaseDC(nullptr, screen);
+  return {names.begin(), names.end()};
+}
+
+}  // namespace win32

@@ -1,0 +1,45 @@
+// The process entry: one thread, one message loop.
+#include "platform/win32/errors.h"
+#include "platform/win32/fonts.h"
+#include "platform/win32/main_window.h"
+#include "platform/win32/message_loop.h"
+#include "platform/win32/rich_edit_code_view.h"
+#include "platform/win32/strings.h"
+#include "platform/win32/win32_platform.h"
+#include "program/program.h"
+// windows.h first
+#include <ole2.h>
+
+namespace {
+
+// What stands behind the program's own name, exactly as it was given.
+std::wstring commandLine() {
+  const std::wstring line = GetCommandLineW();
+  const bool quoted = !line.empty() && line[0] == L'"';
+  std::size_t end = quoted ? line.find(L'"', 1) : line.find_first_of(L" \t");
+  if (end == std::wstring::npos) return {};
+  if (quoted) ++end;
+  const std::size_t start = line.find_first_not_of(L" \t", end);
+  return start == std::wstring::npos ? std::wstring() : line.substr(start);
+}
+
+int run() {
+  constexpr INITCOMMONCONTROLSEX controls{sizeof controls, ICC_WIN95_CLASSES | ICC_STANDARD_CLASSES};
+  InitCommonControlsEx(&controls);
+  const win32::BundledFonts fonts;
+  win32::Win32Platform platform;
+  win32::RichEditCodeView codeView;
+  program::Program program(platform, codeView);
+  const win32::MainWindow window(program.window(), codeView);
+  program.start(win32::utf8FromWide(commandLine()));
+  return win32::runMessageLoop([&program] { program.window().idle(); });
+}
+
+}  // namespace
+
+int WINAPI wWinMain(HINSTANCE, HINSTANCE, PWSTR, int) {
+  OleInitialize(nullptr);
+  const int result = win32::guarded(run, 1);
+  OleUninitialize();
+  return result;
+}

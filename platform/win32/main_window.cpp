@@ -1,0 +1,337 @@
+#include "platform/win32/main_window.h"
+
+#include <algorithm>
+
+#include "base/error.h"
+#include "platform/win32/dialog_host.h"
+#include "platform/win32/dpi.h"
+#include "platform/win32/drop_target.h"
+#include "platform/win32/fonts.h"
+#include "platform/win32/pointer.h"
+#include "platform/win32/strings.h"
+#include "platform/win32/tool_bar.h"
+#include "resources/ids.h"
+
+namespace win32 {
+namespace {
+
+// In 1/96 inch.
+constexpr int kSplitterWidth = 5;
+constexpr int kLeastTree = 60;
+constexpr int kLeastCode = 200;
+constexpr SIZE kFirstSize = {960, 680};
+constexpr SIZE kLeastSize = {420, 260};
+
+}  // namespace
+
+MainWindow::MainWindow(ui::MainForm& form, RichEditCodeView& view) : form_(form), view_(view) {
+  const std::wstring className = wideFromUtf8(form.name());
+  create(className.c_str(), WS_OVERLAPPEDWINDOW | WS_CLIPCHILDREN, WS_EX_ACCEPTFILES, nullptr,
+         [](WNDCLASSEXW& windowClass) {
+           windowClass.hIcon = LoadIconW(windowClass.hInstance, MAKEINTRESOURCEW(IDI_Zervo));
+           windowClass.hIconSm = static_cast<HICON>(
+               LoadImageW(windowClass.hInstance, MAKEINTRESOURCEW(IDI_Zervo), IMAGE_ICON,
+                          GetSystemMetrics(SM_CXSMICON), GetSystemMetrics(SM_CYSMICON), LR_SHARED));
+           windowClass.hbrBackground = reinterpret_cast<HBRUSH>(static_cast<INT_PTR>(COLOR_BTNFACE + 1));
+         });
+  if (hwnd() == nullptr) throw base::Error(base::ErrorNumber::OutOfMemory, systemMessage(GetLastError()));
+  const int dpi = dpiOf(hwnd());
+  RECT work;
+  SystemParametersInfoW(SPI_GETWORKAREA, 0, &work, 0);
+  SetWindowPos(hwnd(), nullptr, 0, 0, std::min<int>(scaled(kFirstSize.cx, dpi), work.right - work.left),
+               std::min<int>(scaled(kFirstSize.cy, dpi), work.bottom - work.top),
+               SWP_NOMOVE | SWP_NOZORDER | SWP_NOACTIVATE);
+  makeChildren();
+  loop_.emplace(hwnd(), [this](MSG& message) { return translate(message); });
+  form_.open(this);
+  form_.window = this;
+  captionChanged();
+  menusChanged();
+}
+
+MainWindow::~MainWindow() {
+  for (const auto& peer : peers_) peer->detach();
+  form_.detach();
+  form_.window = nullptr;
+}
+
+void MainWindow::makeChildren() {
+  for (ui::Control* control : form_.controls()) {
+    const auto make = [this, control](const wchar_t* className, DWORD style, DWORD exStyle) {
+      return CreateWindowExW(exStyle, className, L"", WS_CHILD | WS_VISIBLE | style, 0, 0, 0, 0, hwnd(),
+                             reinterpret_cast<HMENU>(static_cast<INT_PTR>(control->id())), nullptr, nullptr);
+    };
+    if (dynamic_cast<ui::TreeView*>(control) != nullptr) {
+      tree_ = make(WC_TREEVIEWW,
+                   WS_TABSTOP | TVS_HASLINES | TVS_HASBUTTONS | TVS_LINESATROOT | TVS_SHOWSELALWAYS,
+                   WS_EX_CLIENTEDGE);
+      peers_.push_back(makePeer(*control, tree_));
+    } else if (dynamic_cast<ui::StatusBar*>(control) != nullptr) {
+      peers_.push_back(makePeer(*control, make(STATUSCLASSNAMEW, SBARS_SIZEGRIP, 0)));
+      status_ = static_cast<StatusPeer*>(peers_.back().get());
+    }
+  }
+  if (!form_.toolBar.empty()) toolBar_ = makeToolBar(hwnd(), form_.toolBar);
+  view_.place(hwnd(), IDC_FrmH_T1);
+  view_.filesDropped = [this](const std::vector<std::string>& paths) { dropFiles(paths); };
+  view_.contextMenu = [this](POINT screen) { showContextMenu(screen); };
+  setFonts(dpiOf(hwnd()));
+  for (const auto& peer : peers_) peer->begin();
+}
+
+void MainWindow::setFonts(int dpi) {
+  UniqueFont font = interfaceFont(dpi);
+  for (const auto& peer : peers_) {
+    SendMessageW(peer->window(), WM_SETFONT, reinterpret_cast<WPARAM>(font.get()), TRUE);
+  }
+  font_ = std::move(font);  // the old one goes when nobody uses it any more
+  view_.setDpi(dpi);
+}
+
+RECT MainWindow::splitter() const {
+  RECT client;
+  GetClientRect(hwnd(), &client);
+  const int dpi = dpiOf(hwnd());
+  const auto heightOf = [](HWND window) {
+    RECT place{};
+    if (window != nullptr) GetWindowRect(window, &place);
+    return place.bottom - place.top;
+  };
+  client.top += heightOf(toolBar_);
+  client.bottom -= status_ == nullptr ? 0 : heightOf(status_->window());
+  const int most = std::max<int>(scaled(kLeastTree, dpi), client.right - scaled(kLeastCode, dpi));
+  client.left = tree_ == nullptr ? 0 : std::clamp(scaled(treeWidth_, dpi), scaled(kLeastTree, dpi), most);
+  client.right = client.left + (tree_ == nullptr ? 0 : scaled(kSplitterWidth, dpi));
+  return client;
+}
+
+void MainWindow::layOut() {
+  if (status_ != nullptr) status_->fit();
+  if (toolBar_ != nullptr) SendMessageW(toolBar_, TB_AUTOSIZE, 0, 0);
+  RECT client;
+  GetClientRect(hwnd(), &client);
+  const RECT bar = splitter();
+  const int height = std::max<int>(0, bar.bottom - bar.top);
+  if (tree_ != nullptr) MoveWindow(tree_, 0, bar.top, bar.left, height, TRUE);
+  view_.setBounds({bar.right, bar.top, std::max(client.right, bar.right), bar.top + height});
+}
+
+ControlPeer* MainWindow::peerOf(HWND window) const {
+  for (const auto& peer : peers_) {
+    if (peer->window() == window) return peer.get();
+  }
+  return nullptr;
+}
+
+void MainWindow::showContextMenu(POINT screen) {
+  view_.setFocus();
+  form_.menuOpening();
+  const int command = showPopup(
+      hwnd(),
+      pickItems(form_.menus, {mnuUndo, mnuRedo, 0, mnuCut, mnuCopy, mnuPaste, mnuDelete, 0, mnuSelectAll}),
+      screen);
+  if (command != 0) form_.command(command);
+}
+
+// Shortcuts go by the key and not by the letter on it; the control with the focus does not see them.
+bool MainWindow::translate(MSG& message) {
+  if (message.message != WM_KEYDOWN && message.message != WM_SYSKEYDOWN) return false;
+  const ui::Shortcut pressed = pressedKey(message.wParam);
+  if (form_.keyPressed(pressed)) return true;
+  const bool functionKey = pressed.key >= ui::kKeyF1 && pressed.key < ui::kKeyF1 + 24;
+  // A bare key belongs to the control, even where a menu names it (Del).
+  if (!pressed.ctrl && !pressed.alt && !functionKey) return false;
+  if (const int command = commandOfShortcut(form_.menus, pressed)) {
+    form_.command(command);
+    return true;
+  }
+  if (pressed == ui::Shortcut{VK_F6, false, false, false} && tree_ != nullptr) {  // from pane to pane
+    SetFocus(GetFocus() == tree_ ? view_.hwnd() : tree_);
+    return true;
+  }
+  return false;
+}
+
+// Messages -----------------------------------------------------------------------------------------------
+
+std::optional<LRESULT> MainWindow::handleMenu(UINT message, WPARAM wParam, LPARAM lParam) {
+  switch (message) {
+    case WM_INITMENU:
+      form_.menuOpening();
+      menu_->refresh(form_.menus);
+      return 0;
+    case WM_MENUSELECT: {
+      const bool closed = HIWORD(wParam) == 0xFFFF && lParam == 0;
+      const bool command = !closed && (HIWORD(wParam) & (MF_POPUP | MF_SYSMENU | MF_SEPARATOR)) == 0;
+      form_.menuHighlighted(command ? LOWORD(wParam) : 0);
+      return 0;
+    }
+    case WM_MEASUREITEM:
+    case WM_DRAWITEM:
+      return drawsMenu(hwnd(), message, lParam) ? std::optional<LRESULT>(TRUE) : std::nullopt;
+    case WM_MENUCHAR:
+      return menuCharacter(reinterpret_cast<HMENU>(lParam), static_cast<wchar_t>(LOWORD(wParam)));
+    default:
+      return std::nullopt;
+  }
+}
+
+std::optional<LRESULT> MainWindow::handleSplitter(UINT message, LPARAM lParam) {
+  const RECT bar = splitter();
+  switch (message) {
+    case WM_LBUTTONDOWN:
+      if (PtInRect(&bar, {GET_X_LPARAM(lParam), GET_Y_LPARAM(lParam)}) == 0) return std::nullopt;
+      draggingSplitter_ = true;
+      SetCapture(hwnd());
+      return 0;
+    case WM_MOUSEMOVE:
+      if (!draggingSplitter_) return std::nullopt;
+      treeWidth_ = MulDiv(GET_X_LPARAM(lParam), kBaseDpi, dpiOf(hwnd()));
+      layOut();
+      return 0;
+    case WM_LBUTTONUP:
+      if (draggingSplitter_) ReleaseCapture();
+      return 0;
+    case WM_CAPTURECHANGED:
+      draggingSplitter_ = false;
+      return 0;
+    case WM_SETCURSOR: {
+      if (showHourglass()) return TRUE;
+      POINT point;
+      GetCursorPos(&point);
+      ScreenToClient(hwnd(), &point);
+      if (PtInRect(&bar, point) == 0 || LOWORD(lParam) != HTCLIENT) return std::nullopt;
+      SetCursor(LoadCursorW(nullptr, IDC_SIZEWE));
+      return TRUE;
+    }
+    default:
+      return std::nullopt;
+  }
+}
+
+LRESULT MainWindow::handleCommand(WPARAM wParam, LPARAM lParam) {
+  const auto from = reinterpret_cast<HWND>(lParam);
+  if (from == nullptr || from == toolBar_) {
+    form_.command(LOWORD(wParam));
+  } else if (ControlPeer* peer = peerOf(from)) {
+    peer->onCommand(HIWORD(wParam));
+  }
+  return 0;
+}
+
+LRESULT MainWindow::handle(UINT message, WPARAM wParam, LPARAM lParam) {
+  if (const auto result = handleMenu(message, wParam, lParam)) return *result;
+  if (const auto result = handleSplitter(message, lParam)) return *result;
+  switch (message) {
+    case WM_SIZE:
+      layOut();
+      return 0;
+    case WM_GETMINMAXINFO: {
+      const int dpi = dpiOf(hwnd());
+      reinterpret_cast<MINMAXINFO*>(lParam)->ptMinTrackSize = {scaled(kLeastSize.cx, dpi),
+                                                               scaled(kLeastSize.cy, dpi)};
+      return 0;
+    }
+    case WM_SETFOCUS:
+      view_.setFocus();
+      return 0;
+    case WM_ACTIVATE:
+      if (LOWORD(wParam) != WA_INACTIVE) form_.activated();
+      break;
+    case WM_COMMAND:
+      return handleCommand(wParam, lParam);
+    case WM_NOTIFY: {
+      const auto& header = *reinterpret_cast<const NMHDR*>(lParam);
+      ControlPeer* peer = peerOf(header.hwndFrom);
+      if (peer != nullptr) return peer->onNotify(header);
+      if (giveToolBarHint(toolBar_, form_.toolBar, lParam)) return 0;
+      break;
+    }
+    case WM_DROPFILES:
+      dropFiles(droppedFiles(wParam, true));
+      return 0;
+    case WM_CLOSE:
+    case WM_QUERYENDSESSION: {
+      const bool ends = form_.queryClose();
+      if (ends && message == WM_CLOSE) form_.close();
+      return ends ? TRUE : FALSE;
+    }
+    case WM_ENDSESSION:
+      if (wParam != 0) form_.close();
+      return 0;
+    case WM_DPICHANGED: {
+      const auto& wanted = *reinterpret_cast<const RECT*>(lParam);
+      setFonts(HIWORD(wParam));
+      SetWindowPos(hwnd(), nullptr, wanted.left, wanted.top, wanted.right - wanted.left, wanted.bottom - wanted.top,
+                   SWP_NOZORDER | SWP_NOACTIVATE);
+      menusChanged();  // the bar is measured once
+      return 0;
+    }
+    case kLayoutMessage:
+      layOut();
+      return 0;
+    case WM_DESTROY:
+      PostQuitMessage(0);
+      return 0;
+    default:
+      break;
+  }
+  return defaultHandling(message, wParam, lParam);
+}
+
+// Peer ---------------------------------------------------------------------------------------------------
+
+void MainWindow::captionChanged() {
+  SetWindowTextW(hwnd(), wideFromText(form_.caption()).c_str());
+}
+
+void MainWindow::close() {
+  loop_.reset();
+  if (hwnd() != nullptr) DestroyWindow(hwnd());
+}
+
+void MainWindow::show() {
+  if (IsWindowVisible(hwnd()) != 0) return;
+  ShowWindow(hwnd(), state_ == ui::WindowState::Maximized ? SW_SHOWMAXIMIZED : SW_SHOWNORMAL);
+  SetForegroundWindow(hwnd());
+  UpdateWindow(hwnd());
+}
+
+void MainWindow::setState(ui::WindowState state) {
+  state_ = state;
+  if (IsWindowVisible(hwnd()) == 0) return;
+  ShowWindow(hwnd(), state == ui::WindowState::Maximized ? SW_SHOWMAXIMIZED : SW_SHOWNORMAL);
+}
+
+ui::WindowPlace MainWindow::place() const {
+  WINDOWPLACEMENT placement{};
+  placement.length = sizeof placement;
+  GetWindowPlacement(hwnd(), &placement);
+  return {static_cast<int>(placement.rcNormalPosition.left), static_cast<int>(placement.rcNormalPosition.top)};
+}
+
+void MainWindow::setPlace(ui::WindowPlace place) {
+  WINDOWPLACEMENT placement{};
+  placement.length = sizeof placement;
+  GetWindowPlacement(hwnd(), &placement);
+  RECT& frame = placement.rcNormalPosition;
+  OffsetRect(&frame, place.left - frame.left, place.top - frame.top);
+  if (MonitorFromRect(&frame, MONITOR_DEFAULTTONULL) == nullptr) {
+    MONITORINFO monitor{};
+    monitor.cbSize = sizeof monitor;
+    GetMonitorInfoW(MonitorFromRect(&frame, MONITOR_DEFAULTTONEAREST), &monitor);
+    OffsetRect(&frame, monitor.rcWork.left - frame.left, monitor.rcWork.top - frame.top);
+  }
+  const bool visible = IsWindowVisible(hwnd()) != 0;
+  if (!visible) placement.showCmd = SW_HIDE;
+  SetWindowPlacement(hwnd(), &placement);
+}
+
+void MainWindow::menusChanged() {
+  auto next = std::make_unique<Menu>(form_.menus, Menu::Kind::Bar);
+  SetMenu(hwnd(), next->handle());
+  menu_ = std::move(next);
+  DrawMenuBar(hwnd());
+}
+
+}  // namespace win32

@@ -1,0 +1,62 @@
+// The main window: menu bar, tool bar, tree, code view and status bar around a MainForm.
+#pragma once
+
+#include <functional>
+#include <memory>
+#include <optional>
+#include <vector>
+
+#include "platform/win32/control_peer.h"
+#include "platform/win32/menus.h"
+#include "platform/win32/message_loop.h"
+#include "platform/win32/rich_edit_code_view.h"
+#include "platform/win32/status_peer.h"
+#include "platform/win32/window_base.h"
+#include "ui/main_form.h"
+
+namespace win32 {
+
+class MainWindow final : public WindowBase<MainWindow>, private ui::FormPeer, private ui::MainPeer {
+ public:
+  // Makes the window, hidden. Form and code view outlive it.
+  MainWindow(ui::MainForm& form, RichEditCodeView& view);
+  ~MainWindow();
+
+ private:
+  friend class WindowBase<MainWindow>;
+  LRESULT handle(UINT message, WPARAM wParam, LPARAM lParam);
+  std::optional<LRESULT> handleMenu(UINT message, WPARAM wParam, LPARAM lParam);
+  std::optional<LRESULT> handleSplitter(UINT message, LPARAM lParam);
+  LRESULT handleCommand(WPARAM wParam, LPARAM lParam);
+  bool translate(MSG& message);
+  void makeChildren();
+  void setFonts(int dpi);
+  void layOut();
+  RECT splitter() const;
+  void showContextMenu(POINT screen);
+  void dropFiles(const std::vector<std::string>& paths) { form_.filesDropped(paths); }
+  ControlPeer* peerOf(HWND window) const;
+
+  void captionChanged() override;
+  void close() override;
+  void show() override;
+  void setState(ui::WindowState state) override;
+  ui::WindowPlace place() const override;
+  void setPlace(ui::WindowPlace place) override;
+  void menusChanged() override;
+
+  ui::MainForm& form_;
+  RichEditCodeView& view_;
+  std::optional<LoopWindow> loop_;
+  std::unique_ptr<Menu> menu_;
+  std::vector<std::unique_ptr<ControlPeer>> peers_;
+  StatusPeer* status_ = nullptr;
+  HWND tree_ = nullptr;
+  HWND toolBar_ = nullptr;
+  UniqueFont font_;
+  ui::WindowState state_ = ui::WindowState::Normal;
+  int treeWidth_ = 210;  // in 1/96 inch
+  bool draggingSplitter_ = false;
+};
+
+}  // namespace win32

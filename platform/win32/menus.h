@@ -1,0 +1,52 @@
+// Menus drawn by the program in its own interface font, so that Georgian is readable on any machine.
+#pragma once
+
+#include <deque>
+#include <string>
+#include <vector>
+
+#include "platform/win32/handles.h"
+#include "ui/menu.h"
+
+namespace win32 {
+
+// One line of a menu, as it is drawn.
+struct MenuRow {
+  std::wstring caption;   // "&" before the mnemonic letter
+  std::wstring shortcut;  // shown at the right end
+  bool separator = false;
+  bool inBar = false;
+  bool radio = false;
+};
+
+class Menu {
+ public:
+  enum class Kind { Bar, PopUp };
+  Menu(const std::vector<ui::MenuItem>& items, Kind kind);
+  HMENU handle() const { return menu_.get(); }
+  // Takes over enabled and checked of the items it was made of.
+  void refresh(const std::vector<ui::MenuItem>& items) { refreshItems(menu_.get(), items); }
+  // For a bar that a window shows and destroys.
+  HMENU release() { return menu_.release(); }
+
+ private:
+  void add(HMENU menu, const std::vector<ui::MenuItem>& items, bool bar);
+  static void refreshItems(HMENU menu, const std::vector<ui::MenuItem>& items);
+  UniqueMenu menu_;
+  std::deque<MenuRow> rows_;  // the menu points at them
+};
+
+// For WM_MEASUREITEM and WM_DRAWITEM of a window with such menus: true when it was about a menu.
+bool drawsMenu(HWND window, UINT message, LPARAM lParam);
+// For WM_MENUCHAR.
+LRESULT menuCharacter(HMENU menu, wchar_t character);
+
+// The item with this shortcut, searched in submenus too; 0: none.
+int commandOfShortcut(const std::vector<ui::MenuItem>& items, const ui::Shortcut& pressed);
+// The items with these command ids, in that order (0: a separator); unknown ids are left out.
+std::vector<ui::MenuItem> pickItems(const std::vector<ui::MenuItem>& items, std::initializer_list<int> ids);
+
+// Shows a pop-up menu at a place on the screen; the chosen command, 0: none.
+int showPopup(HWND owner, const std::vector<ui::MenuItem>& items, POINT screen);
+
+}  // namespace win32

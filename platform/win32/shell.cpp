@@ -1,0 +1,47 @@
+#include "platform/win32/shell.h"
+
+#include <shellapi.h>
+
+#include "platform/win32/handles.h"
+#include "platform/win32/strings.h"
+
+namespace win32 {
+
+bool shellOpen(HWND owner, std::string_view path, std::string_view parameters) {
+  const std::wstring wideParameters = wideFromUtf8(parameters);
+  const HINSTANCE result =
+      ShellExecuteW(owner, nullptr, wideFromUtf8(path).c_str(),
+                    wideParameters.empty() ? nullptr : wideParameters.c_str(), nullptr, SW_SHOWNORMAL);
+  return reinterpret_cast<INT_PTR>(result) > 32;  // the call's own way to say yes
+}
+
+bool startProcess(std::string_view commandLine) {
+  std::wstring line = wideFromUtf8(commandLine);  // the call writes into it
+  STARTUPINFOW start{};
+  start.cb = sizeof start;
+  start.dwFlags = STARTF_USESHOWWINDOW;
+  start.wShowWindow = SW_SHOWNORMAL;
+  PROCESS_INFORMATION process{};
+  if (CreateProcessW(nullptr, line.data(), nullptr, nullptr, FALSE, 0, nullptr, nullptr, &start, &process) == 0) {
+    return false;
+  }
+  CloseHandle(process.hThread);
+  CloseHandle(process.hProcess);
+  return true;
+}
+
+void showHelp(HWND owner, std::string_view path, std::string_view topic) {
+  // Not every system has it, so it is looked up when wanted; it stays, since its window does.
+  static const UniqueLibrary viewer(LoadLibraryW(L"hhctrl.ocx"));
+  using HtmlHelp = HWND(WINAPI*)(HWND, LPCWSTR, UINT, DWORD_PTR);
+  const auto htmlHelp = viewer ? reinterpret_cast<HtmlHelp>(
+                                     reinterpret_cast<void*>(GetProcAddress(viewer.get(), "HtmlHelpW")))
+                               : nullptr;
+  if (htmlHelp == nullptr) return;
+  constexpr UINT kDisplayTopic = 0;
+  const std::wstring wideTopic = wideFromUtf8(topic);
+  htmlHelp(owner, wideFromUtf8(path).c_str(), kDisplayTopic,
+           wideTopic.empty() ? 0 : reinterpret_cast<DWORD_PTR>(wideTopic.c_str()));
+}
+
+}  // namespace win32

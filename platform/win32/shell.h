@@ -1,0 +1,15 @@
+// Other programs: opened by the shell, started, or the help viewer. Texts are UTF-8.
+#pragma once
+
+#include <string_view>
+
+#include "platform/win32/windows_api.h"
+
+namespace win32 {
+
+bool shellOpen(HWND owner, std::string_view path, std::string_view parameters);
+bool startProcess(std::string_view commandLine);
+// Nothing happens where the system has no help viewer or the file is missing.
+void showHelp(HWND owner, std::string_view path, std::string_view topic);
+
+}  // namespace win32

@@ -1,0 +1,22 @@
+// The status bar.
+#pragma once
+
+#include "platform/win32/control_peer.h"
+#include "ui/controls.h"
+
+namespace win32 {
+
+class StatusPeer final : public ControlPeer {
+ public:
+  StatusPeer(ui::StatusBar& model, HWND window) : ControlPeer(model, window), bar_(model) {}
+  // Along the bottom of the parent window; divides the panels anew.
+  void fit();
+
+ protected:
+  void show(ui::Aspect what) override;
+
+ private:
+  ui::StatusBar& bar_;
+};
+
+}  // namespace win32

@@ -1,0 +1,32 @@
+// Tree views.
+#pragma once
+
+#include <vector>
+
+#include "platform/win32/control_peer.h"
+#include "platform/win32/subclass.h"
+#include "ui/controls.h"
+
+namespace win32 {
+
+class TreePeer final : public ControlPeer, private Subclass<TreePeer> {
+ public:
+  TreePeer(ui::TreeView& model, HWND window);
+  void detach() override;
+  LRESULT onNotify(const NMHDR& header) override;
+
+ protected:
+  void show(ui::Aspect what) override;
+
+ private:
+  friend class Subclass<TreePeer>;
+  LRESULT handleOf(HWND window, UINT message, WPARAM wParam, LPARAM lParam);
+  void showNodes();
+  void selectUnderPointer();
+  int nodeOf(HTREEITEM item) const;
+
+  ui::TreeView& tree_;
+  std::vector<HTREEITEM> items_;  // by node
+};
+
+}  // namespace win32

@@ -1,0 +1,117 @@
+#include "platform/win32/win32_platform.h"
+
+#include <algorithm>
+
+#include "base/path.h"
+#include "platform/win32/clipboard.h"
+#include "platform/win32/common_dialogs.h"
+#include "platform/win32/fonts.h"
+#include "platform/win32/menus.h"
+#include "platform/win32/message_loop.h"
+#include "platform/win32/pointer.h"
+#include "platform/win32/registry.h"
+#include "platform/win32/resources.h"
+#include "platform/win32/shell.h"
+#include "platform/win32/strings.h"
+
+namespace win32 {
+
+void Win32Platform::showModal(ui::Form& form) {
+  runModal(form);
+}
+
+void Win32Platform::showModeless(ui::Form& form) {
+  for (const auto& host : modeless_) {
+    if (!host->shows(form)) continue;
+    host->show();
+    return;
+  }
+  modeless_.erase(std::remove_if(modeless_.begin(), modeless_.end(),
+                                 [](const auto& host) { return host->window() == nullptr; }),
+                  modeless_.end());
+  modeless_.push_back(std::make_unique<DialogHost>(form, activeWindow(), DialogHost::Kind::Modeless));
+  modeless_.back()->show();
+}
+
+int Win32Platform::popupMenu(const std::vector<ui::MenuItem>& items) {
+  POINT point;
+  GetCursorPos(&point);
+  const HWND focus = GetFocus();
+  RECT place;
+  // By keyboard the pointer may be anywhere: then at the control.
+  if (focus != nullptr && GetWindowRect(focus, &place) != 0 && PtInRect(&place, point) == 0) {
+    point = {place.left + (place.right - place.left) / 4, place.top + (place.bottom - place.top) / 4};
+  }
+  return showPopup(activeWindow(), items, point);
+}
+
+std::vector<std::string> Win32Platform::openFiles(const ui::FileDialog& dialog) {
+  return win32::openFiles(activeWindow(), dialog);
+}
+
+std::optional<std::string> Win32Platform::saveFile(const ui::FileDialog& dialog) {
+  return win32::saveFile(activeWindow(), dialog);
+}
+
+std::optional<std::string> Win32Platform::pickFolder(const ui::Text& title) {
+  return win32::pickFolder(activeWindow(), title);
+}
+
+std::optional<base::Color> Win32Platform::pickColor(base::Color first) {
+  return win32::pickColor(activeWindow(), first);
+}
+
+std::vector<std::string> Win32Platform::fontNames() const {
+  return installedFonts();
+}
+
+std::string Win32Platform::programFolder() const {
+  return base::folderOf(programFile());
+}
+
+std::string Win32Platform::resource(std::string_view name) const {
+  return customResource(name);
+}
+
+std::string Win32Platform::registryValue(std::string_view section, std::string_view key) const {
+  return win32::registryValue(section, key);
+}
+
+void Win32Platform::setRegistryValue(std::string_view section, std::string_view key, std::string_view value) {
+  win32::setRegistryValue(section, key, value);
+}
+
+void Win32Platform::setClipboard(std::string_view bytes) {
+  putClipboardText(activeWindow(), wideFromBytes(bytes));
+}
+
+bool Win32Platform::clipboardHasText() const {
+  return win32::clipboardHasText();
+}
+
+void Win32Platform::setHourglass(bool on) {
+  win32::setHourglass(on);
+}
+
+void Win32Platform::pumpEvents() {
+  pumpMessages();
+}
+
+bool Win32Platform::stopRequested() {
+  // The low bit: pressed since the last question.
+  return GetAsyncKeyState(VK_ESCAPE) != 0;
+}
+
+bool Win32Platform::shellOpen(std::string_view path, std::string_view parameters) {
+  return win32::shellOpen(activeWindow(), path, parameters);
+}
+
+bool Win32Platform::startProcess(std::string_view commandLine) {
+  return win32::startProcess(commandLine);
+}
+
+void Win32Platform::showHelpFile(std::string_view path, std::string_view topic) {
+  showHelp(activeWindow(), path, topic);
+}
+
+}  // namespace win32

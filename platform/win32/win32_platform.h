@@ -1,0 +1,39 @@
+// What the program asks of the machine, done by Win32.
+#pragma once
+
+#include <memory>
+#include <vector>
+
+#include "platform/win32/dialog_host.h"
+#include "ui/platform.h"
+
+namespace win32 {
+
+class Win32Platform final : public ui::Platform {
+ public:
+  void showModal(ui::Form& form) override;
+  void showModeless(ui::Form& form) override;
+  int popupMenu(const std::vector<ui::MenuItem>& items) override;
+  std::vector<std::string> openFiles(const ui::FileDialog& dialog) override;
+  std::optional<std::string> saveFile(const ui::FileDialog& dialog) override;
+  std::optional<std::string> pickFolder(const ui::Text& title) override;
+  std::optional<base::Color> pickColor(base::Color first) override;
+  std::vector<std::string> fontNames() const override;
+  std::string programFolder() const override;
+  std::string resource(std::string_view name) const override;
+  std::string registryValue(std::string_view section, std::string_view key) const override;
+  void setRegistryValue(std::string_view section, std::string_view key, std::string_view value) override;
+  void setClipboard(std::string_view bytes) override;
+  bool clipboardHasText() const override;
+  void setHourglass(bool on) override;
+  void pumpEvents() override;
+  bool stopRequested() override;
+  bool shellOpen(std::string_view path, std::string_view parameters) override;
+  bool startProcess(std::string_view commandLine) override;
+  void showHelpFile(std::string_view path, std::string_view topic) override;
+
+ private:
+  std::vector<std::unique_ptr<DialogHost>> modeless_;
+};
+
+}  // namespace win32

@@ -1,0 +1,116 @@
+// Finding and replacing in byte texts: terms, ranges, the hits of several documents.
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "search/pattern.h"
+
+namespace search {
+
+inline constexpr std::string_view kTermSeparator = "|>";
+
+// The non-empty terms of a find text, in their order.
+std::vector<std::string> splitTerms(std::string_view findText);
+
+// A term as it is looked for. A whole word has one space on each side: at the ends of a text, beside a line
+// end or punctuation it is not found.
+struct Term {
+  Term(const std::string& term, bool wholeWord, Comparison comparison)
+      : pattern(wholeWord ? " " + term + " " : term, comparison), padded(wholeWord) {}
+  Pattern pattern;
+  bool padded;
+};
+std::vector<Term> makeTerms(const std::vector<std::string>& terms, bool wholeWord, Comparison comparison);
+
+enum class Scope : std::uint8_t { WholeText, Selection, BeforeCaret, FromCaret };
+
+// Where an occurrence may start: positions from 0, the end not included.
+struct Range {
+  std::size_t begin;
+  std::size_t end;
+};
+// Clamped to the text. `caret` is the start of the selection where there is one.
+Range rangeOf(Scope scope, std::size_t caret, std::size_t selectionEnd, std::size_t textSize);
+
+// One occurrence; positions from 0, with the padding.
+struct Occurrence {
+  std::size_t position;
+  std::size_t length;
+  bool padded;
+};
+// What of it is selected: the padding is left out.
+struct Selection {
+  int start;
+  int length;
+};
+Selection selectionOf(const Occurrence& occurrence);
+
+// The first occurrence of any term at or behind `from`; of two at one place that of the earlier term.
+std::optional<Occurrence> findNext(std::string_view text, const std::vector<Term>& terms, std::size_t from,
+                                   Range range);
+// The last one that starts before `before`, of those that findAll() would list.
+std::optional<Occurrence> findPrevious(std::string_view text, const std::vector<Term>& terms,
+                                       std::size_t before, Range range);
+
+inline constexpr int kGone = -2;  // in place of the number of a document that is no longer open
+
+struct Hit {
+  int document;           // as the caller numbers them, -1 and above; or kGone
+  std::int32_t position;  // from 1, padding included, like the length
+  std::int32_t length;
+  bool padded;
+};
+
+// The hits of a search, in the order document, term, position. Eight bytes a hit.
+class HitList {
+ public:
+  std::size_t size() const { return places_.size(); }
+  bool empty() const { return places_.empty(); }
+  void clear();
+  Hit operator[](std::size_t hit) const;
+
+  // Adds every occurrence of every term in one document, each behind the end of the one before.
+  void findAll(int document, std::string_view text, const std::vector<Term>& terms, Range range);
+
+  // What to select for a hit in its document's present text. Nothing when the text there, or close around it,
+  // is no longer what it was; a hit that only moved with the end of the text is found again.
+  std::optional<Selection> locate(std::size_t hit, std::string_view text) const;
+
+  // A document left the list: its hits are gone, later documents have moved down.
+  void documentRemoved(int document);
+  void allDocumentsRemoved();
+
+ private:
+  struct Place {
+    std::uint32_t position;  // from 0
+    std::uint32_t mark;      // of the text there and close around
+  };
+  struct Group {  // the hits of one term in one document
+    int document;
+    std::uint32_t length;
+    bool padded;
+    std::size_t textSize;  // when it was searched
+    std::size_t first;     // of its places
+  };
+  const Group& groupOf(std::size_t hit) const;
+
+  std::vector<Group> groups_;
+  std::vector<Place> places_;
+};
+
+// Exchanges every occurrence that lies in `part`; the rest of the text stays. Nothing when there is none.
+// Needs no memory but the result's. Throws base::Error(OutOfMemory) when that cannot be a document.
+struct Replaced {
+  std::string text;
+  std::size_t count;
+  std::size_t partSize;  // of what stands in the part's place now
+};
+std::optional<Replaced> replaceAll(std::string_view text, const Pattern& pattern,
+                                   std::string_view replacement, Range part);
+
+}  // namespace search

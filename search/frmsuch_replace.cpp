@@ -1,0 +1,130 @@
+// Replacing: one hit, all hits of a document or of all documents, and taking the last back.
+#include <algorithm>
+
+#include "app/mdlsaerto.h"
+#include "app/progress.h"
+#include "search/busy.h"
+#include "search/frmsuch.h"
+
+namespace search {
+
+using ui::operator""_keyboard;
+
+void frmsuch::Ccvla_Click() {
+  if (busy_) return;
+  if (T1_.selLength() > 0) {
+    const std::int32_t start = T1_.selStart();
+    const std::int32_t end = start + T1_.selLength();
+    const std::string replacement = searched(Tcvla.text());
+    const auto size = static_cast<std::int32_t>(replacement.size());
+    T1_.replaceSelection(replacement);
+    T1_.select(start, size);
+    for (std::int32_t* place : {&caretStart, &selectionEnd, &nextPos}) {
+      if (*place >= end) *place += start + size - end;
+    }
+    sizeAtStep_ = T1_.text().size();
+  }
+  findNext();
+}
+
+// One hit is not replaced: there must be at least two.
+void frmsuch::Calcvla_Click() {
+  if (busy_ || Text1.text().empty()) return;
+  remember();
+  const Busy busy(busy_);
+  suchen();
+  const std::size_t found = stopped_ ? 0 : hits.size();
+  hits.clear();
+  List1.setItems({});
+  nextPos = -1;
+  if (found <= 1) {
+    lbinf.setCaption("araferi ar Seicvala"_keyboard);
+    return;
+  }
+  // The term itself, without the spaces of a whole word.
+  const Pattern pattern(searched(Text1.text()), comparison());
+  const std::string replacement = searched(Tcvla.text());
+  oldTexts_.clear();
+  if (allFiles()) {
+    replaceInAll(pattern, replacement);
+  } else {
+    replaceInShown(pattern, replacement);
+  }
+  lbinf.setCaption({std::to_string(found) + " Seicvala", ui::TextKind::Keyboard});
+}
+
+void frmsuch::replaceInShown(const Pattern& pattern, const std::string& replacement) {
+  const std::string& text = T1_.text();
+  setRange(text.size());
+  auto result = replaceAll(text, pattern, replacement, range());
+  if (!result) return;
+  const auto partSize = static_cast<std::int32_t>(result->partSize);
+  setText(bench_.shownIndex(), std::move(result->text));
+  if (scope == Scope::Selection) {
+    T1_.select(rangeStart, partSize);
+    selectionEnd = rangeStart + partSize;
+  }
+}
+
+void frmsuch::replaceInAll(const Pattern& pattern, const std::string& replacement) {
+  targets_ = targets();
+  app::Progress progress(bench_.platform(), panel(), targets_.size());
+  for (std::size_t i = 0; i < targets_.size() && progress.step(""); ++i) {
+    if (targets_[i] == kGone) continue;  // closed during the step
+    replaceIn(static_cast<std::int16_t>(targets_[i]), pattern, replacement);
+  }
+  targets_.clear();
+}
+
+void frmsuch::replaceIn(std::int16_t document, const Pattern& pattern, const std::string& replacement) {
+  const std::string& text = bench_.documentText(document);
+  const Range whole{0, text.size()};
+  auto result = replaceAll(text, pattern, replacement, whole);
+  if (!result) return;
+  OldTexts::Entry old{document, {}, true, OldTexts::hashOf(result->text)};
+  if (document == bench_.shownIndex()) {
+    old.text = text;
+  } else {
+    // Taken out, not copied: a large document is not held a third time.
+    app::Ithem& record = bench_.documents().Item(document);
+    old.text = std::move(record.Value);
+    old.changed = record.Changed;
+  }
+  setText(document, std::move(result->text));
+  oldTexts_.keep(std::move(old));
+}
+
+void frmsuch::setText(std::int16_t document, std::string text) {
+  const bool shown = document == bench_.shownIndex();
+  const int start = T1_.selStart(), length = T1_.selLength();
+  bench_.setDocumentText(document, std::move(text));
+  if (shown) T1_.select(start, length);
+}
+
+void frmsuch::undoReplace() {
+  if (busy_) return;
+  std::size_t restored = 0;
+  std::string kept;
+  for (OldTexts::Entry& entry : oldTexts_.take()) {
+    const auto document = static_cast<std::int16_t>(entry.document);
+    const std::string& text = bench_.documentText(document);
+    if (text == entry.text) continue;  // undone already
+    if (OldTexts::hashOf(text) != entry.newHash) {
+      kept += bench_.documents().Item(document).FileTitle + "\r\n";
+      oldTexts_.keep(std::move(entry));
+      continue;
+    }
+    setText(document, std::move(entry.text));
+    if (document != bench_.shownIndex()) bench_.documents().Item(document).Changed = entry.changed;
+    ++restored;
+  }
+  bench_.setPanel("kMain", "ძველი ტექსტი დაუბრუნდა ფაილებს: " + std::to_string(restored));
+  if (!kept.empty()) {
+    app::messageBox(
+        bench_.platform(),
+        "ეს ფაილები შეცვლის შემდეგ კიდევ შეიცვალა და ისეთივე დარჩა, როგორიც ახლაა:\r\n\r\n" + kept,
+        caption());
+  }
+}
+
+}  // namespace search

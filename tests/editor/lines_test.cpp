@@ -1,0 +1,222 @@
+#include <gtest/gtest.h>
+
+#include <algorithm>
+
+#include "editor/editor.h"
+#include "editor/line_group.h"
+#include "editor/markup.h"
+#include "editor/reflow.h"
+#include "tests/support/main_window.h"
+#include "tests/support/random_html.h"
+
+namespace {
+
+using ui::operator""_keyboard;
+
+const ui::Text kHowMany = "mieci xazebis raodenoba."_keyboard;
+const ui::Text kTooFew = "xazebis raodenoba naklebia dayofis raodenobaze."_keyboard;
+
+std::string withoutBlanks(std::string text) {
+  std::erase_if(text, [](char c) { return c == ' ' || c == '\t' || c == '\r' || c == '\n'; });
+  return text;
+}
+
+std::string rewrapAll(const std::string& text, int length) {
+  return editor::rewrap(text, {0, text.size()}, length);
+}
+
+TEST(LineGroup, SeparatorAfterEveryNthLine) {
+  using editor::groupLines;
+  EXPECT_EQ(groupLines("1\r\n2\r\n3\r\n4", 2, "<HR>"), "1\r\n2\r\n<HR>\r\n3\r\n4\r\n<HR>");
+  EXPECT_EQ(groupLines("1\r\n2\r\n3\r\n4\r\n5", 2, "-"), "1\r\n2\r\n-\r\n3\r\n4\r\n-\r\n5");
+  EXPECT_EQ(groupLines("1\r\n2", 1, "-"), "1\r\n-\r\n2\r\n-");
+  EXPECT_EQ(groupLines("1\r\n2\r\n", 2, "-"), "1\r\n2\r\n-\r\n");
+  EXPECT_EQ(groupLines("1\r\n2", 2, "-"), std::nullopt) << "as many lines as asked for are too few";
+  EXPECT_EQ(groupLines("1\n2\n3\n4", 2, "-"), std::nullopt) << "lines end with CR LF";
+}
+
+TEST(LineGroup, AnswersAsNumbers) {
+  for (const auto& [answer, number] : std::vector<std::pair<const char*, int>>{{"5", 5},
+                                                                               {" 7 ", 7},
+                                                                               {"x", 0},
+                                                                               {"", 0},
+                                                                               {"5x", 0},
+                                                                               {"-3", 0},
+                                                                               {"2.6", 3},
+                                                                               {"2.5", 2},
+                                                                               {"99999", 32767},
+                                                                               {"nan", 0}}) {
+    EXPECT_EQ(editor::lineCount(answer), number) << answer;
+  }
+}
+
+TEST(Reflow, GoldenCases) {
+  struct Case {
+    const char* name;
+    int length;
+    std::string before, after;
+  };
+  const Case cases[] = {
+      {"long line", 10, "aaa bbb ccc ddd", "aaa bbb\r\nccc ddd"},
+      {"exactly as long", 11, "aaa bbb ccc", "aaa bbb ccc"},
+      {"short lines are joined", 20, "aaa\r\nbbb\r\nccc", "aaa bbb ccc"},
+      {"long word alone", 10, "a bbbbbbbbbbbbbb c", "a\r\nbbbbbbbbbbbbbb\r\nc"},
+      {"empty line parts", 20, "aaa\r\n\r\nbbb\r\nccc", "aaa\r\n\r\nbbb ccc"},
+      {"never in a tag", 10, "x <A HREF=\"a b\" NAME=c>y z</A>", "x\r\n<A HREF=\"a b\" NAME=c>y\r\nz</A>"},
+      {"inline tags flow", 12, "aa <B>bb</B>\r\ncc <I>d</I>", "aa <B>bb</B>\r\ncc <I>d</I>"},
+      {"block tags keep their lines", 40, "<TR>\r\n<TD>a\r\nb\r\n</TR>", "<TR>\r\n<TD>a b\r\n</TR>"},
+      {"line break tag ends a line", 40, "a<BR>\r\nb\r\nc", "a<BR>\r\nb c"},
+      {"preformatted stays", 10, "<PRE>a b c d e f g h\r\ni</PRE>\r\nx",
+       "<PRE>a b c d e f g h\r\ni</PRE>\r\nx"},
+      {"script stays", 10, "<SCRIPT>\r\n// aa bb cc dd\r\nx;\r\n</SCRIPT>",
+       "<SCRIPT>\r\n// aa bb cc dd\r\nx;\r\n</SCRIPT>"},
+      {"comment stays", 10, "<!-- aa bb cc dd ee -->\r\nf\r\ng", "<!-- aa bb cc dd ee -->\r\nf g"},
+      {"indent goes on", 12, "   aaa bbb ccc", "   aaa bbb\r\n   ccc"},
+      {"second line's indent", 12, "   aaa bbb\r\nccc ddd eee", "   aaa bbb\r\nccc ddd eee"},
+      {"inner blanks stay", 20, "a  b\tc", "a  b\tc"},
+      {"LF page", 10, "aaa bbb ccc\nddd", "aaa bbb\nccc ddd"},
+      {"blanks at the end", 10, "aaa  \r\n", "aaa  \r\n"},
+      {"only blanks", 10, " \r\n ", " \r\n "},
+  };
+  for (const Case& c : cases) EXPECT_EQ(rewrapAll(c.before, c.length), c.after) << c.name;
+}
+
+// The pieces that must not change, in order, found by the scanner in the text before.
+std::vector<std::string> untouchable(const std::string& text) {
+  std::vector<std::string> all;
+  for (const editor::Piece& piece : editor::scanMarkup(text)) {
+    if (piece.kind != editor::Piece::Kind::Text)
+      all.push_back(text.substr(piece.start, piece.end - piece.start));
+  }
+  return all;
+}
+
+TEST(Reflow, LosesNothingAndBreaksNoTag) {
+  std::mt19937 random(11);  // NOLINT: the same pages in every run
+  for (int run = 0; run < 3000; ++run) {
+    const std::string text = tests::randomHtml(random, random() % 400);
+    const auto start = random() % (text.size() + 1), length = random() % (text.size() - start + 1);
+    const editor::LineRange range = editor::linesOf(text, start, length);
+    ASSERT_LE(range.start, length == 0 ? 0 : start);
+    ASSERT_GE(range.end, start + length);
+    const std::string wrapped = editor::rewrap(text, range, 10 + static_cast<int>(random() % 60));
+    const std::string indented = editor::indentParagraphs(text, range, 3 + static_cast<int>(random() % 17));
+    for (const std::string& changed : {wrapped, indented}) {
+      ASSERT_EQ(withoutBlanks(changed), withoutBlanks(text)) << text;
+      ASSERT_EQ(untouchable(changed), untouchable(text)) << text;
+      ASSERT_EQ(changed.substr(0, range.start), text.substr(0, range.start));
+      const std::size_t behind = text.size() - range.end;
+      ASSERT_EQ(changed.substr(changed.size() - behind), text.substr(range.end)) << text;
+    }
+    const std::size_t moved = editor::samePlace(text, start, wrapped);
+    ASSERT_EQ(withoutBlanks(wrapped.substr(0, moved)), withoutBlanks(text.substr(0, start)));
+  }
+}
+
+TEST(Reflow, LinesHaveTheLength) {
+  std::string text;
+  for (int i = 0; i < 2000; ++i) text += "word" + std::to_string(i) + (i % 7 == 0 ? "\r\n" : " ");
+  for (const int length : {10, 40, 300}) {
+    const std::string wrapped = rewrapAll(text, length);
+    std::size_t from = 0;
+    for (std::size_t end; (end = wrapped.find("\r\n", from)) != std::string::npos; from = end + 2) {
+      ASSERT_LE(end - from, static_cast<std::size_t>(length));
+      // The next word would not have fitted.
+      const std::size_t next = wrapped.find_first_of(" \r", end + 2);
+      if (next != std::string::npos) {
+        ASSERT_GT(end - from + 1 + next - end - 2, static_cast<std::size_t>(length));
+      }
+    }
+    EXPECT_EQ(rewrapAll(wrapped, length), wrapped);
+  }
+}
+
+TEST(Reflow, BrokenPagesTakeNoLonger) {
+  for (const char* part : {"<a x=\"", "<a x='>\" ", "<", "<a=\">\" '", "</", "<!--", "\r\n<b"}) {
+    std::string text;
+    while (text.size() < (2U << 20)) text += part;
+    EXPECT_EQ(withoutBlanks(rewrapAll(text, 80)).size(), withoutBlanks(text).size());
+  }
+}
+
+TEST(ParagraphIndent, FirstLinesOnly) {
+  const auto indent = [](const std::string& text, int spaces) {
+    return editor::indentParagraphs(text, {0, text.size()}, spaces);
+  };
+  EXPECT_EQ(indent("aa\r\nbb\r\n\r\n\tcc\r\ndd", 3), "   aa\r\nbb\r\n\r\n   cc\r\ndd");
+  EXPECT_EQ(indent("\r\n     aa", 4), "\r\n    aa");
+  EXPECT_EQ(indent("<PRE>a\r\n\r\nb</PRE>", 3), "   <PRE>a\r\n\r\nb</PRE>");
+  EXPECT_EQ(indent("<!-- a -->\r\n\r\nb", 3), "<!-- a -->\r\n\r\n   b");
+  EXPECT_EQ(indent("   aa", 3), "   aa");
+  EXPECT_EQ(editor::indentParagraphs("aa\r\nbb\r\ncc", {4, 6}, 3), "aa\r\n   bb\r\ncc");
+}
+
+class Lines : public tests::MainWindowTest {
+ protected:
+  editor::Editor editor_{*H};
+};
+
+TEST_F(Lines, GroupingAsksTwice) {
+  T1.load("1\r\n2\r\n3\r\n4");
+  T1.select(4, 0);
+  platform.modal.push_back([](ui::Form& form) {
+    auto& box = dynamic_cast<app::frmBOXa&>(form);
+    EXPECT_EQ(box.LBtext.caption(), kHowMany);
+    box.Tanswer.userSet("2");
+    box.COK.click();
+  });
+  expectInput("<HR> Ü");
+  ASSERT_TRUE(H->runCommand(mnulinesnaid));
+  EXPECT_EQ(T1.text(), "1\r\n2\r\n<HR> \xDC\r\n3\r\n4\r\n<HR> \xDC");
+  EXPECT_EQ(T1.selStart(), 4);
+  EXPECT_EQ(T1.selLength(), 6);
+  T1.undo();
+  EXPECT_EQ(T1.text(), "1\r\n2\r\n3\r\n4");
+
+  expectInput("x");
+  H->runCommand(mnulinesnaid);  // no number: silence
+  expectInput("4");
+  expectInput("-");
+  expectBox("სტრიქონების დაყოფა", kTooFew, app::kAnswerOk);
+  H->runCommand(mnulinesnaid);
+  EXPECT_EQ(T1.text(), "1\r\n2\r\n3\r\n4");
+  T1.load("");
+  EXPECT_FALSE(H->runCommand(mnulinesnaid));
+}
+
+TEST_F(Lines, LengthIsOneStepAndKeepsThePlace) {
+  T1.load("aaa bbb ccc ddd");
+  T1.select(9, 0);
+  expectInput("10");
+  ASSERT_TRUE(H->runCommand(mnulinelength));
+  EXPECT_EQ(T1.text(), "aaa bbb\r\nccc ddd");
+  EXPECT_EQ(T1.selStart(), 10);
+  T1.undo();
+  EXPECT_EQ(T1.text(), "aaa bbb ccc ddd");
+  for (const char* wrong : {"9", "301", "x"}) {
+    expectInput(wrong);
+    expectBoxWith("10-დან 300-მდე", app::kAnswerOk);
+    H->runCommand(mnulinelength);
+  }
+  EXPECT_EQ(T1.text(), "aaa bbb ccc ddd");
+  T1.load("one\r\ntwo\r\nthree\r\nfour");
+  T1.select(6, 4);  // in "two" and "three"
+  expectInput("40");
+  H->runCommand(mnulinelength);
+  EXPECT_EQ(T1.text(), "one\r\ntwo three\r\nfour");
+  EXPECT_EQ(T1.selText(), "two three");
+}
+
+TEST_F(Lines, IndentHasItsLimits) {
+  T1.load("a\r\n\r\nb");
+  expectInput("20");
+  ASSERT_TRUE(H->runCommand(mnuparindent));
+  EXPECT_EQ(T1.text(), std::string(20, ' ') + "a\r\n\r\n" + std::string(20, ' ') + "b");
+  for (const char* wrong : {"2", "21"}) {
+    expectInput(wrong);
+    expectBoxWith("3-დან 20-მდე", app::kAnswerOk);
+    H->runCommand(mnuparindent);
+  }
+}
+
+}  // namespace

@@ -1,0 +1,497 @@
+#include "tests/gui/driver.h"
+
+#include <commctrl.h>
+
+#include <chrono>
+#include <fstream>
+#include <system_error>
+
+#include "base/cp1252.h"
+#include "resources/ids.h"
+
+namespace gui {
+namespace {
+
+constexpr int kFileNameOfCommonDialog = 0x47c;
+
+// Memory of another process, for messages that carry pointers.
+class RemoteMemory {
+ public:
+  RemoteMemory(HWND window, std::size_t size) : size_(size) {
+    DWORD id = 0;
+    GetWindowThreadProcessId(window, &id);
+    process_ = OpenProcess(PROCESS_VM_OPERATION | PROCESS_VM_READ | PROCESS_VM_WRITE, FALSE, id);
+    address_ = process_ == nullptr
+                   ? nullptr
+                   : VirtualAllocEx(process_, nullptr, size, MEM_COMMIT | MEM_RESERVE, PAGE_READWRITE);
+    if (address_ == nullptr) throw Failure("no memory in the program");
+  }
+  RemoteMemory(const RemoteMemory&) = delete;
+  RemoteMemory& operator=(const RemoteMemory&) = delete;
+  ~RemoteMemory() {
+    VirtualFreeEx(process_, address_, 0, MEM_RELEASE);
+    CloseHandle(process_);
+  }
+
+  template <class T>
+  T* as(std::size_t offset = 0) const {
+    return reinterpret_cast<T*>(static_cast<char*>(address_) + offset);
+  }
+  template <class T>
+  void put(const T& value) const {
+    if (!WriteProcessMemory(process_, address_, &value, sizeof value, nullptr)) throw Failure("cannot write");
+  }
+  template <class T>
+  T get() const {
+    T value;
+    if (!ReadProcessMemory(process_, address_, &value, sizeof value, nullptr)) throw Failure("cannot read");
+    return value;
+  }
+  std::wstring string(std::size_t offset, std::size_t length) const {
+    std::wstring text(length, L'\0');
+    if (!ReadProcessMemory(process_, as<char>(offset), text.data(), length * sizeof(wchar_t), nullptr)) {
+      throw Failure("cannot read");
+    }
+    return text;
+  }
+
+ private:
+  HANDLE process_;
+  void* address_;
+  std::size_t size_;
+};
+
+// A message that must be answered: a program that hangs fails the test instead of stopping it.
+LRESULT send(HWND window, UINT message, WPARAM first = 0, LPARAM second = 0) {
+  DWORD_PTR answer = 0;
+  if (SendMessageTimeoutW(window, message, first, second, SMTO_NORMAL, 60'000, &answer) == 0) {
+    throw Failure("the window does not answer message " + std::to_string(message));
+  }
+  return static_cast<LRESULT>(answer);
+}
+
+template <class T>
+LPARAM pointer(T* address) {
+  return reinterpret_cast<LPARAM>(address);
+}
+
+std::wstring windowText(HWND window) {
+  std::wstring text(static_cast<std::size_t>(send(window, WM_GETTEXTLENGTH)) + 1, L'\0');
+  text.resize(static_cast<std::size_t>(send(window, WM_GETTEXT, text.size(), pointer(text.data()))));
+  return text;
+}
+
+std::wstring className(HWND window) {
+  wchar_t name[256];
+  return {name, static_cast<std::size_t>(GetClassNameW(window, name, 256))};
+}
+
+struct Search {
+  DWORD process = 0;
+  int id = 0;
+  std::wstring notClass;
+  HWND found = nullptr;
+};
+
+BOOL CALLBACK findChild(HWND window, LPARAM parameter) {
+  auto& search = *reinterpret_cast<Search*>(parameter);
+  if (GetDlgCtrlID(window) != search.id) return TRUE;
+  search.found = window;
+  return FALSE;
+}
+
+BOOL CALLBACK findMain(HWND window, LPARAM parameter) {
+  auto& search = *reinterpret_cast<Search*>(parameter);
+  DWORD process = 0;
+  GetWindowThreadProcessId(window, &process);
+  if ((search.process != 0 && process != search.process) || !IsWindowVisible(window) ||
+      className(window) != L"FrmH") {
+    return TRUE;
+  }
+  search.found = window;
+  return FALSE;
+}
+
+BOOL CALLBACK findDialog(HWND window, LPARAM parameter) {
+  auto& search = *reinterpret_cast<Search*>(parameter);
+  DWORD process = 0;
+  GetWindowThreadProcessId(window, &process);
+  const std::wstring name = className(window);
+  if (process != search.process || !IsWindowVisible(window) || !IsWindowEnabled(window) ||
+      GetWindow(window, GW_OWNER) == nullptr || name == L"FrmH" || name.find(L"tooltips") == 0 ||
+      (GetWindowLongW(window, GWL_STYLE) & WS_CAPTION) != WS_CAPTION) {
+    return TRUE;
+  }
+  search.found = window;
+  return FALSE;
+}
+
+HWND child(HWND window, int id) {
+  Search search;
+  search.id = id;
+  EnumChildWindows(window, findChild, pointer(&search));
+  return search.found;
+}
+
+char byteOf(wchar_t character) {
+  switch (character) {  // what the code view puts in place of bytes that its control cannot hold
+    case 0xE000:
+      return '\0';
+    case 0xE00A:
+      return '\n';
+    case 0xE00D:
+      return '\r';
+  }
+  const auto byte = base::byteOfChar(static_cast<char32_t>(character));
+  if (!byte) throw Failure("the code view holds U+" + std::to_string(static_cast<unsigned>(character)));
+  return static_cast<char>(*byte);
+}
+
+}  // namespace
+
+std::wstring wide(std::string_view utf8) {
+  const int size = static_cast<int>(utf8.size());
+  std::wstring result(
+      static_cast<std::size_t>(MultiByteToWideChar(CP_UTF8, 0, utf8.data(), size, nullptr, 0)), 0);
+  MultiByteToWideChar(CP_UTF8, 0, utf8.data(), size, result.data(), static_cast<int>(result.size()));
+  return result;
+}
+
+std::string utf8(std::wstring_view wide) {
+  const int size = static_cast<int>(wide.size());
+  std::string result(static_cast<std::size_t>(
+                         WideCharToMultiByte(CP_UTF8, 0, wide.data(), size, nullptr, 0, nullptr, nullptr)),
+                     0);
+  WideCharToMultiByte(CP_UTF8, 0, wide.data(), size, result.data(), static_cast<int>(result.size()), nullptr,
+                      nullptr);
+  return result;
+}
+
+void waitFor(const std::string& what, const std::function<bool()>& condition, double seconds) {
+  const auto end = std::chrono::steady_clock::now() + std::chrono::duration<double>(seconds);
+  while (!condition()) {
+    if (std::chrono::steady_clock::now() > end) throw Failure("waited in vain for: " + what);
+    Sleep(15);
+  }
+}
+
+void writeBytes(const std::filesystem::path& path, std::string_view bytes) {
+  std::ofstream file(path, std::ios::binary);
+  file.write(bytes.data(), static_cast<std::streamsize>(bytes.size()));
+  file.close();
+  if (!file) throw Failure("cannot write " + utf8(path.wstring()));
+}
+
+std::string readBytes(const std::filesystem::path& path) {
+  std::ifstream file(path, std::ios::binary);
+  return {std::istreambuf_iterator<char>(file), {}};
+}
+
+void setClipboard(std::wstring_view text) {
+  waitFor("the clipboard", [] { return OpenClipboard(nullptr) != FALSE; });
+  EmptyClipboard();
+  HGLOBAL memory = GlobalAlloc(GMEM_MOVEABLE, (text.size() + 1) * sizeof(wchar_t));
+  auto* copy = static_cast<wchar_t*>(GlobalLock(memory));
+  text.copy(copy, text.size());
+  copy[text.size()] = 0;
+  GlobalUnlock(memory);
+  SetClipboardData(CF_UNICODETEXT, memory);
+  CloseClipboard();
+}
+
+std::wstring clipboard() {
+  waitFor("the clipboard", [] { return OpenClipboard(nullptr) != FALSE; });
+  std::wstring text;
+  if (HANDLE memory = GetClipboardData(CF_UNICODETEXT)) {
+    text = static_cast<const wchar_t*>(GlobalLock(memory));
+    GlobalUnlock(memory);
+  }
+  CloseClipboard();
+  return text;
+}
+
+Folder::Folder(const std::wstring& name) {
+  static int count = 0;
+  path = std::filesystem::temp_directory_path() /
+         (name + L"-" + std::to_wstring(GetCurrentProcessId()) + L"-" + std::to_wstring(++count));
+  std::filesystem::create_directories(path);
+}
+
+Folder::~Folder() {
+  std::error_code ignored;
+  std::filesystem::remove_all(path, ignored);
+}
+
+std::string Dialog::title() const {
+  return utf8(windowText(window_));
+}
+
+std::string Dialog::text(int control) const {
+  const HWND found = child(window_, control);
+  if (found == nullptr) throw Failure("the dialog has no control " + std::to_string(control));
+  return utf8(windowText(found));
+}
+
+void Dialog::press(int button) const {
+  const HWND found = child(window_, button);
+  if (found == nullptr || !IsWindowVisible(found))
+    throw Failure("the dialog shows no button " + std::to_string(button));
+  PostMessageW(window_, WM_COMMAND, MAKEWPARAM(button, BN_CLICKED), pointer(found));
+  waitFor("the dialog to close", [this] { return !IsWindow(window_) || !IsWindowVisible(window_); });
+}
+
+void Dialog::chooseFile(const std::filesystem::path& path) const {
+  const std::wstring name = path.wstring();
+  waitFor("the file name field", [this] { return child(window_, kFileNameOfCommonDialog) != nullptr; });
+  send(child(window_, kFileNameOfCommonDialog), WM_SETTEXT, 0, pointer(name.c_str()));
+  PostMessageW(window_, WM_COMMAND, IDOK, 0);
+  waitFor("the file dialog to close", [this] { return !IsWindow(window_) || !IsWindowVisible(window_); });
+}
+
+Zervo::Zervo(const std::filesystem::path& program, const std::wstring& arguments) {
+  std::wstring line = L"\"" + program.wstring() + L"\"" + (arguments.empty() ? L"" : L" " + arguments);
+  STARTUPINFOW start = {};
+  start.cb = sizeof start;
+  PROCESS_INFORMATION made = {};
+  if (!CreateProcessW(nullptr, line.data(), nullptr, nullptr, FALSE, 0, nullptr,
+                      program.parent_path().c_str(), &start, &made)) {
+    throw Failure("cannot start " + utf8(program.wstring()) + ": error " + std::to_string(GetLastError()));
+  }
+  CloseHandle(made.hThread);
+  process_ = made.hProcess;
+  ours_ = true;
+  try {
+    WaitForInputIdle(process_, 30'000);
+    waitFor("the main window", [this] {
+      if (!alive()) throw Failure("the program ended at once");
+      findWindow();
+      return window_ != nullptr;
+    });
+  } catch (...) {
+    TerminateProcess(process_, 99);
+    CloseHandle(process_);
+    throw;
+  }
+}
+
+Zervo Zervo::started(const std::filesystem::path& program, const std::wstring& arguments) {
+  Zervo zervo(program, arguments);
+  zervo.ours_ = false;
+  return zervo;
+}
+
+Zervo Zervo::running() {
+  Zervo found;
+  waitFor("a main window", [&] {
+    found.findWindow();
+    return found.window_ != nullptr;
+  });
+  DWORD id = 0;
+  GetWindowThreadProcessId(found.window_, &id);
+  found.process_ = OpenProcess(SYNCHRONIZE | PROCESS_QUERY_INFORMATION, FALSE, id);
+  return found;
+}
+
+Zervo::Zervo(Zervo&& other) noexcept : process_(other.process_), window_(other.window_), ours_(other.ours_) {
+  other.process_ = nullptr;
+  other.ours_ = false;
+}
+
+Zervo::~Zervo() {
+  if (ours_ && alive()) {
+    TerminateProcess(process_, 99);
+    WaitForSingleObject(process_, 10'000);
+  }
+  if (process_ != nullptr) CloseHandle(process_);
+}
+
+void Zervo::findWindow() {
+  Search search;
+  search.process = process_ == nullptr ? 0 : GetProcessId(process_);
+  EnumWindows(findMain, pointer(&search));
+  window_ = search.found;
+}
+
+HWND Zervo::control(int id) const {
+  const HWND found = child(window_, id);
+  if (found == nullptr) throw Failure("the main window has no control " + std::to_string(id));
+  return found;
+}
+
+std::string Zervo::caption() const {
+  return utf8(windowText(window_));
+}
+
+void Zervo::command(int id) const {
+  PostMessageW(window_, WM_COMMAND, static_cast<WPARAM>(id), 0);
+}
+
+std::string Zervo::text() const {
+  // The control counts a line end as one, and every one may become two.
+  const HWND view = control(IDC_FrmH_T1);
+  GETTEXTLENGTHEX count = {GTL_NUMCHARS | GTL_USECRLF | GTL_PRECISE, 1200};
+  const RemoteMemory question(view, sizeof count);
+  question.put(count);
+  const auto length =
+      static_cast<std::size_t>(send(view, EM_GETTEXTLENGTHEX, reinterpret_cast<WPARAM>(question.as<char>())));
+  GETTEXTEX how = {};
+  how.cb = static_cast<DWORD>((length + 1) * sizeof(wchar_t));
+  how.flags = GT_USECRLF;
+  how.codepage = 1200;
+  const RemoteMemory memory(view, sizeof how + how.cb);
+  memory.put(how);
+  const auto got = static_cast<std::size_t>(send(
+      view, EM_GETTEXTEX, reinterpret_cast<WPARAM>(memory.as<char>()), pointer(memory.as<char>(sizeof how))));
+  std::string bytes;
+  for (const wchar_t character : memory.string(sizeof how, got)) bytes += byteOf(character);
+  return bytes;
+}
+
+void Zervo::waitForText(const std::string& bytes) const {
+  std::string seen;
+  try {
+    waitFor(
+        "the text", [&] { return (seen = text()) == bytes; }, 15);
+  } catch (const Failure&) {
+    throw Failure("the code view shows\n" + seen + "\ninstead of\n" + bytes);
+  }
+}
+
+void Zervo::select(int start, int end) const {
+  const HWND view = control(IDC_FrmH_T1);
+  const RemoteMemory memory(view, sizeof(CHARRANGE));
+  memory.put(CHARRANGE{start, end});
+  send(view, EM_EXSETSEL, 0, pointer(memory.as<CHARRANGE>()));
+}
+
+CHARRANGE Zervo::selection() const {
+  const HWND view = control(IDC_FrmH_T1);
+  const RemoteMemory memory(view, sizeof(CHARRANGE));
+  memory.put(CHARRANGE{});
+  send(view, EM_EXGETSEL, 0, pointer(memory.as<CHARRANGE>()));
+  return memory.get<CHARRANGE>();
+}
+
+void Zervo::type(wchar_t character) const {
+  PostMessageW(control(IDC_FrmH_T1), WM_CHAR, character, 1);
+}
+
+namespace {
+
+constexpr std::size_t kMaxTitle = 400;
+
+struct Node {
+  HTREEITEM item;
+  int depth;
+  std::string title;
+};
+
+void addNodes(HWND tree, const RemoteMemory& memory, HTREEITEM item, int depth, std::vector<Node>& nodes) {
+  for (; item != nullptr;
+       item = reinterpret_cast<HTREEITEM>(send(tree, TVM_GETNEXTITEM, TVGN_NEXT, pointer(item)))) {
+    TVITEMW question = {};
+    question.mask = TVIF_TEXT | TVIF_HANDLE;
+    question.hItem = item;
+    question.pszText = memory.as<wchar_t>(sizeof question);
+    question.cchTextMax = kMaxTitle;
+    memory.put(question);
+    send(tree, TVM_GETITEMW, 0, pointer(memory.as<TVITEMW>()));
+    const std::wstring text = memory.string(sizeof question, kMaxTitle);
+    nodes.push_back({item, depth, utf8(text.substr(0, text.find(L'\0')))});
+    addNodes(tree, memory,
+             reinterpret_cast<HTREEITEM>(send(tree, TVM_GETNEXTITEM, TVGN_CHILD, pointer(item))), depth + 1,
+             nodes);
+  }
+}
+
+std::vector<Node> nodesOf(HWND tree) {
+  const RemoteMemory memory(tree, sizeof(TVITEMW) + kMaxTitle * sizeof(wchar_t));
+  std::vector<Node> nodes;
+  addNodes(tree, memory, reinterpret_cast<HTREEITEM>(send(tree, TVM_GETNEXTITEM, TVGN_ROOT)), 0, nodes);
+  return nodes;
+}
+
+}  // namespace
+
+std::vector<std::string> Zervo::tree() const {
+  std::vector<std::string> titles;
+  for (const Node& node : nodesOf(control(IDC_FrmH_TV))) {
+    titles.push_back(std::string(static_cast<std::size_t>(2 * node.depth), ' ') + node.title);
+  }
+  return titles;
+}
+
+void Zervo::clickNode(const std::string& title) const {
+  const HWND tree = control(IDC_FrmH_TV);
+  for (const Node& node : nodesOf(tree)) {
+    if (node.title != title || node.depth == 0) continue;
+    send(tree, TVM_ENSUREVISIBLE, 0, pointer(node.item));
+    union {  // the question is written where the answer comes
+      HTREEITEM item;
+      RECT place;
+    } area = {};
+    area.item = node.item;
+    const RemoteMemory memory(tree, sizeof area);
+    memory.put(area);
+    if (send(tree, TVM_GETITEMRECT, TRUE, pointer(memory.as<RECT>())) == 0)
+      throw Failure("the node is hidden: " + title);
+    const RECT place = memory.get<RECT>();
+    const LPARAM point = MAKELPARAM((place.left + place.right) / 2, (place.top + place.bottom) / 2);
+    PostMessageW(tree, WM_LBUTTONDOWN, MK_LBUTTON, point);
+    PostMessageW(tree, WM_LBUTTONUP, 0, point);
+    return;
+  }
+  throw Failure("the tree has no node " + title);
+}
+
+std::string Zervo::status(int panel) const {
+  const HWND bar = control(IDC_FrmH_Status);
+  const auto length =
+      static_cast<std::size_t>(LOWORD(send(bar, SB_GETTEXTLENGTHW, static_cast<WPARAM>(panel))));
+  const RemoteMemory memory(bar, (length + 1) * sizeof(wchar_t));
+  send(bar, SB_GETTEXTW, static_cast<WPARAM>(panel), pointer(memory.as<wchar_t>()));
+  return utf8(memory.string(0, length));
+}
+
+Dialog Zervo::dialog() const {
+  Search search;
+  search.process = GetProcessId(process_);
+  EnumWindows(findDialog, pointer(&search));
+  return Dialog(search.found);
+}
+
+Dialog Zervo::waitForDialog() const {
+  Dialog found;
+  waitFor("a dialog", [&] {
+    if (!alive()) throw Failure("the program ended instead of asking");
+    found = dialog();
+    return static_cast<bool>(found) && !IsWindowEnabled(window_);
+  });
+  return found;
+}
+
+std::string Zervo::answer(int button) const {
+  const Dialog box = waitForDialog();
+  waitFor("the text of the box", [&] { return child(box.window(), IDC_frmBOXa_LBtext) != nullptr; });
+  const std::string text = box.text(IDC_frmBOXa_LBtext);
+  box.press(button);
+  return text;
+}
+
+void Zervo::waitUntilFree() const {
+  waitFor("the program to be free", [this] { return IsWindowEnabled(window_) && !dialog(); });
+  send(window_, WM_NULL);
+}
+
+bool Zervo::alive() const {
+  return process_ != nullptr && WaitForSingleObject(process_, 0) == WAIT_TIMEOUT;
+}
+
+DWORD Zervo::waitForEnd() {
+  waitFor("the program to end", [this] { return !alive(); });
+  DWORD code = 0;
+  GetExitCodeProcess(process_, &code);
+  return code;
+}
+
+}  // namespace gui

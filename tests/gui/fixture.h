@@ -1,0 +1,47 @@
+// What the tests of the real program share: a copy of Zervo.exe in a folder of its own, so that the settings
+// it writes beside itself are the test's.
+#pragma once
+
+#include <gtest/gtest.h>
+
+#include <string>
+#include <vector>
+
+#include "resources/ids.h"
+#include "tests/gui/driver.h"
+
+namespace gui {
+
+inline std::filesystem::path builtProgram() {
+  wchar_t name[1024];
+  GetModuleFileNameW(nullptr, name, 1024);
+  return std::filesystem::path(name).parent_path().parent_path() / L"Zervo.exe";  // one above the tests
+}
+
+class Session : public testing::Test {
+ protected:
+  Session() { std::filesystem::copy_file(builtProgram(), folder / L"Zervo.exe"); }
+
+  std::filesystem::path file(const std::wstring& name, std::string_view bytes) {
+    writeBytes(folder / name, bytes);
+    return folder / name;
+  }
+
+  // One file in quotes, or several as Windows puts them together: each in quotes, a space between.
+  Zervo open(const std::vector<std::filesystem::path>& files = {}) {
+    std::wstring arguments;
+    for (const auto& path : files) arguments += (arguments.empty() ? L"\"" : L" \"") + path.wstring() + L"\"";
+    return Zervo(folder / L"Zervo.exe", arguments);
+  }
+
+  // Ends the program as the user would, who has nothing to save.
+  static void leave(Zervo& zervo) {
+    zervo.waitUntilFree();
+    zervo.command(mnuExit);
+    EXPECT_EQ(zervo.waitForEnd(), 0u);
+  }
+
+  Folder folder;
+};
+
+}  // namespace gui

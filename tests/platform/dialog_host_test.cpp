@@ -1,0 +1,269 @@
+// Forms in their real windows: both ways between model and control, keys, closing, layout.
+#include "platform/win32/dialog_host.h"
+
+#include <gtest/gtest.h>
+
+#include <functional>
+
+#include "platform/win32/clipboard.h"
+#include "platform/win32/fonts.h"
+#include "platform/win32/strings.h"
+#include "resources/ids.h"
+#include "tests/platform/sample_ids.h"
+#include "tests/platform/test_window.h"
+#include "ui/controls.h"
+
+namespace {
+
+using namespace ui::literals;
+
+class SampleForm : public ui::Form {
+ public:
+  SampleForm() : Form("frmsample", IDD_sample) {}
+  ui::Label LBtext{*this, IDC_sample_LBtext};
+  ui::TextBox Ttext{*this, IDC_sample_Ttext};
+  ui::TextBox Tbytes{*this, IDC_sample_Tbytes, ui::TextBox::Holds::Bytes};
+  ui::CheckBox CKcase{*this, IDC_sample_CKcase};
+  ui::OptionButton OPone{*this, IDC_sample_OPone, 1};
+  ui::OptionButton OPtwo{*this, IDC_sample_OPtwo, 1};
+  ui::ListBox Llist{*this, IDC_sample_Llist};
+  ui::ComboBox Lcombo{*this, IDC_sample_Lcombo};
+  ui::ListView LV{*this, IDC_sample_LV};
+  ui::TreeView TV{*this, IDC_sample_TV};
+  ui::Button COK{*this, IDC_sample_COK};
+  ui::Button CEXIT{*this, IDC_sample_CEXIT};
+
+  std::function<void()> onLoad;
+  bool closes = true;
+  void load() override {
+    LV.columns = {{"one", 60}, {"two", 40}};
+    LV.checkBoxes = true;
+    if (onLoad) onLoad();
+  }
+  bool queryClose() override { return closes; }
+};
+
+class DialogHost : public testing::Test {
+ protected:
+  void open() {
+    host_.emplace(form_, owner_.hwnd(), win32::DialogHost::Kind::Modeless);
+    host_->show();
+  }
+  HWND item(int id) { return GetDlgItem(host_->window(), id); }
+  LRESULT send(int id, UINT message, WPARAM wParam = 0, LPARAM lParam = 0) {
+    return SendMessageW(item(id), message, wParam, lParam);
+  }
+  void press(HWND window, WPARAM key) {
+    PostMessageW(window, WM_KEYDOWN, key, 1);
+    win32::pumpMessages();
+  }
+  RECT place(int id) {
+    RECT rect;
+    GetWindowRect(item(id), &rect);
+    MapWindowPoints(nullptr, host_->window(), reinterpret_cast<POINT*>(&rect), 2);
+    return rect;
+  }
+
+  tests::TestWindow owner_;
+  win32::BundledFonts fonts_;
+  SampleForm form_;
+  std::optional<win32::DialogHost> host_;
+};
+
+TEST_F(DialogHost, ShowsWhatTheFormHolds) {
+  form_.setCaption("faili"_keyboard);
+  form_.Ttext.setText("ქართული");
+  form_.onLoad = [this] {
+    form_.LBtext.setCaption("×ÀÉËÉ"_legacy);
+    form_.Tbytes.setText("\xC0\x81 a");
+    form_.CKcase.setChecked(true);
+    form_.OPtwo.choose();
+    form_.Llist.setItems({"a", "b", "g"_keyboard});
+    form_.Llist.setSelected(2);
+    form_.LV.setItems({{"x", {"y"}, "", 0, false}, {"z", {"w"}, "", 0, true}});
+    form_.LV.setSelected(1);
+    form_.TV.setNodes({{-1, "r", "root", "", 0}, {0, "c", "child", "0", 0}});
+    form_.CEXIT.setEnabled(false);
+  };
+  open();
+  EXPECT_EQ(win32::windowText(host_->window()), L"ფაილი");
+  EXPECT_EQ(win32::windowText(item(IDC_sample_LBtext)), L"ფაილი");
+  EXPECT_EQ(win32::windowText(item(IDC_sample_Ttext)), L"ქართული");
+  EXPECT_EQ(win32::windowText(item(IDC_sample_Tbytes)), L"\xC0\x81 a");
+  EXPECT_EQ(send(IDC_sample_CKcase, BM_GETCHECK), BST_CHECKED);
+  EXPECT_EQ(send(IDC_sample_OPone, BM_GETCHECK), BST_UNCHECKED);
+  EXPECT_EQ(send(IDC_sample_OPtwo, BM_GETCHECK), BST_CHECKED);
+  EXPECT_EQ(send(IDC_sample_Llist, LB_GETCOUNT), 3);
+  EXPECT_EQ(send(IDC_sample_Llist, LB_GETCURSEL), 2);
+  EXPECT_EQ(send(IDC_sample_LV, LVM_GETNEXTITEM, static_cast<WPARAM>(-1), LVNI_SELECTED), 1);
+  EXPECT_NE(ListView_GetCheckState(item(IDC_sample_LV), 1), 0U);
+  EXPECT_EQ(ListView_GetCheckState(item(IDC_sample_LV), 0), 0U);
+  EXPECT_EQ(send(IDC_sample_TV, TVM_GETCOUNT), 2);
+  EXPECT_EQ(IsWindowEnabled(item(IDC_sample_CEXIT)), FALSE);
+  // A window class of the form's own name, for scripts.
+  EXPECT_EQ(FindWindowW(L"frmsample", nullptr), host_->window());
+
+  form_.CEXIT.setEnabled(true);
+  form_.CKcase.setGreyed(true);
+  form_.Lcombo.setItems({"p", "q"});
+  form_.Lcombo.setSelected(1);
+  form_.TV.setNodeText(1, "renamed");
+  EXPECT_EQ(IsWindowEnabled(item(IDC_sample_CEXIT)), TRUE);
+  EXPECT_EQ(send(IDC_sample_CKcase, BM_GETCHECK), BST_INDETERMINATE);
+  send(IDC_sample_CKcase, BM_CLICK);
+  EXPECT_FALSE(form_.CKcase.greyed());
+  EXPECT_EQ(send(IDC_sample_CKcase, BM_GETCHECK), BST_UNCHECKED);
+  EXPECT_EQ(send(IDC_sample_Lcombo, CB_GETCURSEL), 1);
+}
+
+TEST_F(DialogHost, TellsTheFormWhatTheUserDoesAndOnlyThat) {
+  int told = 0;
+  form_.Ttext.changed.connect([&] { ++told; });
+  form_.Tbytes.changed.connect([&] { ++told; });
+  form_.CKcase.changed.connect([&] { ++told; });
+  form_.OPtwo.changed.connect([&] { ++told; });
+  form_.Llist.selectionChanged.connect([&] { ++told; });
+  form_.Lcombo.selectionChanged.connect([&] { ++told; });
+  form_.LV.selectionChanged.connect([&] { ++told; });
+  int node = -1;
+  form_.TV.nodeClicked.connect([&](int i) { node = i; });
+  open();
+  form_.Llist.setItems({"a", "b"});
+  form_.Lcombo.setItems({"a", "b"});
+  form_.LV.setItems({{"x", {}, "", 0, false}, {"y", {}, "", 0, false}});
+  form_.LV.setSelected(0);
+  form_.TV.setNodes({{-1, "r", "root", "", 0}, {0, "c", "child", "0", 0}});
+  form_.TV.setSelected(0);
+  form_.Ttext.setText("program");
+  win32::pumpMessages();
+  EXPECT_EQ(told, 0);
+  EXPECT_EQ(node, -1);
+
+  SetWindowTextW(item(IDC_sample_Ttext), L"\u10D0x");
+  EXPECT_EQ(form_.Ttext.text(), "ა" "x");
+  form_.Tbytes.keyPress = [](int key) { return key == 'a' ? 0xC0 : key; };
+  send(IDC_sample_Tbytes, WM_CHAR, 'a', 1);
+  send(IDC_sample_Tbytes, WM_CHAR, 0x10D1, 1);  // no byte: its UTF-8 enters
+  EXPECT_EQ(form_.Tbytes.text(), "\xC0\u10D1");
+  send(IDC_sample_CKcase, BM_CLICK);
+  EXPECT_TRUE(form_.CKcase.checked());
+  send(IDC_sample_OPtwo, BM_CLICK);
+  EXPECT_TRUE(form_.OPtwo.chosen());
+  send(IDC_sample_Llist, WM_KEYDOWN, VK_DOWN, 1);
+  EXPECT_EQ(form_.Llist.selected(), 0);
+  send(IDC_sample_Lcombo, WM_KEYDOWN, VK_DOWN, 1);
+  EXPECT_EQ(form_.Lcombo.selected(), 0);
+  ListView_SetItemState(item(IDC_sample_LV), 1, LVIS_SELECTED, LVIS_SELECTED);
+  EXPECT_EQ(form_.LV.selected(), 1);
+  ListView_SetCheckState(item(IDC_sample_LV), 0, TRUE);
+  EXPECT_TRUE(form_.LV.items()[0].checked);
+  const auto root = send(IDC_sample_TV, TVM_GETNEXTITEM, TVGN_ROOT);
+  const auto child = send(IDC_sample_TV, TVM_GETNEXTITEM, TVGN_CHILD, root);
+  send(IDC_sample_TV, TVM_SELECTITEM, TVGN_CARET, child);
+  win32::pumpMessages();
+  EXPECT_EQ(node, 1);
+  EXPECT_GE(told, 8);
+}
+
+TEST_F(DialogHost, EnterAndEscPressTheFormsButtons) {
+  int ok = 0;
+  int cancel = 0;
+  form_.defaultButton = &form_.COK;
+  form_.cancelButton = &form_.CEXIT;
+  form_.COK.clicked.connect([&] { ++ok; });
+  form_.CEXIT.clicked.connect([&] { ++cancel; });
+  open();
+  press(item(IDC_sample_Ttext), VK_RETURN);
+  EXPECT_EQ(ok, 1);
+  form_.COK.setEnabled(false);
+  press(item(IDC_sample_Ttext), VK_RETURN);
+  EXPECT_EQ(ok, 1);
+  press(item(IDC_sample_Ttext), VK_ESCAPE);
+  EXPECT_EQ(cancel, 1);
+  // A script's command by id, without the control's window.
+  SendMessageW(host_->window(), WM_COMMAND, IDC_sample_CEXIT, 0);
+  EXPECT_EQ(cancel, 2);
+}
+
+TEST_F(DialogHost, TheFormDecidesWhetherItsWindowCloses) {
+  open();
+  form_.closes = false;
+  SendMessageW(host_->window(), WM_CLOSE, 0, 0);
+  EXPECT_NE(host_->window(), nullptr);
+  form_.closes = true;
+  SendMessageW(host_->window(), WM_CLOSE, 0, 0);
+  EXPECT_TRUE(form_.closed());
+  EXPECT_EQ(host_->window(), nullptr);
+  form_.Ttext.setText("no window any more");
+}
+
+TEST_F(DialogHost, ABytesBoxPastesAndSelectsInBytes) {
+  open();
+  win32::putClipboardText(owner_.hwnd(), L"\u10D0z\u20AC");
+  send(IDC_sample_Tbytes, WM_PASTE);
+  EXPECT_EQ(form_.Tbytes.text(), "\u10D0z\x80");
+  form_.Tbytes.select(3, 1);
+  EXPECT_EQ(form_.Tbytes.selection().start, 3);
+  EXPECT_EQ(form_.Tbytes.selection().length, 1);
+  form_.Tbytes.insert("QQ");
+  EXPECT_EQ(win32::bytesFromWide(win32::windowText(item(IDC_sample_Tbytes))), "\u10D0QQ\x80");
+  EXPECT_EQ(form_.Tbytes.selection().start, 5);
+}
+
+TEST_F(DialogHost, LabelsGrowAndHiddenControlsLeaveNoGap) {
+  form_.LBtext.autosize = true;
+  form_.LBtext.setCaption("short");
+  open();
+  const RECT text = place(IDC_sample_Ttext);
+  const RECT button = place(IDC_sample_COK);
+  const RECT right = place(IDC_sample_CEXIT);
+  RECT before;
+  GetClientRect(host_->window(), &before);
+
+  form_.LBtext.setCaption("one\r\ntwo\r\nthree\r\nfour\r\nfive\r\nsix");
+  const LONG growth = place(IDC_sample_Ttext).top - text.top;
+  EXPECT_GT(growth, 30);
+  RECT client;
+  GetClientRect(host_->window(), &client);
+  EXPECT_EQ(client.bottom - before.bottom, growth);
+  EXPECT_EQ(place(IDC_sample_COK).top - button.top, growth);
+  form_.LBtext.setCaption("short");
+  EXPECT_EQ(place(IDC_sample_COK).top, button.top);
+
+  // The row of buttons closes up to the right.
+  form_.CEXIT.setVisible(false);
+  EXPECT_EQ(place(IDC_sample_COK).right, right.right);
+  // Both columns empty down to the combo box: what is below moves up.
+  for (ui::Control* control : form_.controls()) {
+    if (control != &form_.COK && control != &form_.LBtext) control->setVisible(false);
+  }
+  EXPECT_LT(place(IDC_sample_COK).top, button.top - 100);
+  GetClientRect(host_->window(), &client);
+  EXPECT_LT(client.bottom, before.bottom - 100);
+}
+
+// Acts in the middle of a modal run, as the user would.
+std::function<void()> duringTheRun;
+void CALLBACK actDuringTheRun(HWND, UINT, UINT_PTR timer, DWORD) {
+  KillTimer(nullptr, timer);
+  duringTheRun();
+}
+
+TEST_F(DialogHost, AModalRunDisablesTheOthersAndEndsWithTheForm) {
+  open();  // a modeless one beside it
+  SampleForm modal;
+  bool disabled = false;
+  modal.cancelButton = &modal.CEXIT;
+  modal.CEXIT.clicked.connect([&] { modal.close(); });
+  duringTheRun = [&] {
+    disabled = IsWindowEnabled(host_->window()) == FALSE;
+    SendMessageW(FindWindowW(L"frmsample", nullptr), WM_COMMAND, IDCANCEL, 0);
+  };
+  SetTimer(nullptr, 0, 1, actDuringTheRun);
+  win32::runModal(modal);
+  EXPECT_TRUE(disabled);
+  EXPECT_TRUE(modal.closed());
+  EXPECT_NE(IsWindowEnabled(host_->window()), FALSE);
+}
+
+}  // namespace

@@ -1,0 +1,22 @@
+// What the program's own start does for its one thread.
+#include <gtest/gtest.h>
+
+#include "platform/win32/windows_api.h"
+// windows_api.h first
+#include <ole2.h>
+
+namespace {
+
+class UiThread : public testing::Environment {
+ public:
+  void SetUp() override {
+    OleInitialize(nullptr);
+    constexpr INITCOMMONCONTROLSEX wanted{sizeof wanted, ICC_WIN95_CLASSES | ICC_STANDARD_CLASSES};
+    InitCommonControlsEx(&wanted);
+  }
+  void TearDown() override { OleUninitialize(); }
+};
+
+const auto* const environment = testing::AddGlobalTestEnvironment(new UiThread);
+
+}  // namespace
