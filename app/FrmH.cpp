@@ -225,11 +225,7 @@ void FrmH::addMenu(const MenuPlan& plan) {
   const auto at = std::find_if(menuPlans_.begin(), menuPlans_.end(),
                                [&](const MenuPlan& known) { return known.caption == plan.caption; });
   if (at == menuPlans_.end()) {
-    // The subsystems' own menus stand before those that every program has at the end.
-    const auto typing =
-        std::find_if(menuPlans_.begin(), menuPlans_.end(),
-                     [](const MenuPlan& known) { return known.caption == ui::Text(kTypingMenu); });
-    menuPlans_.insert(typing, plan);
+    menuPlans_.push_back(plan);
     return;
   }
   for (const MenuPlan::Line& line : plan.lines) {

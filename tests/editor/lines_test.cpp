@@ -134,7 +134,7 @@ TEST(Reflow, LinesHaveTheLength) {
 TEST(Reflow, BrokenPagesTakeNoLonger) {
   for (const char* part : {"<a x=\"", "<a x='>\" ", "<", "<a=\">\" '", "</", "<!--", "\r\n<b"}) {
     std::string text;
-    while (text.size() < (2U << 20)) text += part;
+    while (text.size() < (1U << 19)) text += part;
     EXPECT_EQ(withoutBlanks(rewrapAll(text, 80)).size(), withoutBlanks(text).size());
   }
 }
@@ -200,7 +200,7 @@ TEST_F(Lines, LengthIsOneStepAndKeepsThePlace) {
   }
   EXPECT_EQ(T1.text(), "aaa bbb ccc ddd");
   T1.load("one\r\ntwo\r\nthree\r\nfour");
-  T1.select(6, 4);  // in "two" and "three"
+  T1.select(6, 6);  // in "two" and "three"
   expectInput("40");
   H->runCommand(mnulinelength);
   EXPECT_EQ(T1.text(), "one\r\ntwo three\r\nfour");

@@ -329,7 +329,7 @@ TEST_F(Tags, AttributesAreEditedInPlace) {
     dialog.COK.click();
   });
   ASSERT_TRUE(H->runCommand(mnutagkod));
-  expect("x<IMG ALT='b' SRC='say \"hi\"' WIDTH=\"50\">y", 1, 40);
+  expect("x<IMG ALT='b' SRC='say \"hi\"' WIDTH=\"50\">y", 1, 39);
   T1.undo();
   EXPECT_EQ(T1.text(), "x<IMG SRC=a  NOSHADE ALT='b'>y");
 

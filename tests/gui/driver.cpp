@@ -210,16 +210,29 @@ std::wstring clipboard() {
   return text;
 }
 
+namespace {
+
+// Read-only files too.
+void erase(const std::filesystem::path& folder) {
+  std::error_code ignored;
+  for (const auto& entry : std::filesystem::recursive_directory_iterator(folder, ignored)) {
+    SetFileAttributesW(entry.path().c_str(), FILE_ATTRIBUTE_NORMAL);
+  }
+  std::filesystem::remove_all(folder, ignored);
+}
+
+}  // namespace
+
 Folder::Folder(const std::wstring& name) {
   static int count = 0;
   path = std::filesystem::temp_directory_path() /
          (name + L"-" + std::to_wstring(GetCurrentProcessId()) + L"-" + std::to_wstring(++count));
+  erase(path);  // of a test that was stopped
   std::filesystem::create_directories(path);
 }
 
 Folder::~Folder() {
-  std::error_code ignored;
-  std::filesystem::remove_all(path, ignored);
+  erase(path);
 }
 
 std::string Dialog::title() const {

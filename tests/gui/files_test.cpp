@@ -84,7 +84,6 @@ TEST_F(Session, AReadOnlyFileStaysAsItWasAndItsTextInTheWindow) {
   zervo.command(mnuExit);  // still marked changed
   zervo.answer(IDC_frmBOXa_Cno);
   zervo.waitForEnd();
-  SetFileAttributesW(page.c_str(), FILE_ATTRIBUTE_NORMAL);
 }
 
 // ./test mounts a disk of a few hundred KB where it may.
