@@ -2,6 +2,9 @@
 //   convert_file text PAIR SIZE OUT    the made-up page in the form that the pair reads
 //   convert_file one-pass PAIR IN OUT
 //   convert_file by-entry PAIR IN OUT
+#include <sys/mman.h>
+#include <sys/stat.h>
+
 #include <cstdio>
 #include <memory>
 #include <stdexcept>
@@ -30,24 +33,39 @@ void write(std::FILE* file, std::string_view bytes) {
     throw std::runtime_error("cannot write");
 }
 
+// A whole file in memory, as iconv has it.
+class Mapped {
+ public:
+  explicit Mapped(const char* path) : file_(open(path, "rb")) {
+    struct stat state {};
+    if (fstat(fileno(file_.get()), &state) != 0) throw std::runtime_error("cannot read");
+    size_ = static_cast<std::size_t>(state.st_size);
+    bytes_ = mmap(nullptr, size_, PROT_READ, MAP_PRIVATE, fileno(file_.get()), 0);
+    if (bytes_ == MAP_FAILED) throw std::runtime_error("cannot map");
+  }
+  Mapped(const Mapped&) = delete;
+  Mapped& operator=(const Mapped&) = delete;
+  ~Mapped() { munmap(bytes_, size_); }
+
+  std::string_view text() const { return {static_cast<const char*>(bytes_), size_}; }
+
+ private:
+  File file_;
+  std::size_t size_ = 0;
+  void* bytes_ = nullptr;
+};
+
 // No letter of any table holds a line end, so whole lines can be converted one block after another.
-void convertLines(const convert::Replacement& by, std::FILE* in, std::FILE* out) {
+void convertLines(const convert::Replacement& by, std::string_view text, std::FILE* out) {
   constexpr std::size_t kBlock = std::size_t{128} * 1024;
-  std::string block;
   std::string converted;
-  std::size_t kept = 0;
-  for (bool more = true; more;) {
-    block.resize(kept + kBlock);
-    const std::size_t read = std::fread(block.data() + kept, 1, kBlock, in);
-    block.resize(kept + read);
-    more = read == kBlock;
-    const std::size_t lineEnd = more ? block.rfind('\n') : block.size() - 1;
-    const std::size_t whole = lineEnd + 1;  // npos + 1: no line end yet, nothing is whole
+  while (!text.empty()) {
+    const std::size_t lineEnd = text.find('\n', kBlock);
+    const std::string_view block = text.substr(0, lineEnd == std::string_view::npos ? lineEnd : lineEnd + 1);
     converted.clear();
-    by.append(std::string_view(block).substr(0, whole), converted);
+    by.append(block, converted);
     write(out, converted);
-    block.erase(0, whole);
-    kept = block.size();
+    text.remove_prefix(block.size());
   }
 }
 
@@ -59,7 +77,7 @@ int run(const std::vector<std::string>& words) {
   if (words[0] == "text") {
     write(out.get(), bench::sourceOf(pair, tables, std::stoul(words[2])));
   } else if (words[0] == "one-pass") {
-    convertLines(convert::Replacement(tables.*pair.from, tables.*pair.to), open(words[2].c_str(), "rb").get(),
+    convertLines(convert::Replacement(tables.*pair.from, tables.*pair.to), Mapped(words[2].c_str()).text(),
                  out.get());
   } else {
     write(out.get(), tests::entryByEntry(bench::readAll(words[2]), tables.*pair.from, tables.*pair.to));

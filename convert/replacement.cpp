@@ -142,11 +142,17 @@ bool Replacement::compile() {
   for (const auto& [key, candidates] : byKey) {
     std::size_t at = slotOf(key);
     while (slots_[at].count != 0) at = (at + 1) & (slots_.size() - 1);
-    const Candidate& only = candidates.front();
+    const Candidate& shortest = candidates.back();
+    const std::size_t size = probe_[key & 0xFF];
+    bool whole = shortest.fromSize == size;
+    for (const Candidate& longer : candidates) {
+      whole = whole && (longer.fromSize == size || (longer.from >> (8 * size) & 0xFF) != (key & 0xFF));
+    }
     slots_[at] = {key,
-                  only.to,
-                  only.toSize,
-                  candidates.size() == 1 && only.fromSize == probe_[only.from & 0xFF],
+                  shortest.to,
+                  shortest.toSize,
+                  whole,
+                  candidates.size() > 1,
                   static_cast<std::uint16_t>(candidates.size()),
                   static_cast<std::uint32_t>(candidates_.size())};
     candidates_.insert(candidates_.end(), candidates.begin(), candidates.end());
@@ -224,20 +230,26 @@ inline const char* Replacement::convertBlock(const char* at, const char* stop, c
         const char* const before = at;
         const std::size_t size = probe_[first];
         const std::uint64_t mask = firstBytes(~std::uint64_t{0}, size);
+        const Slot* slot = nullptr;
         do {
-          const Slot& slot = *slotFor(wordOf({at, kWord}) & mask);
-          if (!slot.alone) break;
-          put(slot.to, slot.toSize);
+          slot = slotFor(wordOf({at, kWord}) & mask);
+          if (!slot->whole) break;
+          put(slot->to, slot->toSize);
           at += size;
-          if (at >= stop) break;
-          if (static_cast<std::uint8_t>(*at) == first) continue;
+          if (at < stop && static_cast<std::uint8_t>(*at) == first) continue;
+          if (slot->longer) {  // nothing but such a letter behind it would have ruled the longer ones out
+            at -= size;
+            to -= slot->toSize;
+            break;
+          }
           // Mostly a space between two words.
+          if (at + 1 >= stop) break;
           const std::uint64_t between = single(at);
-          if ((between & kBeginsLonger) != 0 || at + 1 >= stop) break;
+          if ((between & kBeginsLonger) != 0) break;
           put(between, between >> kSizeShift);
           ++at;
         } while (static_cast<std::uint8_t>(*at) == first);
-        if (at != before) continue;
+        if (at != before && !slot->longer) continue;
       }
       const std::size_t left = kNearEnd ? static_cast<std::size_t>(end - at) : kWord;
       if (const Candidate* const found = find(wordOf({at, left}), first, left)) {
@@ -269,7 +281,8 @@ void Replacement::append(std::string_view text, std::string& out) const {
     }
     out.append(buffer.data(), to);
     if (at < end && out.capacity() - out.size() < buffer.size()) {
-      // As much room as the rest takes if it grows like what is done, so that a long text is not moved often.
+      // As much room as the rest takes if it grows like what is done, so that a long text is not moved
+      // often.
       const double growth = static_cast<double>(out.size() - before) / static_cast<double>(at - begin);
       out.reserve(out.size() + buffer.size() +
                   static_cast<std::size_t>(growth * 1.05 * static_cast<double>(end - at)));

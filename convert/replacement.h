@@ -39,9 +39,10 @@ class Replacement {
   // A slot of the hash table: the sources that share their first bytes, as many as `probe_` says.
   struct alignas(32) Slot {
     std::uint64_t key = 0;
-    std::uint64_t to = 0;  // of the only source, when `alone`
+    std::uint64_t to = 0;  // of the source that is the key alone, when `whole`
     std::uint8_t toSize = 0;
-    bool alone = false;       // one source, and the key is all of it
+    bool whole = false;       // there is such a source
+    bool longer = false;      // and longer ones, none of which goes on with the byte that it begins with
     std::uint16_t count = 0;  // 0: empty slot
     std::uint32_t first = 0;  // of `candidates_`, the longest first
   };

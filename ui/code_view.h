@@ -69,9 +69,10 @@ class CodeView {
   virtual void setWordWrap(bool wrap) = 0;
   // The text as plainRtf() writes it, in the view's own font.
   virtual std::string rtf() const = 0;
-  // Shows RTF in place of the text, without an undo step or `changed`; text() stays what the RTF says.
+  // Shows RTF in place of the text, without an undo step or `changed`; text() is what the RTF says. Selection
+  // and place are the caller's to restore.
   virtual void setRtf(std::string_view rtf) = 0;
-  // Everything in the view's own font and colours again; otherwise like setRtf of an unchanged text.
+  // Everything in the view's own font and colours again; text, history, selection and place stay.
   virtual void resetFormats() = 0;
   virtual void setFocus() = 0;
 

@@ -54,7 +54,8 @@ void LineBreaks::clear(LineEnd lineEnd) {
 }
 
 int LineBreaks::before(int controlPosition) const {
-  return static_cast<int>(std::lower_bound(places_.begin(), places_.end(), controlPosition) - places_.begin());
+  return static_cast<int>(std::lower_bound(places_.begin(), places_.end(), controlPosition) -
+                          places_.begin());
 }
 
 int LineBreaks::byteOf(int controlPosition) const {

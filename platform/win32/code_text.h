@@ -1,5 +1,5 @@
-// Byte text as the rich-text control holds it: one CR for each line end, stand-ins for what it cannot hold; and
-// the way between positions there and positions in the bytes. No window needed.
+// Byte text as the rich-text control holds it: one CR for each line end, stand-ins for what it cannot hold;
+// and the way between positions there and positions in the bytes. No window needed.
 #pragma once
 
 #include <string>
@@ -24,9 +24,9 @@ class LineBreaks {
   void clear(LineEnd lineEnd);
   void add(int controlPosition) { places_.push_back(controlPosition); }
   int byteOf(int controlPosition) const;
-  int controlOf(int byte) const;            // inside a line end: before it
-  int lineOf(int controlPosition) const;    // from 0
-  int startOf(int line) const;              // control position of the line's first character
+  int controlOf(int byte) const;          // inside a line end: before it
+  int lineOf(int controlPosition) const;  // from 0
+  int startOf(int line) const;            // control position of the line's first character
 
  private:
   int before(int controlPosition) const;

@@ -1,11 +1,11 @@
 #include "platform/win32/common_dialogs.h"
 
+#include <cderr.h>
+#include <commdlg.h>
+#include <shlobj.h>
+
 #include <algorithm>
 #include <array>
-
-#include <commdlg.h>
-#include <cderr.h>
-#include <shlobj.h>
 
 #include "base/error.h"
 #include "base/path.h"
@@ -27,7 +27,8 @@ std::wstring ask(HWND owner, const ui::FileDialog& dialog, bool open) {
   const std::wstring extension =
       pattern == std::string::npos
           ? std::wstring()
-          : wideFromUtf8(dialog.filter.substr(pattern + 3, dialog.filter.find_first_of("|;", pattern + 3) - pattern - 3));
+          : wideFromUtf8(dialog.filter.substr(pattern + 3,
+                                              dialog.filter.find_first_of("|;", pattern + 3) - pattern - 3));
   OPENFILENAMEW request{};
   request.lStructSize = sizeof request;
   request.hwndOwner = owner;

@@ -19,7 +19,8 @@ class ControlPeer : public ui::Peer {
   HWND window() const { return window_; }
   ui::Control& model() const { return model_; }
 
-  // Shows the whole model; from now on its changes are mirrored. Before that only a wish for the focus is kept.
+  // Shows the whole model; from now on its changes are mirrored. Before that only a wish for the focus is
+  // kept.
   void begin();
   bool wantsFocus() const { return wantsFocus_; }
   void refresh(ui::Aspect what) final;

@@ -91,8 +91,10 @@ void DialogHost::center(HWND owner) {
   const int width = frame.right - frame.left;
   const int height = frame.bottom - frame.top;
   const auto fit = [](LONG wanted, LONG low, LONG high) { return std::max(low, std::min(wanted, high)); };
-  const LONG left = fit((around.left + around.right - width) / 2, monitor.rcWork.left, monitor.rcWork.right - width);
-  const LONG top = fit((around.top + around.bottom - height) / 2, monitor.rcWork.top, monitor.rcWork.bottom - height);
+  const LONG left =
+      fit((around.left + around.right - width) / 2, monitor.rcWork.left, monitor.rcWork.right - width);
+  const LONG top =
+      fit((around.top + around.bottom - height) / 2, monitor.rcWork.top, monitor.rcWork.bottom - height);
   SetWindowPos(window_, nullptr, left, top, 0, 0, SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE);
 }
 

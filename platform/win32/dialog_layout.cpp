@@ -107,7 +107,8 @@ void DialogLayout::packButtons(Places& places) const {
     }
   }
   for (auto& [top, row] : rows) {
-    const bool whole = std::all_of(row.begin(), row.end(), [](const auto* peer) { return peer->model().visible(); });
+    const bool whole =
+        std::all_of(row.begin(), row.end(), [](const auto* peer) { return peer->model().visible(); });
     if (whole || row.size() < 2) continue;
     std::sort(row.begin(), row.end(), [&places](const auto* a, const auto* b) {
       return places.of[a->window()].left < places.of[b->window()].left;

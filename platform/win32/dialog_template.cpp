@@ -6,8 +6,8 @@
 namespace win32 {
 namespace {
 
-// Of DLGTEMPLATEEX, in words: version, signature, help id, styles, count of controls and place come first; then
-// menu, class and title, of which templates here have none (one zero word each).
+// Of DLGTEMPLATEEX, in words: version, signature, help id, styles, count of controls and place come first;
+// then menu, class and title, of which templates here have none (one zero word each).
 constexpr std::size_t kMenuAt = 13;
 constexpr std::size_t kClassAt = kMenuAt + 1;
 constexpr std::size_t kTitleAt = kClassAt + 1;

@@ -10,7 +10,7 @@
 namespace win32 {
 
 struct DropHandlers {
-  std::function<void(const std::vector<std::string>&)> files;       // UTF-8 paths
+  std::function<void(const std::vector<std::string>&)> files;  // UTF-8 paths
   std::function<void(const std::wstring& text, POINT screen)> text;
 };
 

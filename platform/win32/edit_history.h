@@ -1,5 +1,5 @@
-// What can be undone in the code view. The control's own undo takes time that grows with the square of the lines
-// and counts changes of format as steps, so it is switched off.
+// What can be undone in the code view. The control's own undo takes time that grows with the square of the
+// lines and counts changes of format as steps, so it is switched off.
 #pragma once
 
 #include <cstddef>

@@ -31,8 +31,8 @@ void reportException() {
 std::string systemMessage(DWORD error) {
   wchar_t* text = nullptr;
   const DWORD size = FormatMessageW(
-      FORMAT_MESSAGE_ALLOCATE_BUFFER | FORMAT_MESSAGE_FROM_SYSTEM | FORMAT_MESSAGE_IGNORE_INSERTS, nullptr, error,
-      0, reinterpret_cast<wchar_t*>(&text), 0, nullptr);
+      FORMAT_MESSAGE_ALLOCATE_BUFFER | FORMAT_MESSAGE_FROM_SYSTEM | FORMAT_MESSAGE_IGNORE_INSERTS, nullptr,
+      error, 0, reinterpret_cast<wchar_t*>(&text), 0, nullptr);
   std::string sentence = utf8FromWide(std::wstring_view(text, size));
   LocalFree(text);
   while (!sentence.empty() && sentence.back() <= ' ') sentence.pop_back();

@@ -12,9 +12,9 @@ constexpr int kInterfacePoints = 9;
 constexpr int kCodePoints = 11;
 
 UniqueFont makeFont(const std::wstring& name, int points, int dpi, bool bold, bool italic, int characterSet) {
-  return UniqueFont(CreateFontW(-MulDiv(points, dpi, 72), 0, 0, 0, bold ? FW_BOLD : FW_NORMAL, italic ? 1 : 0, 0, 0,
-                                static_cast<DWORD>(characterSet), OUT_DEFAULT_PRECIS, CLIP_DEFAULT_PRECIS,
-                                CLEARTYPE_QUALITY, DEFAULT_PITCH, name.c_str()));
+  return UniqueFont(CreateFontW(-MulDiv(points, dpi, 72), 0, 0, 0, bold ? FW_BOLD : FW_NORMAL, italic ? 1 : 0,
+                                0, 0, static_cast<DWORD>(characterSet), OUT_DEFAULT_PRECIS,
+                                CLIP_DEFAULT_PRECIS, CLEARTYPE_QUALITY, DEFAULT_PITCH, name.c_str()));
 }
 
 int CALLBACK collectFont(const LOGFONTW* font, const TEXTMETRICW*, DWORD, LPARAM names) {
@@ -47,7 +47,8 @@ UniqueFont interfaceFont(int dpi) {
 }
 
 ui::Font withDefaults(ui::Font font) {
-  if (font.name.empty()) font.name = font.characterSet == ui::CharacterSet::Russian ? "Zervo RUS" : "Zervo ISO";
+  if (font.name.empty())
+    font.name = font.characterSet == ui::CharacterSet::Russian ? "Zervo RUS" : "Zervo ISO";
   if (font.size <= 0) font.size = kCodePoints;
   return font;
 }

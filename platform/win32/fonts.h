@@ -24,7 +24,8 @@ class BundledFonts {
 };
 
 UniqueFont interfaceFont(int dpi);
-// The code view's font, with the bundled one of its character set for an empty name and 11 points for no size.
+// The code view's font, with the bundled one of its character set for an empty name and 11 points for no
+// size.
 ui::Font withDefaults(ui::Font font);
 UniqueFont codeFont(const ui::Font& font, int dpi);
 

@@ -44,6 +44,12 @@ inline void releaseInterface(Interface* object) {
 inline void closeObject(HGDIOBJ object) {
   DeleteObject(object);
 }
+inline void closeCanvas(HDC canvas) {
+  DeleteDC(canvas);
+}
+inline void closeImages(HIMAGELIST images) {
+  ImageList_Destroy(images);
+}
 inline void closeWindow(HWND window) {
   DestroyWindow(window);
 }
@@ -57,6 +63,10 @@ inline void closeMenu(HMENU menu) {
   DestroyMenu(menu);
 }
 
+using UniqueBitmap = Unique<HBITMAP, closeObject>;
+using UniqueBrush = Unique<HBRUSH, closeObject>;
+using UniqueCanvas = Unique<HDC, closeCanvas>;
+using UniqueImages = Unique<HIMAGELIST, closeImages>;
 using UniqueFont = Unique<HFONT, closeObject>;
 using UniqueWindow = Unique<HWND, closeWindow>;
 using UniqueLibrary = Unique<HMODULE, closeLibrary>;

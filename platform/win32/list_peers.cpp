@@ -14,6 +14,9 @@ void ListPeer::show(ui::Aspect what) {
   if (what == ui::Aspect::Items) {
     send(WM_SETREDRAW, FALSE);
     send(LB_RESETCONTENT);
+    // At once: a list that grows row by row is moved again and again.
+    constexpr std::size_t kBytesOfRow = 32;
+    send(LB_INITSTORAGE, list_.items().size(), static_cast<LPARAM>(list_.items().size() * kBytesOfRow));
     for (const ui::Text& item : list_.items()) {
       send(LB_ADDSTRING, 0, reinterpret_cast<LPARAM>(wideFromText(item).c_str()));
     }

@@ -11,7 +11,8 @@ constexpr UINT kChecked = 2;  // index of the state image
 
 void ListViewPeer::prepare() {
   send(LVM_SETEXTENDEDLISTVIEWSTYLE, 0,
-       LVS_EX_FULLROWSELECT | LVS_EX_DOUBLEBUFFER | LVS_EX_LABELTIP | (list_.checkBoxes ? LVS_EX_CHECKBOXES : 0));
+       LVS_EX_FULLROWSELECT | LVS_EX_DOUBLEBUFFER | LVS_EX_LABELTIP |
+           (list_.checkBoxes ? LVS_EX_CHECKBOXES : 0));
   if (list_.labelEdited) addStyle(LVS_EDITLABELS);
   LVCOLUMNW column{};
   column.mask = LVCF_WIDTH | LVCF_TEXT | LVCF_SUBITEM;
@@ -76,7 +77,8 @@ void ListViewPeer::show(ui::Aspect what) {
   } else if (what == ui::Aspect::Selection) {
     ListView_SetItemState(window(), -1, 0, LVIS_SELECTED);
     if (list_.selected() < 0) return;
-    ListView_SetItemState(window(), list_.selected(), LVIS_SELECTED | LVIS_FOCUSED, LVIS_SELECTED | LVIS_FOCUSED);
+    ListView_SetItemState(window(), list_.selected(), LVIS_SELECTED | LVIS_FOCUSED,
+                          LVIS_SELECTED | LVIS_FOCUSED);
     send(LVM_ENSUREVISIBLE, static_cast<WPARAM>(list_.selected()), FALSE);
   } else if (what == ui::Aspect::Edit && list_.selected() >= 0) {
     SetFocus(window());

@@ -9,7 +9,6 @@
 #include "platform/win32/fonts.h"
 #include "platform/win32/pointer.h"
 #include "platform/win32/strings.h"
-#include "platform/win32/tool_bar.h"
 #include "resources/ids.h"
 
 namespace win32 {
@@ -62,16 +61,18 @@ void MainWindow::makeChildren() {
                              reinterpret_cast<HMENU>(static_cast<INT_PTR>(control->id())), nullptr, nullptr);
     };
     if (dynamic_cast<ui::TreeView*>(control) != nullptr) {
-      tree_ = make(WC_TREEVIEWW,
-                   WS_TABSTOP | TVS_HASLINES | TVS_HASBUTTONS | TVS_LINESATROOT | TVS_SHOWSELALWAYS,
-                   WS_EX_CLIENTEDGE);
+      tree_ =
+          make(WC_TREEVIEWW, WS_TABSTOP | TVS_HASLINES | TVS_HASBUTTONS | TVS_LINESATROOT | TVS_SHOWSELALWAYS,
+               WS_EX_CLIENTEDGE);
       peers_.push_back(makePeer(*control, tree_));
     } else if (dynamic_cast<ui::StatusBar*>(control) != nullptr) {
       peers_.push_back(makePeer(*control, make(STATUSCLASSNAMEW, SBARS_SIZEGRIP, 0)));
       status_ = static_cast<StatusPeer*>(peers_.back().get());
     }
   }
-  if (!form_.toolBar.empty()) toolBar_ = makeToolBar(hwnd(), form_.toolBar);
+  if (!form_.toolBar.empty()) {
+    toolBar_ = std::make_unique<ToolBar>(hwnd(), form_.toolBar, dpiOf(hwnd()), [this] { view_.setFocus(); });
+  }
   view_.place(hwnd(), IDC_FrmH_T1);
   view_.filesDropped = [this](const std::vector<std::string>& paths) { dropFiles(paths); };
   view_.contextMenu = [this](POINT screen) { showContextMenu(screen); };
@@ -85,6 +86,7 @@ void MainWindow::setFonts(int dpi) {
     SendMessageW(peer->window(), WM_SETFONT, reinterpret_cast<WPARAM>(font.get()), TRUE);
   }
   font_ = std::move(font);  // the old one goes when nobody uses it any more
+  if (toolBar_) toolBar_->setDpi(dpi);
   view_.setDpi(dpi);
 }
 
@@ -97,7 +99,7 @@ RECT MainWindow::splitter() const {
     if (window != nullptr) GetWindowRect(window, &place);
     return place.bottom - place.top;
   };
-  client.top += heightOf(toolBar_);
+  client.top += toolBar_ ? heightOf(toolBar_->hwnd()) : 0;
   client.bottom -= status_ == nullptr ? 0 : heightOf(status_->window());
   const int most = std::max<int>(scaled(kLeastTree, dpi), client.right - scaled(kLeastCode, dpi));
   client.left = tree_ == nullptr ? 0 : std::clamp(scaled(treeWidth_, dpi), scaled(kLeastTree, dpi), most);
@@ -107,7 +109,7 @@ RECT MainWindow::splitter() const {
 
 void MainWindow::layOut() {
   if (status_ != nullptr) status_->fit();
-  if (toolBar_ != nullptr) SendMessageW(toolBar_, TB_AUTOSIZE, 0, 0);
+  if (toolBar_) toolBar_->fit();
   RECT client;
   GetClientRect(hwnd(), &client);
   const RECT bar = splitter();
@@ -133,6 +135,18 @@ void MainWindow::showContextMenu(POINT screen) {
   if (command != 0) form_.command(command);
 }
 
+// Code view, tree, tool bar.
+void MainWindow::nextPane() {
+  const HWND focus = GetFocus();
+  if (focus == view_.hwnd() && tree_ != nullptr) {
+    SetFocus(tree_);
+  } else if (toolBar_ && focus != toolBar_->hwnd()) {
+    toolBar_->focus();
+  } else {
+    view_.setFocus();
+  }
+}
+
 // Shortcuts go by the key and not by the letter on it; the control with the focus does not see them.
 bool MainWindow::translate(MSG& message) {
   if (message.message != WM_KEYDOWN && message.message != WM_SYSKEYDOWN) return false;
@@ -145,8 +159,8 @@ bool MainWindow::translate(MSG& message) {
     form_.command(command);
     return true;
   }
-  if (pressed == ui::Shortcut{VK_F6, false, false, false} && tree_ != nullptr) {  // from pane to pane
-    SetFocus(GetFocus() == tree_ ? view_.hwnd() : tree_);
+  if (pressed == ui::Shortcut{VK_F6, false, false, false}) {
+    nextPane();
     return true;
   }
   return false;
@@ -211,7 +225,7 @@ std::optional<LRESULT> MainWindow::handleSplitter(UINT message, LPARAM lParam) {
 
 LRESULT MainWindow::handleCommand(WPARAM wParam, LPARAM lParam) {
   const auto from = reinterpret_cast<HWND>(lParam);
-  if (from == nullptr || from == toolBar_) {
+  if (from == nullptr || (toolBar_ && from == toolBar_->hwnd())) {
     form_.command(LOWORD(wParam));
   } else if (ControlPeer* peer = peerOf(from)) {
     peer->onCommand(HIWORD(wParam));
@@ -244,7 +258,7 @@ LRESULT MainWindow::handle(UINT message, WPARAM wParam, LPARAM lParam) {
       const auto& header = *reinterpret_cast<const NMHDR*>(lParam);
       ControlPeer* peer = peerOf(header.hwndFrom);
       if (peer != nullptr) return peer->onNotify(header);
-      if (giveToolBarHint(toolBar_, form_.toolBar, lParam)) return 0;
+      if (toolBar_ && toolBar_->giveHint(lParam)) return 0;
       break;
     }
     case WM_DROPFILES:
@@ -262,8 +276,8 @@ LRESULT MainWindow::handle(UINT message, WPARAM wParam, LPARAM lParam) {
     case WM_DPICHANGED: {
       const auto& wanted = *reinterpret_cast<const RECT*>(lParam);
       setFonts(HIWORD(wParam));
-      SetWindowPos(hwnd(), nullptr, wanted.left, wanted.top, wanted.right - wanted.left, wanted.bottom - wanted.top,
-                   SWP_NOZORDER | SWP_NOACTIVATE);
+      SetWindowPos(hwnd(), nullptr, wanted.left, wanted.top, wanted.right - wanted.left,
+                   wanted.bottom - wanted.top, SWP_NOZORDER | SWP_NOACTIVATE);
       menusChanged();  // the bar is measured once
       return 0;
     }
@@ -307,7 +321,8 @@ ui::WindowPlace MainWindow::place() const {
   WINDOWPLACEMENT placement{};
   placement.length = sizeof placement;
   GetWindowPlacement(hwnd(), &placement);
-  return {static_cast<int>(placement.rcNormalPosition.left), static_cast<int>(placement.rcNormalPosition.top)};
+  return {static_cast<int>(placement.rcNormalPosition.left),
+          static_cast<int>(placement.rcNormalPosition.top)};
 }
 
 void MainWindow::setPlace(ui::WindowPlace place) {

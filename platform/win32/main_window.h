@@ -11,6 +11,7 @@
 #include "platform/win32/message_loop.h"
 #include "platform/win32/rich_edit_code_view.h"
 #include "platform/win32/status_peer.h"
+#include "platform/win32/tool_bar.h"
 #include "platform/win32/window_base.h"
 #include "ui/main_form.h"
 
@@ -33,6 +34,7 @@ class MainWindow final : public WindowBase<MainWindow>, private ui::FormPeer, pr
   void setFonts(int dpi);
   void layOut();
   RECT splitter() const;
+  void nextPane();
   void showContextMenu(POINT screen);
   void dropFiles(const std::vector<std::string>& paths) { form_.filesDropped(paths); }
   ControlPeer* peerOf(HWND window) const;
@@ -52,7 +54,7 @@ class MainWindow final : public WindowBase<MainWindow>, private ui::FormPeer, pr
   std::vector<std::unique_ptr<ControlPeer>> peers_;
   StatusPeer* status_ = nullptr;
   HWND tree_ = nullptr;
-  HWND toolBar_ = nullptr;
+  std::unique_ptr<ToolBar> toolBar_;
   UniqueFont font_;
   ui::WindowState state_ = ui::WindowState::Normal;
   int treeWidth_ = 210;  // in 1/96 inch

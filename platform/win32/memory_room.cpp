@@ -14,7 +14,7 @@ struct Cost {
   std::uint64_t ofLine;
 };
 constexpr Cost kWine = {48, 3000};
-constexpr Cost kWindows = {16, 400};  // an estimate on the safe side
+constexpr Cost kWindows = {16, 400};                     // an estimate on the safe side
 constexpr std::uint64_t kReserve = 64ULL * 1024 * 1024;  // for the rest of the program
 
 Cost cost() {

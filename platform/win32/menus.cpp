@@ -11,8 +11,8 @@ namespace win32 {
 namespace {
 
 // In 1/96 inch.
-constexpr int kGutter = 26;      // for check marks
-constexpr int kRightEdge = 20;   // for the arrow of a submenu
+constexpr int kGutter = 26;     // for check marks
+constexpr int kRightEdge = 20;  // for the arrow of a submenu
 constexpr int kShortcutGap = 24;
 constexpr int kLinePadding = 7;
 constexpr int kSeparatorHeight = 9;
@@ -241,7 +241,8 @@ std::vector<ui::MenuItem> pickItems(const std::vector<ui::MenuItem>& items, std:
 int showPopup(HWND owner, const std::vector<ui::MenuItem>& items, POINT screen) {
   if (items.empty()) return 0;
   const Menu menu(items, Menu::Kind::PopUp);
-  return TrackPopupMenu(menu.handle(), TPM_RETURNCMD | TPM_RIGHTBUTTON, screen.x, screen.y, 0, owner, nullptr);
+  return TrackPopupMenu(menu.handle(), TPM_RETURNCMD | TPM_RIGHTBUTTON, screen.x, screen.y, 0, owner,
+                        nullptr);
 }
 
 }  // namespace win32

@@ -10,9 +10,11 @@ std::string customResource(std::string_view name) {
   constexpr WORD kLanguage = MAKELANGID(LANG_GERMAN, SUBLANG_GERMAN);  // 1031, under which they are stored
   const HRSRC found = FindResourceExW(nullptr, L"CUSTOM", wideFromUtf8(name).c_str(), kLanguage);
   if (found == nullptr) {
-    throw base::Error(base::ErrorNumber::FileNotFound, "პროგრამაში არ არის რესურსი " + std::string(name) + ".");
+    throw base::Error(base::ErrorNumber::FileNotFound,
+                      "პროგრამაში არ არის რესურსი " + std::string(name) + ".");
   }
-  return {static_cast<const char*>(LockResource(LoadResource(nullptr, found))), SizeofResource(nullptr, found)};
+  return {static_cast<const char*>(LockResource(LoadResource(nullptr, found))),
+          SizeofResource(nullptr, found)};
 }
 
 std::string programFile() {

@@ -1,8 +1,8 @@
 #include "platform/win32/rich_edit_code_view.h"
 
-#include <algorithm>
-
 #include <richedit.h>
+
+#include <algorithm>
 
 #include "base/cp1252.h"
 #include "base/error.h"
@@ -15,7 +15,6 @@
 #include "platform/win32/pointer.h"
 #include "platform/win32/rtf_pieces.h"
 #include "platform/win32/strings.h"
-#include "ui/plain_rtf.h"
 #include "ui/plain_rtf.h"
 
 namespace win32 {
@@ -100,8 +99,8 @@ void RichEditCodeView::place(HWND parent, int id) {
 }
 
 void RichEditCodeView::setBounds(const RECT& bounds) {
-  SetWindowPos(edit_, nullptr, bounds.left, bounds.top, bounds.right - bounds.left, bounds.bottom - bounds.top,
-               SWP_NOZORDER | SWP_NOACTIVATE);
+  SetWindowPos(edit_, nullptr, bounds.left, bounds.top, bounds.right - bounds.left,
+               bounds.bottom - bounds.top, SWP_NOZORDER | SWP_NOACTIVATE);
 }
 
 void RichEditCodeView::setDpi(int dpi) {
@@ -118,11 +117,12 @@ void RichEditCodeView::makeControl() {
     GetWindowRect(old, &bounds);
     MapWindowPoints(nullptr, parent_, reinterpret_cast<POINT*>(&bounds), 2);
   }
-  edit_ = CreateWindowExW(WS_EX_CLIENTEDGE, L"RICHEDIT50W", L"",
-                          WS_CHILD | WS_VISIBLE | WS_TABSTOP | WS_VSCROLL | WS_HSCROLL | ES_MULTILINE |
-                              ES_AUTOVSCROLL | ES_AUTOHSCROLL | ES_NOHIDESEL | ES_WANTRETURN | ES_NOOLEDRAGDROP,
-                          bounds.left, bounds.top, bounds.right - bounds.left, bounds.bottom - bounds.top, parent_,
-                          reinterpret_cast<HMENU>(static_cast<INT_PTR>(id_)), nullptr, nullptr);
+  edit_ =
+      CreateWindowExW(WS_EX_CLIENTEDGE, L"RICHEDIT50W", L"",
+                      WS_CHILD | WS_VISIBLE | WS_TABSTOP | WS_VSCROLL | WS_HSCROLL | ES_MULTILINE |
+                          ES_AUTOVSCROLL | ES_AUTOHSCROLL | ES_NOHIDESEL | ES_WANTRETURN | ES_NOOLEDRAGDROP,
+                      bounds.left, bounds.top, bounds.right - bounds.left, bounds.bottom - bounds.top,
+                      parent_, reinterpret_cast<HMENU>(static_cast<INT_PTR>(id_)), nullptr, nullptr);
   if (edit_ == nullptr) throw base::Error(base::ErrorNumber::OutOfMemory, systemMessage(GetLastError()));
   if (focused) ::SetFocus(edit_);
   if (old != nullptr) {
@@ -156,7 +156,8 @@ int RichEditCodeView::length() const {
 
 std::wstring RichEditCodeView::readControl() const {
   std::wstring control(static_cast<std::size_t>(length()) + 1, L'\0');
-  GETTEXTEX wanted{static_cast<DWORD>(control.size() * sizeof(wchar_t)), GT_DEFAULT, kUnicodePage, nullptr, nullptr};
+  GETTEXTEX wanted{static_cast<DWORD>(control.size() * sizeof(wchar_t)), GT_DEFAULT, kUnicodePage, nullptr,
+                   nullptr};
   control.resize(static_cast<std::size_t>(
       send(EM_GETTEXTEX, reinterpret_cast<WPARAM>(&wanted), reinterpret_cast<LPARAM>(control.data()))));
   return control;
@@ -188,7 +189,8 @@ void RichEditCodeView::absorbUnicode() const {
     }
     std::size_t start = end;
     while (start > 0 && foreign(control[start - 1])) --start;
-    const std::string bytes = bytesFromTyped(std::wstring_view(control).substr(start, end - start), unicodeTyped);
+    const std::string bytes =
+        bytesFromTyped(std::wstring_view(control).substr(start, end - start), unicodeTyped);
     putRange({static_cast<int>(start), static_cast<int>(end)}, controlFromBytes(bytes, lineEnd_));
     end = start;
   }
@@ -214,7 +216,8 @@ void RichEditCodeView::putRange(Range range, const std::wstring& with) const {
 // Puts `inserted` in the place of `removed` bytes, in the control and in text_; all or nothing.
 void RichEditCodeView::exchange(std::size_t at, std::size_t removed, std::string_view inserted) {
   requireRoom(inserted, removed);
-  const Range range{breaks_.controlOf(static_cast<int>(at)), breaks_.controlOf(static_cast<int>(at + removed))};
+  const Range range{breaks_.controlOf(static_cast<int>(at)),
+                    breaks_.controlOf(static_cast<int>(at + removed))};
   const bool many = breaks_.lineOf(range.to) - breaks_.lineOf(range.from) > kManyLines;
   std::string next = text_;
   next.replace(at, removed, inserted);
@@ -572,7 +575,8 @@ LRESULT RichEditCodeView::handleEdit(UINT message, WPARAM wParam, LPARAM lParam)
       break;
     case WM_SYSKEYDOWN:
     case WM_SYSCHAR:
-      // Menus by keyboard; of the control's own shortcuts none (its Alt+X exchanges characters by their number).
+      // Menus by keyboard; of the control's own shortcuts none (its Alt+X exchanges characters by their
+      // number).
       if (message == WM_SYSKEYDOWN && wParam == VK_BACK) undo();
       return DefWindowProcW(edit_, message, wParam, lParam);
     case WM_CHAR:

@@ -64,7 +64,8 @@ void skipHeader(Reader& reader) {
     const Token token = reader.next();
     if (token.kind == Token::Kind::Open) {
       const Token first = reader.next();
-      const bool table = first.bytes == "\\*" || among(first.name, {"fonttbl", "colortbl", "stylesheet", "info"});
+      const bool table =
+          first.bytes == "\\*" || among(first.name, {"fonttbl", "colortbl", "stylesheet", "info"});
       if (!table) {
         reader.back(before);
         return;

@@ -22,7 +22,8 @@ bool startProcess(std::string_view commandLine) {
   start.dwFlags = STARTF_USESHOWWINDOW;
   start.wShowWindow = SW_SHOWNORMAL;
   PROCESS_INFORMATION process{};
-  if (CreateProcessW(nullptr, line.data(), nullptr, nullptr, FALSE, 0, nullptr, nullptr, &start, &process) == 0) {
+  if (CreateProcessW(nullptr, line.data(), nullptr, nullptr, FALSE, 0, nullptr, nullptr, &start, &process) ==
+      0) {
     return false;
   }
   CloseHandle(process.hThread);
@@ -34,9 +35,9 @@ void showHelp(HWND owner, std::string_view path, std::string_view topic) {
   // Not every system has it, so it is looked up when wanted; it stays, since its window does.
   static const UniqueLibrary viewer(LoadLibraryW(L"hhctrl.ocx"));
   using HtmlHelp = HWND(WINAPI*)(HWND, LPCWSTR, UINT, DWORD_PTR);
-  const auto htmlHelp = viewer ? reinterpret_cast<HtmlHelp>(
-                                     reinterpret_cast<void*>(GetProcAddress(viewer.get(), "HtmlHelpW")))
-                               : nullptr;
+  const auto htmlHelp =
+      viewer ? reinterpret_cast<HtmlHelp>(reinterpret_cast<void*>(GetProcAddress(viewer.get(), "HtmlHelpW")))
+             : nullptr;
   if (htmlHelp == nullptr) return;
   constexpr UINT kDisplayTopic = 0;
   const std::wstring wideTopic = wideFromUtf8(topic);

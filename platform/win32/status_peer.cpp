@@ -36,7 +36,8 @@ void StatusPeer::show(ui::Aspect what) {
     const std::string_view bytes = std::string_view(panel.text.bytes).substr(0, kMostShown * 3);
     const ui::TextKind kind = panel.codeFont ? ui::TextKind::Legacy : panel.text.kind;
     std::wstring text = wideFromText({std::string(bytes), kind}).substr(0, kMostShown);
-    std::replace_if(text.begin(), text.end(), [](wchar_t c) { return c < L' '; }, L' ');
+    std::replace_if(
+        text.begin(), text.end(), [](wchar_t c) { return c < L' '; }, L' ');
     send(SB_SETTEXTW, part++, reinterpret_cast<LPARAM>(text.c_str()));
   }
 }

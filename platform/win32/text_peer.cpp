@@ -45,7 +45,9 @@ ui::TextBox::Selection TextPeer::selection() const {
   send(EM_GETSEL, reinterpret_cast<WPARAM>(&start), reinterpret_cast<LPARAM>(&end));
   if (holdsBytes()) return {static_cast<int>(start), static_cast<int>(end - start)};
   const std::wstring shown = windowText(window());
-  const auto bytes = [&shown](DWORD to) { return static_cast<int>(utf8FromWide(shown.substr(0, to)).size()); };
+  const auto bytes = [&shown](DWORD to) {
+    return static_cast<int>(utf8FromWide(shown.substr(0, to)).size());
+  };
   return {bytes(start), bytes(end) - bytes(start)};
 }
 
@@ -85,6 +87,12 @@ std::optional<std::uint8_t> TextPeer::byteOf(wchar_t character) const {
 }
 
 LRESULT TextPeer::handleOf(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
+  if (message == WM_SETTEXT && !mirroring()) {
+    // By another program: a field of several lines does not say so itself.
+    const LRESULT set = forward(window, message, wParam, lParam);
+    onCommand(EN_CHANGE);
+    return set;
+  }
   if (!holdsBytes()) return forward(window, message, wParam, lParam);
   if (message == WM_PASTE) {
     enter(clipboardText(window));

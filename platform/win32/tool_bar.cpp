@@ -4,64 +4,137 @@
 
 #include "platform/win32/dpi.h"
 #include "platform/win32/strings.h"
+#include "platform/win32/tool_icons.h"
 
 namespace win32 {
 namespace {
 
-// A picture is a letter or sign in the button's own style; short, and sharp at any density.
-struct Drawing {
-  ui::ToolIcon icon;
-  const wchar_t* sign;
-};
+// In 1/96 inch.
+constexpr int kButton = 24;
+constexpr int kPicture = 16;
 
-constexpr Drawing kDrawings[] = {
-    {ui::ToolIcon::Bold, L"B"},           {ui::ToolIcon::Italic, L"I"},
-    {ui::ToolIcon::Underline, L"U"},      {ui::ToolIcon::FontFace, L"Aa"},
-    {ui::ToolIcon::FontColor, L"A\u25A0"}, {ui::ToolIcon::NoBreakSpace, L"&&nbsp"},
-    {ui::ToolIcon::LineBreak, L"BR"},     {ui::ToolIcon::Paragraph, L"P"},
-    {ui::ToolIcon::ParagraphAligned, L"P="}, {ui::ToolIcon::BulletList, L"UL"},
-    {ui::ToolIcon::NumberedList, L"OL"},  {ui::ToolIcon::Rule, L"HR"},
-    {ui::ToolIcon::Comment, L"<!"},       {ui::ToolIcon::EditTag, L"<>"},
-    {ui::ToolIcon::Center, L"\u2261"},    {ui::ToolIcon::Quote, L"\u201D"},
-    {ui::ToolIcon::Preformatted, L"PRE"}, {ui::ToolIcon::Heading1, L"H1"},
-    {ui::ToolIcon::Heading2, L"H2"},      {ui::ToolIcon::FirstColor, L"#1"},
-    {ui::ToolIcon::SecondColor, L"#2"},   {ui::ToolIcon::Image, L"IMG"},
-    {ui::ToolIcon::Link, L"A"},           {ui::ToolIcon::Anchor, L"#A"},
-    {ui::ToolIcon::Frame, L"FR"},         {ui::ToolIcon::Entity, L"&&;"},
-    {ui::ToolIcon::TagList, L"<\u2026>"},
-};
+constexpr COLORREF kNothing = RGB(255, 0, 255);  // shows the bar through
 
-const wchar_t* signOf(ui::ToolIcon icon) {
-  const auto* const at =
-      std::find_if(std::begin(kDrawings), std::end(kDrawings), [icon](const Drawing& d) { return d.icon == icon; });
-  return at == std::end(kDrawings) ? L"?" : at->sign;
+HIMAGELIST makePictures(const std::vector<ui::ToolBarButton>& buttons, int size) {
+  const int count = static_cast<int>(buttons.size());
+  const HIMAGELIST list = ImageList_Create(size, size, ILC_COLOR24 | ILC_MASK, count, 0);
+  const HDC screen = GetDC(nullptr);
+  const UniqueCanvas canvas(CreateCompatibleDC(screen));
+  const UniqueBitmap strip(CreateCompatibleBitmap(screen, size * count, size));
+  ReleaseDC(nullptr, screen);
+  const HGDIOBJ old = SelectObject(canvas.get(), strip.get());
+  const UniqueBrush nothing(CreateSolidBrush(kNothing));
+  const RECT all{0, 0, size * count, size};
+  FillRect(canvas.get(), &all, nothing.get());
+  for (int i = 0; i < count; ++i) {
+    drawToolIcon(canvas.get(), buttons[static_cast<std::size_t>(i)].icon, {i * size, 0}, size);
+  }
+  SelectObject(canvas.get(), old);
+  ImageList_AddMasked(list, strip.get(), kNothing);
+  return list;
 }
 
 }  // namespace
 
-HWND makeToolBar(HWND parent, const std::vector<ui::ToolBarButton>& buttons) {
-  const HWND bar = CreateWindowExW(0, TOOLBARCLASSNAMEW, L"",
-                                   WS_CHILD | WS_VISIBLE | TBSTYLE_FLAT | TBSTYLE_LIST | TBSTYLE_TOOLTIPS | CCS_TOP,
-                                   0, 0, 0, 0, parent, nullptr, nullptr, nullptr);
-  SendMessageW(bar, TB_BUTTONSTRUCTSIZE, sizeof(TBBUTTON), 0);
-  SendMessageW(bar, TB_SETBITMAPSIZE, 0, 0);
+ToolBar::ToolBar(HWND parent, const std::vector<ui::ToolBarButton>& buttons, int dpi,
+                 std::function<void()> leave)
+    : buttons_(buttons),
+      leave_(std::move(leave)),
+      bar_(CreateWindowExW(0, TOOLBARCLASSNAMEW, L"",
+                           WS_CHILD | WS_VISIBLE | WS_CLIPSIBLINGS | TBSTYLE_FLAT | TBSTYLE_TOOLTIPS |
+                               TBSTYLE_WRAPABLE | CCS_TOP,
+                           0, 0, 0, 0, parent, nullptr, nullptr, nullptr)) {
+  send(TB_BUTTONSTRUCTSIZE, sizeof(TBBUTTON));
+  send(TB_SETMAXTEXTROWS, 0);  // the buttons' names are for screen readers alone
+  setDpi(dpi);
+  int picture = 0;
   for (const ui::ToolBarButton& wanted : buttons) {
+    const std::wstring name = wideFromText(wanted.hint);
     TBBUTTON button{};
-    button.iBitmap = I_IMAGENONE;
+    button.iBitmap = picture++;
     button.idCommand = wanted.command;
     button.fsState = TBSTATE_ENABLED;
-    button.fsStyle = BTNS_BUTTON | BTNS_AUTOSIZE | BTNS_SHOWTEXT;
-    button.iString = reinterpret_cast<INT_PTR>(signOf(wanted.icon));
-    SendMessageW(bar, TB_ADDBUTTONSW, 1, reinterpret_cast<LPARAM>(&button));
+    button.fsStyle = BTNS_BUTTON;
+    button.iString = reinterpret_cast<INT_PTR>(name.c_str());  // the bar keeps a copy
+    send(TB_ADDBUTTONSW, 1, reinterpret_cast<LPARAM>(&button));
   }
-  return bar;
+  watch(bar_);
 }
 
-bool giveToolBarHint(HWND bar, const std::vector<ui::ToolBarButton>& buttons, LPARAM notification) {
+ToolBar::~ToolBar() {
+  if (IsWindow(bar_) == 0) return;
+  unwatch(bar_);
+  DestroyWindow(bar_);
+}
+
+void ToolBar::setDpi(int dpi) {
+  const int size = scaled(kPicture, dpi);
+  send(TB_SETBITMAPSIZE, 0, MAKELPARAM(size, size));
+  send(TB_SETBUTTONSIZE, 0, MAKELPARAM(scaled(kButton, dpi), scaled(kButton, dpi)));
+  UniqueImages pictures(makePictures(buttons_, size));
+  send(TB_SETIMAGELIST, 0, reinterpret_cast<LPARAM>(pictures.get()));
+  pictures_ = std::move(pictures);  // the old ones go when nobody uses them any more
+}
+
+void ToolBar::fit() const {
+  send(TB_AUTOSIZE);
+}
+
+void ToolBar::focus() {
+  SetFocus(bar_);
+  choose(std::max(0, static_cast<int>(send(TB_GETHOTITEM))));
+}
+
+void ToolBar::choose(int button) const {
+  const int count = static_cast<int>(buttons_.size());
+  send(TB_SETHOTITEM, static_cast<WPARAM>((button + count) % count));
+}
+
+bool ToolBar::handleKey(int key) {
+  const int hot = static_cast<int>(send(TB_GETHOTITEM));
+  switch (key) {
+    case VK_LEFT:
+    case VK_UP:
+      choose(hot - 1);
+      return true;
+    case VK_RIGHT:
+    case VK_DOWN:
+      choose(hot + 1);
+      return true;
+    case VK_HOME:
+      choose(0);
+      return true;
+    case VK_END:
+      choose(-1);
+      return true;
+    case VK_ESCAPE:
+      leave_();
+      return true;
+    case VK_RETURN:
+    case VK_SPACE:
+      if (hot < 0) return true;
+      leave_();
+      SendMessageW(GetParent(bar_), WM_COMMAND,
+                   static_cast<WPARAM>(buttons_[static_cast<std::size_t>(hot)].command),
+                   reinterpret_cast<LPARAM>(bar_));
+      return true;
+    default:
+      return false;
+  }
+}
+
+LRESULT ToolBar::handleOf(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
+  if (message == WM_KEYDOWN && handleKey(static_cast<int>(wParam))) return 0;
+  if (message == WM_CHAR) return 0;
+  if (message == WM_KILLFOCUS) send(TB_SETHOTITEM, static_cast<WPARAM>(-1));
+  return forward(window, message, wParam, lParam);
+}
+
+bool ToolBar::giveHint(LPARAM notification) const {
   auto& header = *reinterpret_cast<NMHDR*>(notification);
-  if (bar == nullptr || header.code != TTN_GETDISPINFOW) return false;
+  if (header.code != TTN_GETDISPINFOW) return false;
   auto& info = *reinterpret_cast<NMTTDISPINFOW*>(notification);
-  for (const ui::ToolBarButton& button : buttons) {
+  for (const ui::ToolBarButton& button : buttons_) {
     if (static_cast<UINT_PTR>(button.command) != header.idFrom) continue;
     // The tool tip copies at most its own field's length.
     const std::wstring hint = wideFromText(button.hint).substr(0, std::size(info.szText) - 1);

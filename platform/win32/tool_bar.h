@@ -1,16 +1,44 @@
 // The strip of buttons under the menu bar.
 #pragma once
 
+#include <functional>
 #include <vector>
 
+#include "platform/win32/handles.h"
+#include "platform/win32/subclass.h"
 #include "platform/win32/windows_api.h"
 #include "ui/tool_bar.h"
 
 namespace win32 {
 
-// Its buttons send WM_COMMAND with their command.
-HWND makeToolBar(HWND parent, const std::vector<ui::ToolBarButton>& buttons);
-// For WM_NOTIFY of the parent: true when the bar asked for a tool tip and got it.
-bool giveToolBarHint(HWND bar, const std::vector<ui::ToolBarButton>& buttons, LPARAM notification);
+// Its buttons send WM_COMMAND with their command. With the keyboard: arrows, Home and End go from button to
+// button, Enter and the space bar press it, Esc leaves.
+class ToolBar final : private Subclass<ToolBar> {
+ public:
+  // A child of `parent`, whose density is `dpi`; `leave` gives the focus back. `buttons` outlive the bar.
+  ToolBar(HWND parent, const std::vector<ui::ToolBarButton>& buttons, int dpi, std::function<void()> leave);
+  ~ToolBar();
+
+  HWND hwnd() const { return bar_; }
+  void setDpi(int dpi);
+  void fit() const;  // after the parent's size changed
+  void focus();
+  // For WM_NOTIFY of the parent: true when the bar asked for a tool tip and got it.
+  bool giveHint(LPARAM notification) const;
+
+ private:
+  friend class Subclass<ToolBar>;
+  LRESULT handleOf(HWND window, UINT message, WPARAM wParam, LPARAM lParam);
+  bool handleKey(int key);
+  void choose(int button) const;
+  LRESULT send(UINT message, WPARAM wParam = 0, LPARAM lParam = 0) const {
+    return SendMessageW(bar_, message, wParam, lParam);
+  }
+
+  const std::vector<ui::ToolBarButton>& buttons_;
+  std::function<void()> leave_;
+  HWND bar_ = nullptr;
+  UniqueImages pictures_;
+};
 
 }  // namespace win32

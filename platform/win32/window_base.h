@@ -33,7 +33,8 @@ class WindowBase {
     classSetup(windowClass);
     RegisterClassExW(&windowClass);  // fails harmlessly when it is there already
     return CreateWindowExW(exStyle, className, L"", style, CW_USEDEFAULT, CW_USEDEFAULT, CW_USEDEFAULT,
-                           CW_USEDEFAULT, parent, nullptr, windowClass.hInstance, static_cast<Derived*>(this));
+                           CW_USEDEFAULT, parent, nullptr, windowClass.hInstance,
+                           static_cast<Derived*>(this));
   }
 
   LRESULT defaultHandling(UINT message, WPARAM wParam, LPARAM lParam) const {

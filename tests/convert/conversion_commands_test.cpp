@@ -33,23 +33,23 @@ class ConversionCommands : public tests::MainWindowTest {
 
 struct Case {
   int id;
+  bool hourglass;
   std::string from, to;
-  bool hourglass = false;
 };
 
 TEST_F(ConversionCommands, ConvertTheWholeTextInOneUndoableStep) {
   const Case table[] = {
-      {mnuUTF8, kLatin, kUtf8},
-      {mnuTut8dekod, kUtf8, kLatin},
-      {mnuTkod, kLatin, kLegacy},
-      {mnuTfonkod, kLegacy, kLatin},
-      {mnuhinu, kRussianReferences, kRussian, true},
-      {mnuUinH, kRussian, kRussianReferences, true},
-      {mnuQHIU, kReferences, kLegacy, true},
-      {mnuQUIH, kLegacy, kReferences, true},
-      {mnuQUTFIH, kUtf8, kReferences, true},
-      {mnuQHIUTF, kReferences, kUtf8, true},
-      {mnuxuc, kLegacy, kKhutsuri, true},
+      {mnuUTF8, false, kLatin, kUtf8},
+      {mnuTut8dekod, false, kUtf8, kLatin},
+      {mnuTkod, false, kLatin, kLegacy},
+      {mnuTfonkod, false, kLegacy, kLatin},
+      {mnuhinu, true, kRussianReferences, kRussian},
+      {mnuUinH, true, kRussian, kRussianReferences},
+      {mnuQHIU, true, kReferences, kLegacy},
+      {mnuQUIH, true, kLegacy, kReferences},
+      {mnuQUTFIH, true, kUtf8, kReferences},
+      {mnuQHIUTF, true, kReferences, kUtf8},
+      {mnuxuc, true, kLegacy, kKhutsuri},
   };
   for (const Case& row : table) {
     SCOPED_TRACE(row.id);
@@ -77,10 +77,10 @@ TEST_F(ConversionCommands, ConvertTheWholeTextInOneUndoableStep) {
 
 TEST_F(ConversionCommands, ConvertTheSelectionAndSelectTheResult) {
   const Case table[] = {
-      {mnumtubers, kLatin, kUtf8},
-      {mnuUTF8dekod, kUtf8, kLatin},
-      {mnukod, kLatin, kLegacy},
-      {mnuMfonkod, kLegacy, kLatin},
+      {mnumtubers, false, kLatin, kUtf8},
+      {mnuUTF8dekod, false, kUtf8, kLatin},
+      {mnukod, false, kLatin, kLegacy},
+      {mnuMfonkod, false, kLegacy, kLatin},
   };
   for (const Case& row : table) {
     SCOPED_TRACE(row.id);

@@ -385,6 +385,18 @@ CHARRANGE Zervo::selection() const {
   return memory.get<CHARRANGE>();
 }
 
+COLORREF Zervo::textColor(int position) const {
+  const HWND view = control(IDC_FrmH_T1);
+  select(position, position + 1);
+  const RemoteMemory memory(view, sizeof(CHARFORMAT2W));
+  CHARFORMAT2W format{};
+  format.cbSize = sizeof format;
+  memory.put(format);
+  send(view, EM_GETCHARFORMAT, SCF_SELECTION, pointer(memory.as<CHARFORMAT2W>()));
+  format = memory.get<CHARFORMAT2W>();
+  return (format.dwEffects & CFE_AUTOCOLOR) != 0 ? RGB(0, 0, 0) : format.crTextColor;
+}
+
 void Zervo::type(wchar_t character) const {
   PostMessageW(control(IDC_FrmH_T1), WM_CHAR, character, 1);
 }

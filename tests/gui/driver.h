@@ -85,6 +85,8 @@ class Zervo {
   void select(int start, int end) const;
   CHARRANGE selection() const;
   void type(wchar_t character) const;
+  // Of the character behind the position; moves the selection there. Automatic colour is black.
+  COLORREF textColor(int position) const;
 
   // The tree: titles with two spaces before those of documents, from top to bottom.
   std::vector<std::string> tree() const;

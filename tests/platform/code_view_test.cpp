@@ -33,7 +33,8 @@ const std::vector<std::string>& nastyTexts() {
       "one\rtwo\r",
       "no end",
       "\xEF\xBB\xBF<html>\r\n",
-      "\xFF\xFE" "a\0b\0"s,
+      "\xFF\xFE"
+      "a\0b\0"s,
       "{\\rtf1\\ansi{\\fonttbl\\f0 Arial;}hello\\par}",
       "{\\rtf1 not really",
       everyByte(),
@@ -70,7 +71,8 @@ TEST_F(CodeView, EveryTextComesBackByteForByteHoweverItCameIn) {
     view_.load(text);
     EXPECT_EQ(view_.text(), text);
     // Read anew from the control, as after a user's change.
-    SendMessageW(window_.hwnd(), WM_COMMAND, MAKEWPARAM(7, EN_CHANGE), reinterpret_cast<LPARAM>(view_.hwnd()));
+    SendMessageW(window_.hwnd(), WM_COMMAND, MAKEWPARAM(7, EN_CHANGE),
+                 reinterpret_cast<LPARAM>(view_.hwnd()));
     EXPECT_EQ(view_.text(), text);
     view_.load("before\r\n");
     view_.setText(text);
@@ -95,7 +97,8 @@ TEST_F(CodeView, PositionsAreBytesWrappedOrNot) {
     for (int at = 0; at <= static_cast<int>(text.size()); at += 29) {
       const int length = static_cast<int>(random() % 60);
       view_.select(at, length);
-      const bool inside = at > 0 && text[static_cast<std::size_t>(at - 1)] == '\r' && text[static_cast<std::size_t>(at)] == '\n';
+      const bool inside = at > 0 && text[static_cast<std::size_t>(at - 1)] == '\r' &&
+                          text[static_cast<std::size_t>(at)] == '\n';
       const int start = inside ? at - 1 : at;
       ASSERT_EQ(view_.selStart(), start);
       const auto got = view_.selText();
@@ -110,7 +113,8 @@ TEST_F(CodeView, PositionsAreBytesWrappedOrNot) {
 
 TEST_F(CodeView, CaretCountsLineEndsNotRows) {
   view_.setWordWrap(true);
-  view_.load(std::string(500, 'a') + "\r\n" + std::string(200, 'b') + " " + std::string(100, 'c') + "\r\nlast");
+  view_.load(std::string(500, 'a') + "\r\n" + std::string(200, 'b') + " " + std::string(100, 'c') +
+             "\r\nlast");
   view_.select(502 + 250, 0);
   EXPECT_EQ(view_.caret().line, 2);
   EXPECT_EQ(view_.caret().column, 251);

@@ -140,7 +140,9 @@ TEST_F(DialogHost, TellsTheFormWhatTheUserDoesAndOnlyThat) {
   EXPECT_EQ(node, -1);
 
   SetWindowTextW(item(IDC_sample_Ttext), L"\u10D0x");
-  EXPECT_EQ(form_.Ttext.text(), "ა" "x");
+  EXPECT_EQ(form_.Ttext.text(),
+            "ა"
+            "x");
   form_.Tbytes.keyPress = [](int key) { return key == 'a' ? 0xC0 : key; };
   send(IDC_sample_Tbytes, WM_CHAR, 'a', 1);
   send(IDC_sample_Tbytes, WM_CHAR, 0x10D1, 1);  // no byte: its UTF-8 enters

@@ -107,7 +107,8 @@ TEST(Menus, AreFoundByKeyAndByLetterInAnyLayout) {
 
 TEST(CommonDialogs, FiltersAndAnswers) {
   EXPECT_EQ(win32::filterPieces("A(*.a)|*.a|B|*.b"), L"A(*.a)\0*.a\0B\0*.b\0\0"s);
-  EXPECT_EQ(win32::pathsOfAnswer(L"C:\\d\0a.htm\0ბ.htm"s), (std::vector<std::string>{"C:\\d\\a.htm", "C:\\d\\ბ.htm"}));
+  EXPECT_EQ(win32::pathsOfAnswer(L"C:\\d\0a.htm\0ბ.htm"s),
+            (std::vector<std::string>{"C:\\d\\a.htm", "C:\\d\\ბ.htm"}));
   EXPECT_EQ(win32::pathsOfAnswer(L"C:\\d\\a.htm"), std::vector<std::string>{"C:\\d\\a.htm"});
   EXPECT_TRUE(win32::pathsOfAnswer(L"").empty());
 }

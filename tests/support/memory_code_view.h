@@ -68,7 +68,8 @@ class MemoryCodeView : public ui::CodeView {
   std::string rtf() const override { return ui::plainRtf(now_.text, "\r\n", font.name); }
   void setRtf(std::string_view rtf) override {
     shown = readRtf(rtf);
-    now_.text = shown.text;
+    now_ = {shown.text, 0, 0};
+    scroll_ = 0;
   }
   void resetFormats() override { shown = {}; }
   void setFocus() override {}

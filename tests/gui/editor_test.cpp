@@ -1,0 +1,128 @@
+// HTML editing in the real program: colours in the control, tags from list, menu and toolbar.
+#include "tests/gui/fixture.h"
+
+namespace gui {
+namespace {
+
+const std::string kPage =
+    "<A HREF=\"x\">y</A>\r\n<!-- \xD2\xCF -->{\\}\r\n<TD WIDTH=5 Align=c>\r\nNAME=z\r\n\r\n";
+
+void key(const Zervo& zervo, UINT message, int code) {
+  PostMessageW(zervo.control(IDC_FrmH_T1), message, static_cast<WPARAM>(code), 1);
+}
+
+// One letter a control position: Black, bLue, Red, Green.
+std::string colors(const Zervo& zervo, int count) {
+  std::string letters;
+  for (int i = 0; i < count; ++i) {
+    const COLORREF color = zervo.textColor(i);
+    letters += color == RGB(0, 0, 0)      ? 'B'
+               : color == RGB(0, 0, 255)  ? 'L'
+               : color == RGB(255, 0, 0)  ? 'R'
+               : color == RGB(0, 150, 50) ? 'G'
+                                          : '?';
+  }
+  return letters;
+}
+
+TEST_F(Session, ColoursComeWithF12AndGoWithAnyKey) {
+  const auto page = file(L"page.html", kPage);
+  Zervo zervo = open({page});
+  zervo.waitForText(kPage);
+  const std::string black(20, 'B');
+  EXPECT_EQ(colors(zervo, 20), black);
+  zervo.type('!');
+  zervo.waitForText(kPage.substr(0, 20) + "!" + kPage.substr(21));  // in place of the selected letter
+  zervo.command(mnuUndo);
+  zervo.waitForText(kPage);
+
+  zervo.select(2, 7);
+  key(zervo, WM_KEYUP, VK_F12);
+  waitFor("the selection", [&] { return zervo.selection().cpMin == 2 && zervo.selection().cpMax == 7; });
+  EXPECT_EQ(zervo.text(), kPage);
+  // A line end counts one here.
+  const std::string expected =
+      "LL"
+      "RRRRRR"
+      "BBB"
+      "L"
+      "B"
+      "LLLL"
+      "B"
+      "GGGG"
+      "GGG"
+      "GGG"
+      "L"
+      "BBB"
+      "B"
+      "LLL"
+      "RRRRRRR"
+      "B"
+      "BBBBBBBB"
+      "L"
+      "B"
+      "BBBBBB"
+      "B";
+  std::string seen;
+  waitFor("colours", [&] { return (seen = colors(zervo, 17)) == expected.substr(0, 17); });
+  EXPECT_EQ(colors(zervo, static_cast<int>(expected.size())), expected);
+
+  zervo.select(2, 7);
+  key(zervo, WM_KEYDOWN, VK_SHIFT);
+  waitFor("black text", [&] { return colors(zervo, 20) == black; });
+  EXPECT_EQ(zervo.text(), kPage);
+  zervo.command(mnuRedo);  // the history outlived the colours
+  zervo.waitForText(kPage.substr(0, 20) + "!" + kPage.substr(21));
+  zervo.command(mnuUndo);
+  zervo.waitForText(kPage);
+}
+
+TEST_F(Session, TagsAreInsertedAroundTheSelection) {
+  Zervo zervo = open({file(L"page.html", "a word b")});
+  zervo.waitForText("a word b");
+  zervo.select(2, 6);
+  zervo.command(PHTbar);
+  zervo.waitForText("a <B>word</B> b");
+  zervo.command(mnuH3);
+  zervo.waitForText("a <B><H3>word</H3></B> b");
+
+  zervo.command(mnutags);
+  HWND list = nullptr;
+  waitFor("the tag list",
+          [&] { return (list = FindWindowW(L"frmTags", nullptr)) != nullptr && IsWindowVisible(list); });
+  EXPECT_EQ(SendMessageW(GetDlgItem(list, IDC_frmTags_List1), LB_GETCOUNT, 0, 0), 93);
+  for (const wchar_t letter : std::wstring(L"big")) {
+    PostMessageW(GetDlgItem(list, IDC_frmTags_Tsearch), WM_CHAR, letter, 1);
+  }
+  waitFor("BIG", [&] { return SendMessageW(GetDlgItem(list, IDC_frmTags_List1), LB_GETCURSEL, 0, 0) == 12; });
+  PostMessageW(GetDlgItem(list, IDC_frmTags_Tsearch), WM_KEYDOWN, VK_RETURN, 1);
+  zervo.waitForText("a <B><H3><BIG>word</BIG></H3></B> b");
+  EXPECT_EQ(zervo.selection().cpMin, 14);
+  EXPECT_EQ(zervo.selection().cpMax, 18);
+}
+
+TEST_F(Session, EveryWindowOfTheEditorOpensAndCloses) {
+  Zervo zervo = open({file(L"page.html", "<P ALIGN=left>text")});
+  zervo.waitForText("<P ALIGN=left>text");
+  zervo.select(3, 3);
+  const std::tuple<int, const wchar_t*, int> windows[] = {{mnutags, L"frmTags", IDC_frmTags_MBexit},
+                                                          {mnutagkod, L"frmkod", IDC_frmkod_CEXIT},
+                                                          {mnuabzac, L"frmabzac", IDC_frmabzac_CEXIT},
+                                                          {mnuasos, L"frmasos", IDC_frmasos_CEXIT},
+                                                          {mnuparzuch, L"frmxascvla", IDC_frmxascvla_CEXIT}};
+  for (const auto& [command, name, button] : windows) {
+    zervo.command(command);
+    HWND window = nullptr;
+    waitFor(utf8(name), [&, name = name] {
+      window = FindWindowW(name, nullptr);
+      return window != nullptr && IsWindowVisible(window) != FALSE;
+    });
+    PostMessageW(GetDlgItem(window, button), BM_CLICK, 0, 0);
+    waitFor("the end of " + utf8(name), [&] { return IsWindow(window) == FALSE; });
+  }
+  EXPECT_EQ(zervo.text(), "<P ALIGN=left>text");
+  leave(zervo);
+}
+
+}  // namespace
+}  // namespace gui
