@@ -13,7 +13,7 @@
 namespace search {
 namespace {
 
-using ui::operator""_keyboard;
+using namespace ui::literals;
 
 constexpr std::size_t kHistory = 20;
 constexpr int kHeightWithList = 491;  // 7365 twips
@@ -271,12 +271,12 @@ bool frmsuch::suchen() {
     setRange(T1_.text().size());
     targets_ = targets();
     app::Progress progress(bench_.platform(), panel(), targets_.size());
-    for (std::size_t i = 0; i < targets_.size(); ++i) {
+    for (const int& target : targets_) {
       if (targets_.size() > 1 && !progress.step("")) {
         stopped_ = true;
         break;
       }
-      const int document = targets_[i];
+      const int document = target;
       if (document == kGone) continue;  // closed during the step
       const std::string& text = bench_.documentText(static_cast<std::int16_t>(document));
       hits.findAll(document, text, wanted, allFiles() ? Range{0, text.size()} : range());

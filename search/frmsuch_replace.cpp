@@ -8,7 +8,7 @@
 
 namespace search {
 
-using ui::operator""_keyboard;
+using namespace ui::literals;
 
 void frmsuch::Ccvla_Click() {
   if (busy_) return;
@@ -69,9 +69,10 @@ void frmsuch::replaceInShown(const Pattern& pattern, const std::string& replacem
 void frmsuch::replaceInAll(const Pattern& pattern, const std::string& replacement) {
   targets_ = targets();
   app::Progress progress(bench_.platform(), panel(), targets_.size());
-  for (std::size_t i = 0; i < targets_.size() && progress.step(""); ++i) {
-    if (targets_[i] == kGone) continue;  // closed during the step
-    replaceIn(static_cast<std::int16_t>(targets_[i]), pattern, replacement);
+  for (const int& target : targets_) {
+    if (!progress.step("")) break;
+    if (target == kGone) continue;  // closed during the step
+    replaceIn(static_cast<std::int16_t>(target), pattern, replacement);
   }
   targets_.clear();
 }

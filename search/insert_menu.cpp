@@ -7,7 +7,7 @@
 namespace search {
 namespace {
 
-using ui::operator""_keyboard;
+using namespace ui::literals;
 
 ui::MenuItem item(ui::Text caption, int command) {
   ui::MenuItem made;

@@ -87,14 +87,14 @@ TEST_F(CodeView, EveryTextComesBackByteForByteHoweverItCameIn) {
 TEST_F(CodeView, PositionsAreBytesWrappedOrNot) {
   std::mt19937 random(5);
   std::string text;
-  while (text.size() < 3000) {
+  while (text.size() < 2000) {
     text += std::string(random() % 90, static_cast<char>('a' + random() % 26)) + "\r\n";
     if (random() % 5 == 0) text += "\xC0 \xC1 \n\xC2";
   }
   for (const bool wrap : {false, true}) {
     view_.setWordWrap(wrap);
     view_.load(text);
-    for (int at = 0; at <= static_cast<int>(text.size()); at += 29) {
+    for (int at = 0; at <= static_cast<int>(text.size()); at += 31) {
       const int length = static_cast<int>(random() % 60);
       view_.select(at, length);
       const bool inside = at > 0 && text[static_cast<std::size_t>(at - 1)] == '\r' &&
@@ -299,7 +299,7 @@ TEST_F(CodeView, LongTextsAreExchangedAndUndoneAsOthersAre) {
 TEST_F(CodeView, KeepsTheTextWhenAnotherCannotBeHeld) {
   view_.load("kept");
   // More line ends than any process's memory can carry.
-  const std::string tooLong(std::size_t{64} << 20, '\n');
+  const std::string tooLong(std::size_t{32} << 20, '\n');
   EXPECT_THROW(view_.load(tooLong), base::Error);
   EXPECT_THROW(view_.setText(tooLong), base::Error);
   EXPECT_THROW(view_.replaceSelection(tooLong), base::Error);

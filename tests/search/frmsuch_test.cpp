@@ -7,8 +7,7 @@
 namespace {
 
 using search::frmsuch;
-using ui::operator""_keyboard;
-using ui::operator""_legacy;
+using namespace ui::literals;
 
 class FrmsuchTest : public tests::MainWindowTest {
  protected:
@@ -413,7 +412,7 @@ TEST_F(FrmsuchTest, ReplaceAllKeepsToItsScopeAndIsOneStep) {
     D.Combo1.userSelect(scope);
     D.Tcvla.userSet("yy");
     D.Calcvla.click();
-    const std::string result = T1.text();
+    std::string result = T1.text();
     EXPECT_EQ(selected(), scope == 1 ? "3+5" : "3+3");
     T1.undo();
     EXPECT_EQ(T1.text(), text);
