@@ -270,6 +270,14 @@ void FrmH::buildMenus() {
       }
       top.items.push_back(std::move(submenu));
     }
+    // Rows may have been left out: no separator stands first, last or beside another.
+    auto& items = top.items;
+    const auto both = [](const ui::MenuItem& a, const ui::MenuItem& b) {
+      return a.separator() && b.separator();
+    };
+    items.erase(std::unique(items.begin(), items.end(), both), items.end());
+    if (!items.empty() && items.front().separator()) items.erase(items.begin());
+    if (!items.empty() && items.back().separator()) items.pop_back();
     menus.push_back(std::move(top));
   }
   menuOpening();

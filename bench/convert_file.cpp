@@ -40,7 +40,7 @@ class Mapped {
     struct stat state {};
     if (fstat(fileno(file_.get()), &state) != 0) throw std::runtime_error("cannot read");
     size_ = static_cast<std::size_t>(state.st_size);
-    bytes_ = mmap(nullptr, size_, PROT_READ, MAP_PRIVATE, fileno(file_.get()), 0);
+    bytes_ = mmap(nullptr, size_, PROT_READ, MAP_PRIVATE | MAP_POPULATE, fileno(file_.get()), 0);
     if (bytes_ == MAP_FAILED) throw std::runtime_error("cannot map");
   }
   Mapped(const Mapped&) = delete;

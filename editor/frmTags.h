@@ -4,6 +4,7 @@
 #include <string>
 #include <vector>
 
+#include "editor/list_keys.h"
 #include "editor/tag_list.h"
 #include "resources/ids.h"
 #include "ui/controls.h"
@@ -26,6 +27,7 @@ class frmTags : public ui::Form {
   std::string fontebisdatenva();
 
   bool queryClose() override;
+  bool keyPressed(const ui::Shortcut& key) override { return stepThrough(List1, key); }
 
  private:
   std::string run(std::vector<std::string> names);

@@ -4,6 +4,7 @@
 #include <vector>
 
 #include "editor/entities.h"
+#include "editor/list_keys.h"
 #include "resources/ids.h"
 #include "ui/code_view.h"
 #include "ui/controls.h"
@@ -25,6 +26,7 @@ class frmasos : public ui::Form {
   ui::Button CEXIT{*this, IDC_frmasos_CEXIT};
 
   void show();
+  bool keyPressed(const ui::Shortcut& key) override { return stepThrough(LV, key); }
 
  private:
   void Tsearch_Change();

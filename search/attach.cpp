@@ -46,12 +46,12 @@ Search::Search(app::Workbench& bench) : bench_(bench), dialog_(std::make_unique<
        "ძველი ტექსტის დაბრუნება ყველა ფაილში, სადაც ის შეიცვალა"},
   });
   bench_.addMenu({app::kEditMenu,
-                  {{mnusuch, {}, {}},
+                  {{0, {}, {}},
+                   {mnusuch, {}, {}},
                    {mnufindnext, {}, {}},
                    {mnufindprevious, {}, {}},
                    {mnumarkfinddel, {}, {}},
-                   {mnuundoreplace, {}, {}},
-                   {0, {}, {}}}});
+                   {mnuundoreplace, {}, {}}}});
 }
 
 Search::~Search() = default;

@@ -143,11 +143,13 @@ TEST_F(Tags, ListFollowsTheTyping) {
     EXPECT_EQ(dialog.List1.items()[static_cast<std::size_t>(dialog.List1.selected())], "TEXTAREA");
     dialog.Tsearch.userSet("h3");
     dialog.Tsearch.userSet("h3x");  // nothing begins so
+    EXPECT_FALSE(dialog.keyPressed({'A', false, false, false}));
+    EXPECT_TRUE(dialog.keyPressed({0x28, false, false, false}));  // the down key
     dialog.List1.doubleClicked();
     EXPECT_TRUE(dialog.closed());
   });
   ASSERT_TRUE(H->runCommand(mnutags));
-  expect("<H3></H3>", 4, 0);
+  expect("<H4></H4>", 4, 0);
 }
 
 TEST_F(Tags, WrapsKeepTheirOffsets) {

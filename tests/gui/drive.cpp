@@ -15,6 +15,7 @@ constexpr const char* kUsage =
     "zervo-drive expect FILE             wait until the code view shows the bytes of FILE\n"
     "zervo-drive saved FILE WANTED       wait until FILE holds the bytes of WANTED\n"
     "zervo-drive select START END        select in the code view\n"
+    "zervo-drive key NUMBER              press a key in the code view, by its virtual-key number\n"
     "zervo-drive show                    print caption, tree and status bar\n"
     "zervo-drive answer BUTTON           press a button of the open box, print the box's message\n"
     "zervo-drive close                   end the program and wait for its end\n";
@@ -37,6 +38,11 @@ void run(const std::wstring& action, const std::vector<std::wstring>& words) {
                  [&] { return gui::readBytes(words.at(0)) == gui::readBytes(words.at(1)); });
   } else if (action == L"select") {
     zervo.select(std::stoi(words.at(0)), std::stoi(words.at(1)));
+  } else if (action == L"key") {
+    const HWND view = zervo.control(IDC_FrmH_T1);
+    for (const UINT message : {WM_KEYDOWN, WM_KEYUP}) {
+      PostMessageW(view, message, static_cast<WPARAM>(std::stoi(words.at(0))), 1);
+    }
   } else if (action == L"show") {
     std::cout << zervo.caption() << "\n";
     for (const std::string& node : zervo.tree()) std::cout << "  " << node << "\n";

@@ -88,7 +88,7 @@ class MemoryCodeView : public ui::CodeView {
   ui::Font font;
   base::Color backColor = 0, textColor = 0;
   bool wordWrap = false;
-  RtfText shown;  // what the last RTF looks like; empty: plain
+  RtfText shown;                          // what the last RTF looks like; empty: plain
   std::size_t limit = std::string::npos;  // longer texts cannot be loaded
 
  private:
