@@ -36,20 +36,20 @@ constexpr int kNone = -1;
 // that no slot is wanted twice.
 constexpr std::size_t kSlots = 4096;
 constexpr std::size_t slotOf(std::string_view name) {
-  const auto letter = [&](std::size_t at) { return static_cast<std::uint8_t>(name[at]); };
-  return (name.size() * 769U + letter(0) * 67U + letter(1) * 131U + letter(name.size() - 1) * 29U) % kSlots;
+  const auto letter = [&](std::size_t at) { return std::size_t{static_cast<std::uint8_t>(name[at])}; };
+  return (name.size() * 769 + letter(0) * 67 + letter(1) * 131 + letter(name.size() - 1) * 29) % kSlots;
 }
-constexpr std::array<std::int8_t, kSlots> makeSlots() {
-  std::array<std::int8_t, kSlots> slots{};
+constexpr std::array<std::int16_t, kSlots> makeSlots() {
+  std::array<std::int16_t, kSlots> slots{};
   for (auto& slot : slots) slot = kNone;
   for (std::size_t i = 0; i < kAttributes.size(); ++i) {
-    std::int8_t& slot = slots[slotOf(kAttributes[i])];
+    std::int16_t& slot = slots[slotOf(kAttributes[i])];
     if (slot != kNone) throw "two names in one slot";
-    slot = static_cast<std::int8_t>(i);
+    slot = static_cast<std::int16_t>(i);
   }
   return slots;
 }
-constexpr std::array<std::int8_t, kSlots> kSlotTable = makeSlots();
+constexpr std::array<std::int16_t, kSlots> kSlotTable = makeSlots();
 
 bool isLetter(char c) {
   return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z');

@@ -1,5 +1,7 @@
 #include "editor/pair_grid.h"
 
+#include <algorithm>
+
 #include "editor/shown_bytes.h"
 
 namespace editor {
@@ -72,7 +74,7 @@ void PairGrid::Cremove_Click() {
 
 void PairGrid::move(int by) {
   const int selected = list_.selected();
-  std::swap(rows_[static_cast<std::size_t>(selected)], rows_[static_cast<std::size_t>(selected + by)]);
+  std::iter_swap(rows_.begin() + selected, rows_.begin() + selected + by);
   notes_.clear();
   show(selected + by);
 }

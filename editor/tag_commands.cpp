@@ -19,7 +19,6 @@ struct Row {
   const char* caption;
   const char* help;
   Insertion code;
-  bool focus = true;  // T1 gets the focus afterwards
 };
 
 constexpr Row kRows[] = {
@@ -47,7 +46,7 @@ constexpr Row kRows[] = {
      "აბზაცი &მარჯვნივ",
      "მარჯვენა კიდეზე გასწორებული აბზაცი",
      {Placing::Wrap, "<P style=\"text-align:right; margin-right:1.0cm\">", "</P>", 46}},
-    {mnulink, "mnulink", "&ბმული", "ბმული სხვა გვერდზე", {Placing::Wrap, "<A HREF=\"\">", "</A>", 11}, false},
+    {mnulink, "mnulink", "&ბმული", "ბმული სხვა გვერდზე", {Placing::Wrap, "<A HREF=\"\">", "</A>", 11}},
     {mnuanchor,
      "mnuanchor",
      "&ღუზა",
@@ -99,40 +98,40 @@ constexpr Row kRows[] = {
 // A button of the toolbar: a code of its own, or (no code) what `command` does; neither: see htmlbarklick().
 struct ToolButton {
   ui::ToolIcon icon;
+  int command;  // 0: none
   const char* hint;
-  int command = 0;
   Insertion code = {};
 };
 
 using Icon = ui::ToolIcon;
 constexpr ToolButton kButtons[kToolButtons] = {
-    {Icon::Bold, "მუქი", 0, {Placing::Wrap, "<B>", "</B>", 3}},
-    {Icon::Italic, "დახრილი", 0, {Placing::Wrap, "<I>", "</I>", 3}},
-    {Icon::Underline, "ხაზგასმული", 0, {Placing::Wrap, "<U>", "</U>", 3}},
-    {Icon::FontFace, "შრიფტის არჩევა"},
-    {Icon::FontColor, "ფერის არჩევა"},
-    {Icon::NoBreakSpace, "განუყოფელი შუალედი"},
-    {Icon::LineBreak, "ახალი სტრიქონი", 0, {Placing::Replace, "<BR>"}},
-    {Icon::Paragraph, "აბზაცი", 0, {Placing::Wrap, "<P>", "</P>", 3}},
-    {Icon::ParagraphAligned, "აბზაცი გასწორებით", mnuabzac},
-    {Icon::BulletList, "სია", mnulist},
-    {Icon::NumberedList, "დანომრილი სია", mnunumlist},
-    {Icon::Rule, "ჰორიზონტალური ხაზი", 0, {Placing::Replace, "<HR>"}},
-    {Icon::Comment, "კომენტარი", 0, {Placing::Wrap, "<!-- ", " -->", 5}},
-    {Icon::EditTag, "ტეგის ატრიბუტები", mnutagkod},
-    {Icon::Center, "ცენტრში", 0, {Placing::Wrap, "<CENTER>", "</CENTER>", 8}},
-    {Icon::Quote, "ციტატა", 0, {Placing::Wrap, "<BLOCKQUOTE>", "</BLOCKQUOTE>", 12}},
-    {Icon::Preformatted, "დაფორმატებული ტექსტი", 0, {Placing::Wrap, "<PRE>", "</PRE>", 5}},
-    {Icon::Heading1, "სათაური H1", mnuH1},
-    {Icon::Heading2, "სათაური H2", mnuH2},
-    {Icon::FirstColor, "ტექსტის ფერი: ბოლოს არჩეული"},
-    {Icon::SecondColor, "ტექსტის ფერი: მის წინ არჩეული"},
-    {Icon::Image, "სურათი", mnuImageTag},
-    {Icon::Link, "ბმული", mnulink},
-    {Icon::Anchor, "ღუზა", mnuanchor},
-    {Icon::Frame, "ფრეიმი", mnuframe},
-    {Icon::Entity, "სიმბოლოები", mnuasos},
-    {Icon::TagList, "ტეგების სია", mnutags},
+    {Icon::Bold, 0, "მუქი", {Placing::Wrap, "<B>", "</B>", 3}},
+    {Icon::Italic, 0, "დახრილი", {Placing::Wrap, "<I>", "</I>", 3}},
+    {Icon::Underline, 0, "ხაზგასმული", {Placing::Wrap, "<U>", "</U>", 3}},
+    {Icon::FontFace, 0, "შრიფტის არჩევა"},
+    {Icon::FontColor, 0, "ფერის არჩევა"},
+    {Icon::NoBreakSpace, 0, "განუყოფელი შუალედი"},
+    {Icon::LineBreak, 0, "ახალი სტრიქონი", {Placing::Replace, "<BR>"}},
+    {Icon::Paragraph, 0, "აბზაცი", {Placing::Wrap, "<P>", "</P>", 3}},
+    {Icon::ParagraphAligned, mnuabzac, "აბზაცი გასწორებით"},
+    {Icon::BulletList, mnulist, "სია"},
+    {Icon::NumberedList, mnunumlist, "დანომრილი სია"},
+    {Icon::Rule, 0, "ჰორიზონტალური ხაზი", {Placing::Replace, "<HR>"}},
+    {Icon::Comment, 0, "კომენტარი", {Placing::Wrap, "<!-- ", " -->", 5}},
+    {Icon::EditTag, mnutagkod, "ტეგის ატრიბუტები"},
+    {Icon::Center, 0, "ცენტრში", {Placing::Wrap, "<CENTER>", "</CENTER>", 8}},
+    {Icon::Quote, 0, "ციტატა", {Placing::Wrap, "<BLOCKQUOTE>", "</BLOCKQUOTE>", 12}},
+    {Icon::Preformatted, 0, "დაფორმატებული ტექსტი", {Placing::Wrap, "<PRE>", "</PRE>", 5}},
+    {Icon::Heading1, mnuH1, "სათაური H1"},
+    {Icon::Heading2, mnuH2, "სათაური H2"},
+    {Icon::FirstColor, 0, "ტექსტის ფერი: ბოლოს არჩეული"},
+    {Icon::SecondColor, 0, "ტექსტის ფერი: მის წინ არჩეული"},
+    {Icon::Image, mnuImageTag, "სურათი"},
+    {Icon::Link, mnulink, "ბმული"},
+    {Icon::Anchor, mnuanchor, "ღუზა"},
+    {Icon::Frame, mnuframe, "ფრეიმი"},
+    {Icon::Entity, mnuasos, "სიმბოლოები"},
+    {Icon::TagList, mnutags, "ტეგების სია"},
 };
 
 // "#" and six digits: browsers read no shorter numbers than these.
@@ -177,7 +176,7 @@ void TagCommands::addCommands() {
   for (const Row& row : kRows) {
     add(row.id, row.name, row.caption, {}, row.help, [this, &row] {
       insert(bench_.codeView(), row.code);
-      if (row.focus) bench_.codeView().setFocus();
+      if (row.id != mnulink) bench_.codeView().setFocus();
     });
   }
   for (int i = 0; i < kToolButtons; ++i) {

@@ -44,7 +44,7 @@ frmsuch::frmsuch(app::Workbench& bench) : Form("frmsuch", IDD_frmsuch), bench_(b
   Combo1.hint = "სად მოიძებნოს";
   Ccheinj.hint = "საძიებელი და შემცვლელი ტექსტების გაცვლა";
   Cmeniu.hint = "ნიშნების ჩასმა, ბოლო ძებნები";
-  List1.hint = "ნაპოვნი ადგილები";
+  // No hint for List1: a tip's window hears every message, and a million rows would take minutes.
   Combo1.setItems({"mTlian teqstSi"_keyboard, "markirebul teqstSi"_keyboard,
                    "aqtualuri adgilidan zeviT"_keyboard, "aqtualuri adgilidan qveviT!"_keyboard});
   Combo1.dropWidth = 200;
