@@ -1,5 +1,7 @@
 // HTML editing in the real program: colours in the control, tags from list, menu and toolbar.
 #include "tests/gui/fixture.h"
+// windows.h first
+#include <commctrl.h>
 
 namespace gui {
 namespace {
@@ -99,6 +101,35 @@ TEST_F(Session, TagsAreInsertedAroundTheSelection) {
   zervo.waitForText("a <B><H3><BIG>word</BIG></H3></B> b");
   EXPECT_EQ(zervo.selection().cpMin, 14);
   EXPECT_EQ(zervo.selection().cpMax, 18);
+}
+
+HWND focusOf(const Zervo& zervo) {
+  GUITHREADINFO info{};
+  info.cbSize = sizeof info;
+  GetGUIThreadInfo(GetWindowThreadProcessId(zervo.window(), nullptr), &info);
+  return info.hwndFocus;
+}
+
+TEST_F(Session, ToolbarWorksWithKeysAlone) {
+  Zervo zervo = open({file(L"page.html", "word")});
+  zervo.waitForText("word");
+  zervo.select(0, 4);
+  const HWND bar = FindWindowExW(zervo.window(), nullptr, TOOLBARCLASSNAMEW, nullptr);
+  ASSERT_NE(bar, nullptr);
+  EXPECT_EQ(SendMessageW(bar, TB_BUTTONCOUNT, 0, 0), 27);
+  EXPECT_EQ(SendMessageW(bar, TB_GETBUTTONSIZE, 0, 0), MAKELONG(24, 24));
+  const HWND view = zervo.control(IDC_FrmH_T1);
+  SetForegroundWindow(zervo.window());
+  waitFor("the focus in the code view", [&] { return focusOf(zervo) == view; });
+  PostMessageW(view, WM_KEYDOWN, VK_F6, 1);
+  waitFor("the focus in the tree", [&] { return focusOf(zervo) == zervo.control(IDC_FrmH_TV); });
+  PostMessageW(focusOf(zervo), WM_KEYDOWN, VK_F6, 1);
+  waitFor("the focus in the toolbar", [&] { return focusOf(zervo) == bar; });
+  for (const int pressed : {VK_END, VK_RIGHT, VK_RIGHT, VK_RETURN}) {  // round to the second button
+    PostMessageW(bar, WM_KEYDOWN, static_cast<WPARAM>(pressed), 1);
+  }
+  zervo.waitForText("<I>word</I>");
+  waitFor("the focus back in the code view", [&] { return focusOf(zervo) == view; });
 }
 
 TEST_F(Session, EveryWindowOfTheEditorOpensAndCloses) {

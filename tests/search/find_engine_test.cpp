@@ -192,11 +192,11 @@ TEST_F(EngineAgainstReference, ReplacesAll) {
   });
 }
 
-// Every place begins like the term and fails late: comparing anew at each place would take minutes.
+// Every place begins like the term and fails late: comparing anew at each place would take a minute.
 TEST(Engine, StaysLinearForTextsFullOfNearHits) {
   const std::string nearly(20000, 'a');
   std::string text;
-  while (text.size() < (std::size_t{8} << 20)) text += nearly + 'b';
+  while (text.size() < (std::size_t{2} << 20)) text += nearly + 'b';
   text += nearly + "aa";
   const auto start = std::chrono::steady_clock::now();
   for (const Comparison comparison : {Comparison::Exact, Comparison::IgnoreCase}) {
@@ -206,7 +206,7 @@ TEST(Engine, StaysLinearForTextsFullOfNearHits) {
     ASSERT_EQ(hits.size(), 1u);
     EXPECT_EQ(hits[0].position, static_cast<std::int32_t>(text.size() - nearly.size() - 1));
   }
-  EXPECT_LT(std::chrono::steady_clock::now() - start, std::chrono::seconds(20));
+  EXPECT_LT(std::chrono::steady_clock::now() - start, std::chrono::seconds(10));
 }
 
 TEST(Engine, SkipsEmptyTermsBetweenSeparators) {

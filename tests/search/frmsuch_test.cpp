@@ -175,14 +175,13 @@ TEST_F(FrmsuchTest, SearchesEachScopeForward) {
 
 TEST_F(FrmsuchTest, ACaretAtTheEndCountsAsOneAtTheStart) {
   showText("x.x");
-  T1.select(3, 0);
   find("x");
-  // Not through the list, which would take the caret anew.
-  D.Combo1.setSelected(3);
-  EXPECT_EQ(walk(), (Steps{"0+1", "2+1"}));
   T1.select(3, 0);
   D.Combo1.userSelect(3);
-  EXPECT_EQ(walk(), Steps{});
+  EXPECT_EQ(walk(), Steps{}) << "not when the scope is chosen";
+  T1.select(3, 0);
+  openDialog();
+  EXPECT_EQ(walk(), (Steps{"0+1", "2+1"})) << "but when the dialog is opened";
 }
 
 TEST_F(FrmsuchTest, ASelectionThatNoLongerExistsHoldsNothing) {
@@ -477,6 +476,26 @@ TEST_F(FrmsuchTest, ReplacesInAllFilesAndTakesItBack) {
   ASSERT_TRUE(H->runCommand(mnuundoreplace)) << "still there";
   EXPECT_EQ(T1.text(), "one");
   EXPECT_FALSE(H->runCommand(mnuundoreplace));
+}
+
+TEST_F(FrmsuchTest, TakesBackOnlyTheLastReplacing) {
+  openThree();
+  const auto replace = [&](const std::string& from, const std::string& to) {
+    find(from);
+    D.CKalfil.userSet(true);
+    D.Tcvla.userSet(to);
+    D.Calcvla.click();
+  };
+  replace("one", "1");
+  replace("1", "2");
+  clickNode("a.html");
+  expectBoxWith("ფაილი შეიცვალა", app::kAnswerNo);
+  ASSERT_TRUE(H->runCommand(mnuClose));
+  ASSERT_TRUE(H->runCommand(mnuundoreplace));
+  EXPECT_FALSE(H->runCommand(mnuundoreplace));
+  std::vector<std::string> texts;
+  for (std::int16_t i = 0; i < H->WebProject.Count(); ++i) texts.push_back(H->documentText(i));
+  EXPECT_EQ(texts, (Steps{"n1", "1"})) << "the closed document is not looked for among the others";
 }
 
 TEST_F(FrmsuchTest, OneHitInAllFilesIsLeftAlone) {
