@@ -20,9 +20,10 @@ KEYBOARD = dict(zip(map(ord, "abgdevzTiklmnopJrstufqRySCcZwWxjh"), "აბგდ
 RUSSIAN = {byte: bytes([byte]).decode("cp1251") for byte in (0xA8, 0xB8, *range(0xC0, 0x100))}
 
 BOX = "zervobox"
-# Bytes without a letter in Windows-1252, and the private characters that stand for U+0000, LF and CR in the
+# Bytes without a letter in Windows-1252, and the private characters that stand for them, NUL, LF and CR in the
 # code view: all are drawn as a small hollow box.
-BOXED = [0x81, 0x8D, 0x8F, 0x90, 0x9D, 0xE000, 0xE00A, 0xE00D]
+LETTERLESS = [0x81, 0x8D, 0x8F, 0x90, 0x9D]
+BOXED = [*LETTERLESS, *(0xE000 + byte for byte in (0x00, 0x0A, 0x0D, *LETTERLESS))]
 
 
 def windows1252():

@@ -1,11 +1,31 @@
 #include "platform/win32/code_text.h"
 
 #include <algorithm>
+#include <array>
 
 #include "base/cp1252.h"
 #include "platform/win32/strings.h"
 
 namespace win32 {
+namespace {
+
+bool letterless(unsigned c) {
+  return c == 0x81 || c == 0x8D || c == 0x8F || c == 0x90 || c == 0x9D;
+}
+
+}  // namespace
+
+wchar_t controlCharOf(std::uint8_t byte) {
+  if (byte == 0 || letterless(byte)) return static_cast<wchar_t>(kNulStandIn + byte);
+  return static_cast<wchar_t>(base::charOfByte(byte));
+}
+
+std::optional<std::uint8_t> byteOfControlChar(wchar_t c) {
+  const unsigned standsFor = static_cast<unsigned>(c) - kNulStandIn;
+  if (standsFor == 0 || standsFor == '\n' || standsFor == '\r' || letterless(standsFor))
+    return static_cast<std::uint8_t>(standsFor);
+  return base::byteOfChar(c);
+}
 
 LineEnd lineEndOf(std::string_view bytes) {
   bool lf = false;
@@ -28,13 +48,19 @@ std::string_view bytesOf(LineEnd lineEnd) {
 }
 
 std::wstring controlFromBytes(std::string_view bytes, LineEnd lineEnd) {
-  std::wstring control = wideFromBytes(bytes);
+  static const auto chars = [] {
+    std::array<wchar_t, 256> all{};
+    for (std::size_t byte = 0; byte < all.size(); ++byte)
+      all[byte] = controlCharOf(static_cast<std::uint8_t>(byte));
+    return all;
+  }();
+  std::wstring control(bytes.size(), L'\0');
   const char first = bytesOf(lineEnd)[0];
   std::size_t out = 0;
   for (std::size_t in = 0; in < bytes.size(); ++in) {
     const char c = bytes[in];
     if (c != '\r' && c != '\n') {
-      control[out++] = control[in];
+      control[out++] = chars[static_cast<std::uint8_t>(c)];
     } else if (c == first && lineEnd != LineEnd::CrLf) {
       control[out++] = L'\r';
     } else if (c == '\r' && lineEnd == LineEnd::CrLf && in + 1 < bytes.size() && bytes[in + 1] == '\n') {
@@ -97,13 +123,7 @@ bool bytesFromControl(std::wstring_view control, LineEnd lineEnd, std::string& b
       bytes += end;
     } else if (c < 0x80 || (c >= 0xA0 && c <= 0xFF)) {
       bytes += static_cast<char>(static_cast<unsigned char>(c));
-    } else if (c == kNulStandIn) {
-      bytes += '\0';
-    } else if (c == kLfStandIn) {
-      bytes += '\n';
-    } else if (c == kCrStandIn) {
-      bytes += '\r';
-    } else if (const auto byte = base::byteOfChar(c)) {
+    } else if (const auto byte = byteOfControlChar(c)) {
       bytes += static_cast<char>(*byte);
     } else {
       return false;

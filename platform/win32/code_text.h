@@ -2,6 +2,8 @@
 // and the way between positions there and positions in the bytes. No window needed.
 #pragma once
 
+#include <cstdint>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -15,8 +17,13 @@ enum class LineEnd { CrLf, Lf, Cr };
 LineEnd lineEndOf(std::string_view bytes);
 std::string_view bytesOf(LineEnd lineEnd);
 
-// Every byte one character (a line end: one CR). Line ends of another kind become stand-ins.
+// Every byte one character (a line end: one CR). Line ends of another kind, NUL, and the bytes that no letter
+// of Windows-1252 stands for become stand-ins: the control shows nothing at all for U+0081 and its like.
 std::wstring controlFromBytes(std::string_view bytes, LineEnd lineEnd);
+
+// The character that holds a byte other than those of line ends; the byte that a character holds, if any.
+wchar_t controlCharOf(std::uint8_t byte);
+std::optional<std::uint8_t> byteOfControlChar(wchar_t c);
 
 // Places of the line ends, both ways between control positions and byte positions.
 class LineBreaks {

@@ -34,7 +34,8 @@ class DropTarget final : public IDropTarget {
   HRESULT STDMETHODCALLTYPE DragEnter(IDataObject* data, DWORD, POINTL, DWORD* effect) override {
     FORMATETC files = formatOf(CF_HDROP);
     FORMATETC text = formatOf(CF_UNICODETEXT);
-    accepts_ = data->QueryGetData(&files) == S_OK || data->QueryGetData(&text) == S_OK;
+    accepts_ = data->QueryGetData(&files) == S_OK ||
+               (handlers_.text != nullptr && data->QueryGetData(&text) == S_OK);
     return DragOver(0, {}, effect);
   }
   HRESULT STDMETHODCALLTYPE DragOver(DWORD, POINTL, DWORD* effect) override {
@@ -53,7 +54,7 @@ class DropTarget final : public IDropTarget {
             const auto paths = droppedFiles(reinterpret_cast<WPARAM>(medium.hGlobal), false);
             ReleaseStgMedium(&medium);
             handlers_.files(paths);
-          } else if (data->GetData(&text, &medium) == S_OK) {
+          } else if (handlers_.text && data->GetData(&text, &medium) == S_OK) {
             const std::wstring dropped = textOfGlobal(medium.hGlobal);
             ReleaseStgMedium(&medium);
             handlers_.text(dropped, {point.x, point.y});

@@ -10,8 +10,8 @@
 namespace win32 {
 
 struct DropHandlers {
-  std::function<void(const std::vector<std::string>&)> files;  // UTF-8 paths
-  std::function<void(const std::wstring& text, POINT screen)> text;
+  std::function<void(const std::vector<std::string>&)> files;        // UTF-8 paths
+  std::function<void(const std::wstring& text, POINT screen)> text;  // none: text is not taken
 };
 
 // Needs OleInitialize(). Valid until the window goes or undoDrops(); failure leaves the window without drops.

@@ -74,6 +74,7 @@ void MainWindow::makeChildren() {
     toolBar_ = std::make_unique<ToolBar>(hwnd(), form_.toolBar, dpiOf(hwnd()), [this] { view_.setFocus(); });
   }
   view_.place(hwnd(), IDC_FrmH_T1);
+  takeDrops(hwnd(), {[this](const std::vector<std::string>& paths) { dropFiles(paths); }, nullptr});
   view_.filesDropped = [this](const std::vector<std::string>& paths) { dropFiles(paths); };
   view_.contextMenu = [this](POINT screen) { showContextMenu(screen); };
   setFonts(dpiOf(hwnd()));
@@ -285,6 +286,7 @@ LRESULT MainWindow::handle(UINT message, WPARAM wParam, LPARAM lParam) {
       layOut();
       return 0;
     case WM_DESTROY:
+      undoDrops(hwnd());
       PostQuitMessage(0);
       return 0;
     default:

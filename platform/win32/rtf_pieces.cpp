@@ -2,7 +2,11 @@
 
 #include <algorithm>
 #include <array>
+#include <charconv>
 #include <map>
+
+#include "platform/win32/code_text.h"
+#include "platform/win32/strings.h"
 
 namespace win32 {
 namespace {
@@ -87,11 +91,18 @@ void skipHeader(Reader& reader) {
   }
 }
 
-std::string_view standIn(std::string_view symbol) {
-  if (symbol == "\\'00") return "\\u-8192?";
-  if (symbol == "\\'0a" || symbol == "\\'0A") return "\\u-8182?";
-  if (symbol == "\\'0d" || symbol == "\\'0D") return "\\u-8179?";
-  return symbol;
+// A byte that the control holds by a stand-in, "\'00", as that character.
+std::string standIn(std::string_view symbol) {
+  unsigned byte = 0;
+  const char* const end = symbol.data() + symbol.size();
+  if (symbol.size() == 4 && symbol[1] == '\'' &&
+      std::from_chars(symbol.data() + 2, end, byte, 16).ptr == end) {
+    const bool lineEnd = byte == '\n' || byte == '\r';
+    const int c =
+        lineEnd ? kNulStandIn + static_cast<int>(byte) : controlCharOf(static_cast<std::uint8_t>(byte));
+    if (c >= kNulStandIn) return "\\u" + std::to_string(c - 0x10000) + "?";
+  }
+  return std::string(symbol);
 }
 
 }  // namespace
@@ -110,7 +121,7 @@ std::vector<std::string> rtfPieces(std::string_view rtf) {
     const Token token = reader.next();
     if (token.kind == Token::Kind::Open) ++depth;
     if (token.kind == Token::Kind::Close && --depth == 0) break;
-    piece += token.kind == Token::Kind::Symbol ? standIn(token.bytes) : token.bytes;
+    piece += token.kind == Token::Kind::Symbol ? standIn(token.bytes) : std::string(token.bytes);
     if (depth != 1 || token.kind != Token::Kind::Word) continue;
     if (token.name == "plain") format.clear();
     if (among(token.name, {"f", "fs", "cf", "b", "i", "ul", "highlight"})) format[token.name] = token.bytes;

@@ -134,14 +134,8 @@ HWND child(HWND window, int id) {
 }
 
 char byteOf(wchar_t character) {
-  switch (character) {  // what the code view puts in place of bytes that its control cannot hold
-    case 0xE000:
-      return '\0';
-    case 0xE00A:
-      return '\n';
-    case 0xE00D:
-      return '\r';
-  }
+  // What the code view puts in place of bytes that its control cannot hold or show.
+  if (character >= 0xE000 && character <= 0xE0FF) return static_cast<char>(character - 0xE000);
   const auto byte = base::byteOfChar(static_cast<char32_t>(character));
   if (!byte) throw Failure("the code view holds U+" + std::to_string(static_cast<unsigned>(character)));
   return static_cast<char>(*byte);

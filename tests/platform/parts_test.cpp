@@ -23,6 +23,20 @@ TEST(CodeText, ALineEndIsWhatTheDocumentUses) {
   EXPECT_EQ(win32::lineEndOf("ab"), win32::LineEnd::CrLf);
   EXPECT_EQ(win32::controlFromBytes("a\r\n\r\r\n\n", win32::LineEnd::CrLf), L"a\r\xE00D\r\xE00A");
   EXPECT_EQ(win32::controlFromBytes("a\r\n\n", win32::LineEnd::Lf), L"a\xE00D\r\r");
+  // The control would show nothing for a byte without a letter.
+  EXPECT_EQ(win32::controlFromBytes("\xE1\x83\x90\x80", win32::LineEnd::CrLf), L"\u00E1\u0192\uE090\u20AC");
+}
+
+TEST(CodeText, EveryByteComesBack) {
+  std::string all;
+  for (int byte = 0; byte < 256; ++byte) all += static_cast<char>(byte);
+  std::string bytes;
+  win32::LineBreaks breaks;
+  for (const win32::LineEnd lineEnd : {win32::LineEnd::CrLf, win32::LineEnd::Lf, win32::LineEnd::Cr}) {
+    ASSERT_TRUE(win32::bytesFromControl(win32::controlFromBytes(all, lineEnd), lineEnd, bytes, breaks));
+    EXPECT_EQ(bytes, all);
+  }
+  EXPECT_FALSE(win32::bytesFromControl(L"\u10D0", win32::LineEnd::CrLf, bytes, breaks));
 }
 
 TEST(CodeText, PositionsGoBothWays) {
