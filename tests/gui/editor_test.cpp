@@ -132,6 +132,72 @@ TEST_F(Session, ToolbarWorksWithKeysAlone) {
   waitFor("the focus back in the code view", [&] { return focusOf(zervo) == view; });
 }
 
+// The form of that class when it is on the screen; its fields are filled and its buttons pressed by id.
+HWND shownForm(const wchar_t* name) {
+  HWND window = nullptr;
+  waitFor(utf8(name), [&] {
+    window = FindWindowW(name, nullptr);
+    return window != nullptr && IsWindowVisible(window) != FALSE;
+  });
+  return window;
+}
+
+void fill(HWND form, int id, const wchar_t* text) {
+  SendMessageW(GetDlgItem(form, id), WM_SETTEXT, 0, reinterpret_cast<LPARAM>(text));
+}
+
+void press(HWND form, int id) {
+  waitFor("the button", [&] { return IsWindowEnabled(GetDlgItem(form, id)) != FALSE; });
+  PostMessageW(GetDlgItem(form, id), BM_CLICK, 0, 0);
+}
+
+TEST_F(Session, LineToolsListReplaceEntitiesAndAttributesChangeThePage) {
+  const std::string start = "<P ALIGN=left>one two three four<BR>";
+  Zervo zervo = open({file(L"page.html", start)});
+  zervo.waitForText(start);
+
+  zervo.select(3, 3);
+  zervo.command(mnutagkod);
+  HWND form = shownForm(L"frmkod");
+  fill(form, IDC_frmkod_Tname, L"CLASS");
+  fill(form, IDC_frmkod_Tvalue, L"x y");
+  press(form, IDC_frmkod_Cadd);
+  press(form, IDC_frmkod_COK);
+  std::string page = "<P ALIGN=left CLASS=\"x y\">one two three four<BR>";
+  zervo.waitForText(page);
+
+  zervo.select(0, 0);
+  zervo.command(mnulinelength);
+  form = shownForm(L"frmBOXa");
+  fill(form, IDC_frmBOXa_Tanswer, L"12");
+  press(form, IDC_frmBOXa_COK);
+  zervo.waitForText("<P ALIGN=left CLASS=\"x y\">one\r\ntwo three\r\nfour<BR>");
+  zervo.command(mnuUndo);  // one step
+  zervo.waitForText(page);
+
+  zervo.command(mnuparzuch);
+  form = shownForm(L"frmxascvla");
+  for (const auto& [find, replace] : {std::pair{L"one", L"two"}, {L"two", L"2"}}) {
+    fill(form, IDC_frmxascvla_Tfind, find);
+    fill(form, IDC_frmxascvla_Treplace, replace);
+    SendMessageW(GetDlgItem(form, IDC_frmxascvla_Cadd), BM_CLICK, 0, 0);  // done before the next is filled in
+  }
+  press(form, IDC_frmxascvla_COK);
+  page = "<P ALIGN=left CLASS=\"x y\">2 2 three four<BR>";  // the second pair sees what the first wrote
+  zervo.waitForText(page);
+  EXPECT_NE(Dialog(form).text(IDC_frmxascvla_Lresult).find("3"), std::string::npos);
+  press(form, IDC_frmxascvla_CEXIT);
+  waitFor("the end of the form", [&] { return IsWindow(form) == FALSE; });
+
+  zervo.select(0, 3);
+  zervo.command(mnuasos);
+  form = shownForm(L"frmasos");
+  press(form, IDC_frmasos_Cencode);
+  zervo.waitForText("&lt;P " + page.substr(3));
+  zervo.command(mnuUndo);
+  zervo.waitForText(page);
+}
+
 TEST_F(Session, EveryWindowOfTheEditorOpensAndCloses) {
   Zervo zervo = open({file(L"page.html", "<P ALIGN=left>text")});
   zervo.waitForText("<P ALIGN=left>text");
@@ -143,12 +209,8 @@ TEST_F(Session, EveryWindowOfTheEditorOpensAndCloses) {
                                                           {mnuparzuch, L"frmxascvla", IDC_frmxascvla_CEXIT}};
   for (const auto& [command, name, button] : windows) {
     zervo.command(command);
-    HWND window = nullptr;
-    waitFor(utf8(name), [&, name = name] {
-      window = FindWindowW(name, nullptr);
-      return window != nullptr && IsWindowVisible(window) != FALSE;
-    });
-    PostMessageW(GetDlgItem(window, button), BM_CLICK, 0, 0);
+    HWND window = shownForm(name);
+    press(window, button);
     waitFor("the end of " + utf8(name), [&] { return IsWindow(window) == FALSE; });
   }
   EXPECT_EQ(zervo.text(), "<P ALIGN=left>text");
