@@ -14,6 +14,11 @@ FrmH::FrmH(ui::Platform& platform, ui::CodeView& codeView)
     : MainForm("FrmH", IDD_FrmH, codeView), platform_(platform) {
   setCaption("Zervo");
   TV.hint = "დოკუმენტები";
+  using enum ui::FileIcon;
+  TV.icons = {{kIconPages, Page},    {kIconPictures, Picture}, {kIconSounds, Sound},
+              {kIconOthers, Other},  {kIconPage, Page},        {kIconStyle, Style},
+              {kIconScript, Script}, {kIconXml, Xml},          {kIconOther, Other},
+              {kIconMedia, Sound},   {kIconPicture, Picture},  {kIconPictureData, Picture}};
   TV.nodeClicked.connect([this](int node) { guarded(platform_, [&] { TV_NodeClick(node); }); });
   TV.contextMenu.connect([this] { guarded(platform_, [&] { TV_ContextMenu(); }); });
   T1.changed.connect([this] { T1_Change(); });

@@ -71,6 +71,9 @@ frmWEB::frmWEB(app::Workbench& bench) : Form("frmWEB", IDD_frmWEB), bench_(bench
   Tpname.hint = "პროექტის სახელი";
   Twebpath.hint = "პროექტის საქაღალდე";
   LV.hint = "პროექტის ფაილები";
+  using enum ui::FileIcon;
+  LV.icons = {{1, Page},    {2, Script}, {3, Style}, {4, Server}, {5, Other},
+              {6, Picture}, {7, Text},   {8, Xml},   {9, Sound},  {10, Php}};
   constexpr std::array<const char*, 6> kCaptions = {"&ახალი გვერდი", "&ჩასმა...", "&წაშლა",
                                                     "სა&ქაღალდე...", "შ&ექმნა",   "&გამოსვლა"};
   for (std::size_t i = 0; i < COK.size(); ++i) {

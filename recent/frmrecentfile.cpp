@@ -54,6 +54,9 @@ int ikonumer(const std::string& path) {
 frmrecentfile::frmrecentfile(app::Workbench& bench)
     : Form("frmrecentfile", IDD_frmrecentfile), bench_(bench) {
   setCaption("Recent Files");
+  using enum ui::FileIcon;
+  LV.icons = {{1, Server}, {2, Sound}, {3, Style}, {4, Picture},   {5, Page},  {6, Project},
+              {7, Script}, {8, Other}, {9, Php},   {10, Settings}, {11, Text}, {12, Xml}};
   COK.setCaption("&Open selected file");
   Copen.setCaption("Open &new File");
   CEXIT.setCaption("&Exit");

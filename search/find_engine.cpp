@@ -158,6 +158,12 @@ void HitList::documentRemoved(int document) {
   }
 }
 
+void HitList::documentNumbered(int document) {
+  for (Group& group : groups_) {
+    if (group.document == -1) group.document = document;
+  }
+}
+
 void HitList::allDocumentsRemoved() {
   for (Group& group : groups_) group.document = kGone;
 }

@@ -84,6 +84,8 @@ class HitList {
   // A document left the list: its hits are gone, later documents have moved down.
   void documentRemoved(int document);
   void allDocumentsRemoved();
+  // The document without a number, -1, got one.
+  void documentNumbered(int document);
 
  private:
   struct Place {

@@ -66,7 +66,11 @@ frmsuch::frmsuch(app::Workbench& bench) : Form("frmsuch", IDD_frmsuch), bench_(b
 
   bench_.documentShown.connect([this] { followShown(); });
   app::ColectionMain& documents = bench_.documents();
-  documents.NewItem.connect([this] { documentsChanged(); });
+  documents.NewItem.connect([this] {
+    // The document that has no record is given one just before another is shown.
+    if (bench_.shownIndex() < 0) parkedAt_ = bench_.documents().Count() - 1;
+    documentsChanged();
+  });
   documents.ItemRemoved.connect([this](std::int16_t index, std::int16_t) { documentRemoved(index); });
   documents.ColectionDeleted.connect([this] {
     hits.allDocumentsRemoved();
@@ -357,6 +361,8 @@ std::vector<int> frmsuch::targets() {
 // The scope's caret and selection are those of the new document; a caret at its end counts as one at its
 // start.
 void frmsuch::followShown() {
+  if (parkedAt_ >= 0 && bench_.shownIndex() >= 0) hits.documentNumbered(parkedAt_);
+  parkedAt_ = -1;
   caretStart = T1_.selStart();
   selectionEnd = caretStart + T1_.selLength();
   if (static_cast<std::size_t>(caretStart) == T1_.text().size()) caretStart = 0;
@@ -381,6 +387,7 @@ void frmsuch::documentsChanged() {
 
 void frmsuch::documentRemoved(int document) {
   hits.documentRemoved(document);
+  parkedAt_ = -1;
   oldTexts_.documentRemoved(document);
   for (int& target : targets_) {
     if (target == document) {

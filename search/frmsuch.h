@@ -125,6 +125,7 @@ class frmsuch : public ui::Form {
   std::size_t sizeAtStep_ = 0;         // of the text, to see later that it became shorter
   bool busy_ = false;                  // events run meanwhile: our own buttons wait
   std::vector<int> targets_;           // documents of the search under way
+  int parkedAt_ = -1;                  // the record that was added last while the shown document had none
   bool stopped_ = false;               // the last search was ended by the user
   std::deque<std::string> history_;
   OldTexts oldTexts_;

@@ -7,6 +7,7 @@
 
 #include "ui/code_view.h"
 #include "ui/control.h"
+#include "ui/file_icon.h"
 #include "ui/form.h"
 #include "ui/signal.h"
 
@@ -150,6 +151,7 @@ class ListView : public Control {
   };
   std::vector<Column> columns;  // none: a plain list; set before the form is shown
   bool checkBoxes = false;
+  FileIcons icons;  // by image number; set before the form is shown
   Signal<> selectionChanged;
   Signal<> doubleClicked;
   Signal<> contextMenu;
@@ -182,6 +184,7 @@ class TreeView : public Control {
     std::string tag;  // the owner's; empty on roots
     int icon = 0;
   };
+  FileIcons icons;  // by image number; set before the form is shown
   // A node was clicked, or chosen with the keyboard; the argument is its index.
   Signal<int> nodeClicked;
   Signal<> contextMenu;  // asked for on the selected node

@@ -1,5 +1,7 @@
 #include "platform/win32/list_view_peer.h"
 
+#include "platform/win32/dpi.h"
+#include "platform/win32/file_icons.h"
 #include "platform/win32/strings.h"
 
 namespace win32 {
@@ -14,6 +16,9 @@ void ListViewPeer::prepare() {
        LVS_EX_FULLROWSELECT | LVS_EX_DOUBLEBUFFER | LVS_EX_LABELTIP |
            (list_.checkBoxes ? LVS_EX_CHECKBOXES : 0));
   if (list_.labelEdited) addStyle(LVS_EDITLABELS);
+  if (!list_.icons.empty()) {  // the list view destroys its images itself
+    send(LVM_SETIMAGELIST, LVSIL_SMALL, reinterpret_cast<LPARAM>(fileIcons(dpiOf(window())).release()));
+  }
   LVCOLUMNW column{};
   column.mask = LVCF_WIDTH | LVCF_TEXT | LVCF_SUBITEM;
   for (const ui::ListView::Column& wanted : list_.columns) {
@@ -42,7 +47,8 @@ void ListViewPeer::showItems() {
   for (const ui::ListView::Item& wanted : list_.items()) {
     std::wstring text = wideFromText(wanted.text);
     LVITEMW item{};
-    item.mask = LVIF_TEXT;
+    item.mask = LVIF_TEXT | LVIF_IMAGE;
+    item.iImage = imageOf(list_.icons, wanted.icon);
     item.iItem = row;
     item.pszText = text.data();
     send(LVM_INSERTITEMW, 0, reinterpret_cast<LPARAM>(&item));

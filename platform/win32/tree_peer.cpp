@@ -1,5 +1,7 @@
 #include "platform/win32/tree_peer.h"
 
+#include "platform/win32/dpi.h"
+#include "platform/win32/file_icons.h"
 #include "platform/win32/strings.h"
 
 namespace win32 {
@@ -21,9 +23,17 @@ void TreePeer::detach() {
 }
 
 LRESULT TreePeer::handleOf(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
+  if (message == WM_SETFONT) showIcons();  // also comes when the window moves to a screen of another density
   if (message != kChosenMessage) return forward(window, message, wParam, lParam);
   if (wParam < tree_.nodes().size()) tree_.userSelect(static_cast<int>(wParam));
   return 0;
+}
+
+void TreePeer::showIcons() {
+  if (tree_.icons.empty()) return;
+  UniqueImages images = fileIcons(dpiOf(window()));
+  send(TVM_SETIMAGELIST, TVSIL_NORMAL, reinterpret_cast<LPARAM>(images.get()));
+  images_ = std::move(images);  // the old ones go when the tree no longer uses them
 }
 
 int TreePeer::nodeOf(HTREEITEM item) const {
@@ -44,7 +54,8 @@ void TreePeer::showNodes() {
                          ? items_[static_cast<std::size_t>(node.parent)]
                          : TVI_ROOT;
     insert.hInsertAfter = TVI_LAST;
-    insert.item.mask = TVIF_TEXT;
+    insert.item.mask = TVIF_TEXT | TVIF_IMAGE | TVIF_SELECTEDIMAGE;
+    insert.item.iImage = insert.item.iSelectedImage = imageOf(tree_.icons, node.icon);
     insert.item.pszText = text.data();
     items_.push_back(
         reinterpret_cast<HTREEITEM>(send(TVM_INSERTITEMW, 0, reinterpret_cast<LPARAM>(&insert))));

@@ -4,6 +4,7 @@
 #include <vector>
 
 #include "platform/win32/control_peer.h"
+#include "platform/win32/handles.h"
 #include "platform/win32/subclass.h"
 #include "ui/controls.h"
 
@@ -22,11 +23,13 @@ class TreePeer final : public ControlPeer, private Subclass<TreePeer> {
   friend class Subclass<TreePeer>;
   LRESULT handleOf(HWND window, UINT message, WPARAM wParam, LPARAM lParam);
   void showNodes();
+  void showIcons();
   void selectUnderPointer();
   int nodeOf(HTREEITEM item) const;
 
   ui::TreeView& tree_;
   std::vector<HTREEITEM> items_;  // by node
+  UniqueImages images_;
 };
 
 }  // namespace win32

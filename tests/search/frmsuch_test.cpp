@@ -343,6 +343,17 @@ TEST_F(FrmsuchTest, ListsTheHitsOfAllDocuments) {
   EXPECT_NE(info().find("აღარ არის"), std::string::npos);
 }
 
+TEST_F(FrmsuchTest, HitsOfAnUntitledDocumentStayWhenAnotherIsShown) {
+  showText("a cat and a cat");
+  find("cat");
+  D.MBAlfind.click();
+  open(folder.make("other.html", "a cat"));  // the untitled one gets a record now
+  ASSERT_EQ(H->CurrentItemIndex, 1);
+  D.List1.userSelect(1);
+  EXPECT_EQ(H->CurrentItemIndex, 0);
+  EXPECT_EQ(selected(), "12+3");
+}
+
 TEST_F(FrmsuchTest, AllFilesNeedAnOpenDocumentAndTheWholeText) {
   openDialog();
   EXPECT_FALSE(D.CKalfil.enabled());
