@@ -238,7 +238,10 @@ void FrmH::addMenu(const MenuPlan& plan) {
                        std::any_of(at->lines.begin(), at->lines.end(), [&](const MenuPlan::Line& known) {
                          return known.command == line.command;
                        });
-    if (!there) at->lines.push_back(line);
+    if (there) continue;
+    // What others add stands above "Exit", which users look for at the end.
+    const bool endsWithExit = !at->lines.empty() && at->lines.back().command == mnuExit;
+    at->lines.insert(at->lines.end() - (endsWithExit ? 1 : 0), line);
   }
 }
 

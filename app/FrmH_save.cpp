@@ -289,8 +289,9 @@ void FrmH::WEB_Open(const std::string& path) {
     showNothing();
     WebProject.Cler();
     for (Document& document : found) {
-      WebProject.AddNewIthem(document.text, -1, "", "");
+      WebProject.AddNewIthem("", -1, "", "");
       Ithem& record = WebProject.Item(static_cast<std::int16_t>(WebProject.Count() - 1));
+      record.Value = std::move(document.text);
       record.Changed = false;
       record.filepath = document.path;
       record.FileTitle = document.name;

@@ -113,6 +113,8 @@ bool folderExists(std::string_view path) {
   return !path.empty() && fs::is_directory(native(path), error);
 }
 
+constexpr std::size_t kReadAhead = 1U << 16U;
+
 std::string readFile(std::string_view path) {
   if (folderExists(path)) fail(EISDIR, path);
   const File file = open(path, false);
@@ -120,11 +122,15 @@ std::string readFile(std::string_view path) {
   const auto size = fs::file_size(native(path), error);
   std::string bytes;
   try {
-    if (!error) bytes.reserve(size);
-    char buffer[1U << 16U];
-    for (std::size_t got; (got = std::fread(buffer, 1, sizeof buffer, file.get())) > 0;) {
-      bytes.append(buffer, got);
+    // Straight into the text. The file may have grown or shrunk since, so its size is no more than a guess.
+    std::setvbuf(file.get(), nullptr, _IONBF, 0);
+    std::size_t done = 0;
+    for (std::size_t room = error ? 0 : size + 1;; room = done + kReadAhead) {
+      bytes.resize(room);
+      done += std::fread(bytes.data() + done, 1, room - done, file.get());
+      if (done < room) break;
     }
+    bytes.resize(done);
   } catch (const std::bad_alloc&) {
     fail(ENOMEM, path);
   } catch (const std::length_error&) {

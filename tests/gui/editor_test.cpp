@@ -132,25 +132,6 @@ TEST_F(Session, ToolbarWorksWithKeysAlone) {
   waitFor("the focus back in the code view", [&] { return focusOf(zervo) == view; });
 }
 
-// The form of that class when it is on the screen; its fields are filled and its buttons pressed by id.
-HWND shownForm(const wchar_t* name) {
-  HWND window = nullptr;
-  waitFor(utf8(name), [&] {
-    window = FindWindowW(name, nullptr);
-    return window != nullptr && IsWindowVisible(window) != FALSE;
-  });
-  return window;
-}
-
-void fill(HWND form, int id, const wchar_t* text) {
-  SendMessageW(GetDlgItem(form, id), WM_SETTEXT, 0, reinterpret_cast<LPARAM>(text));
-}
-
-void press(HWND form, int id) {
-  waitFor("the button", [&] { return IsWindowEnabled(GetDlgItem(form, id)) != FALSE; });
-  PostMessageW(GetDlgItem(form, id), BM_CLICK, 0, 0);
-}
-
 TEST_F(Session, LineToolsListReplaceEntitiesAndAttributesChangeThePage) {
   const std::string start = "<P ALIGN=left>one two three four<BR>";
   Zervo zervo = open({file(L"page.html", start)});

@@ -18,6 +18,26 @@ inline std::filesystem::path builtProgram() {
   return std::filesystem::path(name).parent_path().parent_path() / L"Zervo.exe";  // one above the tests
 }
 
+// The form of that class when it is on the screen; its fields are filled and its buttons pressed by id.
+inline HWND shownForm(const wchar_t* name) {
+  HWND window = nullptr;
+  waitFor(utf8(name), [&] {
+    window = FindWindowW(name, nullptr);
+    return window != nullptr && IsWindowVisible(window) != FALSE;
+  });
+  return window;
+}
+
+inline void fill(HWND form, int field, const wchar_t* text) {
+  SendMessageW(GetDlgItem(form, field), WM_SETTEXT, 0, reinterpret_cast<LPARAM>(text));
+}
+
+// Returns at once: the button may open a dialog.
+inline void press(HWND form, int button) {
+  waitFor("the button", [&] { return IsWindowEnabled(GetDlgItem(form, button)) != FALSE; });
+  PostMessageW(GetDlgItem(form, button), BM_CLICK, 0, 0);
+}
+
 class Session : public testing::Test {
  protected:
   Session() { std::filesystem::copy_file(builtProgram(), folder / L"Zervo.exe"); }

@@ -12,24 +12,6 @@ const std::string kNewPage =
     "<!DOCTYPE HTML PUBLIC \"-//W3C//DTD HTML 4.0 Transitional//EN\">\r\n<HTML>\r\n<HEAD>\r\n"
     "<TITLE>Index.HTML</TITLE>\r\n</HEAD>\r\n\r\n<BODY>\r\n\r\n</BODY>\r\n</HTML>\r\n";
 
-HWND shownForm(const wchar_t* name) {
-  HWND window = nullptr;
-  waitFor(utf8(name), [&] {
-    window = FindWindowW(name, nullptr);
-    return window != nullptr && IsWindowVisible(window) != FALSE;
-  });
-  return window;
-}
-
-void fill(HWND field, const wchar_t* text) {
-  SendMessageW(field, WM_SETTEXT, 0, reinterpret_cast<LPARAM>(text));
-}
-
-void click(HWND form, int button) {
-  waitFor("the button", [&] { return IsWindowEnabled(GetDlgItem(form, button)) != FALSE; });
-  PostMessageW(GetDlgItem(form, button), BM_CLICK, 0, 0);
-}
-
 int rows(HWND list) {
   return static_cast<int>(SendMessageW(list, LVM_GETITEMCOUNT, 0, 0));
 }
@@ -44,10 +26,9 @@ TEST_F(Session, AProjectIsMadeInTheDialogChangedSavedAndOpenedAgain) {
     zervo.command(mnunewWEB);
     const HWND form = shownForm(L"frmWEB");
     const HWND list = GetDlgItem(form, IDC_frmWEB_LV);
-    fill(GetDlgItem(form, IDC_frmWEB_Tpname), L"პრო:ექტი");  // the forbidden letter is told of and goes
-    zervo.answer(IDC_frmBOXa_COK);
-    fill(GetDlgItem(form, IDC_frmWEB_Twebpath), site.c_str());
-    click(form, IDC_frmWEB_COK0);
+    fill(form, IDC_frmWEB_Tpname, L"პროექტი");
+    fill(form, IDC_frmWEB_Twebpath, site.c_str());
+    press(form, IDC_frmWEB_COK0);
     waitFor("the new page", [&] { return rows(list) == 2; });
     // F2 renames it; a name without extension keeps the old one.
     PostMessageW(list, WM_KEYDOWN, VK_F2, 1);
@@ -55,10 +36,10 @@ TEST_F(Session, AProjectIsMadeInTheDialogChangedSavedAndOpenedAgain) {
     waitFor("the name field", [&] {
       return (edit = reinterpret_cast<HWND>(SendMessageW(list, LVM_GETEDITCONTROL, 0, 0))) != nullptr;
     });
-    fill(edit, L"second");
+    SendMessageW(edit, WM_SETTEXT, 0, reinterpret_cast<LPARAM>(L"second"));
     PostMessageW(edit, WM_KEYDOWN, VK_RETURN, 1);
     waitFor("the end of naming", [&] { return IsWindow(edit) == FALSE; });
-    click(form, IDC_frmWEB_COK1);
+    press(form, IDC_frmWEB_COK1);
     Dialog dialog;
     waitFor("the open dialog", [&] {
       dialog = Dialog(FindWindowW(L"#32770", nullptr));
@@ -66,7 +47,7 @@ TEST_F(Session, AProjectIsMadeInTheDialogChangedSavedAndOpenedAgain) {
     });
     dialog.chooseFile(style);
     waitFor("the style sheet", [&] { return rows(list) == 3; });
-    click(form, IDC_frmWEB_COK4);
+    press(form, IDC_frmWEB_COK4);
     zervo.waitForText(kNewPage);
     zervo.waitUntilFree();
     EXPECT_EQ(readBytes(project), "Index.HTML\r\nsecond.HTML\r\na.css\r\nSTOPF=Index.HTML\r\n");
@@ -83,10 +64,10 @@ TEST_F(Session, AProjectIsMadeInTheDialogChangedSavedAndOpenedAgain) {
     zervo.waitForText("x" + kNewPage);
     zervo.command(mnuSave);
     waitFor("the saved page", [&] { return readBytes(site / L"Index.HTML") == "x" + kNewPage; });
+    zervo.waitUntilFree();
     zervo.command(mnuSaveWEB);  // sorted, as the main window writes it
-    waitFor("the saved project", [&] {
-      return readBytes(project) == "a.css\r\nIndex.HTML\r\nsecond.HTML\r\nSTOPF=Index.HTML\r\n";
-    });
+    waitFor("the saved project", [&] { return readBytes(project).starts_with("a.css"); });
+    EXPECT_EQ(readBytes(project), "a.css\r\nIndex.HTML\r\nsecond.HTML\r\nSTOPF=Index.HTML\r\n");
     leave(zervo);
   }
   Zervo again = open({project});
@@ -122,7 +103,7 @@ TEST_F(Session, RecentFilesOfTwoProgramsAreKeptAndOpened) {
     return SendMessageW(entries, LVM_GETNEXTITEM, static_cast<WPARAM>(-1), LVNI_SELECTED) == 1;
   });
   SendMessageW(GetDlgItem(form, IDC_frmrecentfile_CKonstart), BM_CLICK, 0, 0);
-  click(form, IDC_frmrecentfile_COK);
+  press(form, IDC_frmrecentfile_COK);
   zervo.waitForText("2");
   waitFor("the opened file at the top", [&] {
     return readBytes(folder / L"recentF.ini") == utf8(two.wstring()) + "\r\n" + utf8(one.wstring()) + "\r\n";
@@ -132,7 +113,7 @@ TEST_F(Session, RecentFilesOfTwoProgramsAreKeptAndOpened) {
   writeBytes(folder / L"recentF.ini", std::string("\0\xFF\r\n\r\n|*?\n", 9));  // damaged
   Zervo again = open();
   form = shownForm(L"frmrecentfile");  // at start, as was wished
-  click(form, IDC_frmrecentfile_CEXIT);
+  press(form, IDC_frmrecentfile_CEXIT);
   leave(again);
 }
 
