@@ -113,6 +113,12 @@ bool folderExists(std::string_view path) {
   return !path.empty() && fs::is_directory(native(path), error);
 }
 
+std::uintmax_t fileSize(std::string_view path) {
+  std::error_code error;
+  const auto size = fs::file_size(native(path), error);
+  return error ? 0 : size;
+}
+
 constexpr std::size_t kReadAhead = 1U << 16U;
 
 std::string readFile(std::string_view path) {

@@ -2,13 +2,15 @@
 // leaves the old file as it was.
 #pragma once
 
+#include <cstdint>
 #include <string>
 #include <string_view>
 
 namespace base {
 
-bool fileExists(std::string_view path);    // an ordinary file
-bool folderExists(std::string_view path);  // a directory
+bool fileExists(std::string_view path);          // an ordinary file
+std::uintmax_t fileSize(std::string_view path);  // bytes; 0 when it cannot be told
+bool folderExists(std::string_view path);        // a directory
 
 std::string readFile(std::string_view path);
 

@@ -2,11 +2,37 @@
 
 #include "app/menu_names.h"
 #include "project/frmWEB.h"
+#include "project/frmupload.h"
 #include "resources/ids.h"
 
 namespace project {
 
+namespace {
+
+// The connection outlives the dialog: it may be kept open for the next run.
+struct Uploading {
+  explicit Uploading(app::Workbench& bench) : ftp(bench.platform().makeFtp()) {
+    if (ftp) form = std::make_unique<frmupload>(bench, *ftp);
+  }
+  std::unique_ptr<ui::Ftp> ftp;
+  std::unique_ptr<frmupload> form;
+};
+
+}  // namespace
+
 void attach(app::Workbench& bench) {
+  const auto uploading = std::make_shared<std::unique_ptr<Uploading>>();
+  bench.addCommands({{mnuupload,
+                      "mnuupload",
+                      "გა&დატანა სერვერზე (FTP)...",
+                      {},
+                      [&bench, uploading] {
+                        if (!*uploading) *uploading = std::make_unique<Uploading>(bench);
+                        if ((*uploading)->form) bench.platform().showModal(*(*uploading)->form);
+                      },
+                      nullptr,
+                      nullptr,
+                      "ფაილების გადატანა FTP სერვერზე"}});
   bench.addCommands({{mnunewWEB,
                       "mnunewWEB",
                       "ახალი პროე&ქტი...",
@@ -18,7 +44,7 @@ void attach(app::Workbench& bench) {
                       nullptr,
                       nullptr,
                       "ახალი ვებ-პროექტის შექმნა"}});
-  bench.addMenu({app::kFileMenu, {{mnunewWEB, {}, {}}}});
+  bench.addMenu({app::kFileMenu, {{mnunewWEB, {}, {}}, {mnuupload, {}, {}}}});
 }
 
 }  // namespace project

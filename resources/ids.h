@@ -77,6 +77,35 @@
 #define IDC_frmsuch_LBreplace 1317
 #define IDC_frmsuch_LBscope 1318
 
+// FTP upload
+#define IDD_frmupload 2100
+#define IDC_frmupload_Laccount 2101
+#define IDC_frmupload_CBaccount 2102
+#define IDC_frmupload_CBdir 2103
+#define IDC_frmupload_Lfile 2104
+#define IDC_frmupload_Tfile 2105
+#define IDC_frmupload_Cfile 2106
+#define IDC_frmupload_CKalopF 2107
+#define IDC_frmupload_Frame1 2108
+#define IDC_frmupload_OPA 2109
+#define IDC_frmupload_OPB 2110
+#define IDC_frmupload_CKpassive 2111
+#define IDC_frmupload_Lsilence 2112
+#define IDC_frmupload_Tsilence 2113
+#define IDC_frmupload_Cupload 2114
+#define IDC_frmupload_Command3 2115
+#define IDC_frmupload_Command4 2116
+#define IDC_frmupload_Command1 2117
+#define IDC_frmupload_Bar 2118
+#define IDC_frmupload_PST 2119
+#define IDC_frmupload_Tinf 2120
+#define IDC_frmupload_FR2 2121
+#define IDC_frmupload_List1 2122
+#define IDC_frmupload_CKshow 2123
+#define IDC_frmupload_Label2 2130 // ..2134
+#define IDC_frmupload_Text2 2135 // ..2139
+#define IDC_frmupload_Command2 2140 // ..2143
+
 // Commands: File 40001.., Edit 40101.., conversions 40151.., typing modes 40201.., View 40301.., Help 40401..,
 // find and replace 40501..
 #define mnunewF 40001
@@ -97,6 +126,8 @@
 #define mnuwebAdd 40031
 #define mnuwebRemove 40032
 #define mnuwebRename 40033
+
+#define mnuupload 40051
 
 #define mnuUndo 40101
 #define mnuRedo 40102

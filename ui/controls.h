@@ -82,6 +82,12 @@ class TextBox : public Control {
   // A typed character before it enters; may be exchanged. Byte-text boxes only.
   std::function<int(int key)> keyPress;
   Holds holds() const { return holds_; }
+  // Shown as dots; one-line boxes only.
+  bool masked() const { return masked_; }
+  void setMasked(bool masked) {
+    masked_ = masked;
+    tell(Aspect::Value);
+  }
   const std::string& text() const { return text_; }
   void setText(std::string text);
   void userSet(std::string text);
@@ -107,9 +113,24 @@ class TextBox : public Control {
 
  private:
   Holds holds_;
+  bool masked_ = false;
   std::string text_;
   Selection selection_{0, 0};
   Font font_;
+};
+
+class ProgressBar : public Control {
+ public:
+  using Control::Control;
+  static constexpr int kMost = 1000;
+  int value() const { return value_; }
+  void setValue(int value) {  // from 0 to kMost
+    value_ = value;
+    tell(Aspect::Value);
+  }
+
+ private:
+  int value_ = 0;
 };
 
 // Rows of text with one selected row (-1: none); base of the drop-down list too.

@@ -3,6 +3,7 @@
 #pragma once
 
 #include <functional>
+#include <memory>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -10,6 +11,7 @@
 
 #include "base/color.h"
 #include "ui/form.h"
+#include "ui/ftp.h"
 #include "ui/menu.h"
 
 namespace ui {
@@ -58,6 +60,9 @@ class Platform {
   virtual void pumpEvents() = 0;  // lets pending window events run
   // Esc was pressed since the last call; long commands ask between their steps.
   virtual bool stopRequested() = 0;
+
+  // A connection to FTP servers; none where the platform has no such thing.
+  virtual std::unique_ptr<Ftp> makeFtp() { return nullptr; }
 
   // The shell. False when it could not be done.
   virtual bool shellOpen(std::string_view path, std::string_view parameters) = 0;

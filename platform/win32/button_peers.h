@@ -33,6 +33,21 @@ class IconPeer final : public ControlPeer {
   ui::IconBox& icon_;
 };
 
+class ProgressPeer final : public ControlPeer {
+ public:
+  ProgressPeer(ui::ProgressBar& model, HWND window) : ControlPeer(model, window), bar_(model) {}
+
+ protected:
+  void show(ui::Aspect what) override {
+    if (what != ui::Aspect::Value) return;
+    send(PBM_SETRANGE32, 0, ui::ProgressBar::kMost);
+    send(PBM_SETPOS, static_cast<WPARAM>(bar_.value()));
+  }
+
+ private:
+  ui::ProgressBar& bar_;
+};
+
 class ButtonPeer final : public CaptionPeer, private Subclass<ButtonPeer> {
  public:
   ButtonPeer(ui::Button& model, HWND window);

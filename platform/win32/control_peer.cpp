@@ -68,6 +68,7 @@ std::unique_ptr<ControlPeer> makePeer(ui::Control& model, HWND window) {
   if (auto* check = dynamic_cast<ui::CheckBox*>(&model)) return std::make_unique<CheckPeer>(*check, window);
   if (auto* option = dynamic_cast<ui::OptionButton*>(&model))
     return std::make_unique<OptionPeer>(*option, window);
+  if (auto* bar = dynamic_cast<ui::ProgressBar*>(&model)) return std::make_unique<ProgressPeer>(*bar, window);
   if (auto* text = dynamic_cast<ui::TextBox*>(&model)) return std::make_unique<TextPeer>(*text, window);
   if (auto* combo = dynamic_cast<ui::ComboBox*>(&model)) return std::make_unique<ComboPeer>(*combo, window);
   if (auto* list = dynamic_cast<ui::ListBox*>(&model)) return std::make_unique<ListPeer>(*list, window);

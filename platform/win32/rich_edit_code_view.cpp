@@ -179,9 +179,7 @@ void RichEditCodeView::sync() const {
 void RichEditCodeView::absorbUnicode() const {
   const Silence silence(*this);
   const std::wstring control = readControl();
-  const auto foreign = [](wchar_t c) {
-    return c != L'\r' && !byteOfControlChar(c);
-  };
+  const auto foreign = [](wchar_t c) { return c != L'\r' && !byteOfControlChar(c); };
   for (std::size_t end = control.size(); end > 0;) {
     if (!foreign(control[end - 1])) {
       --end;

@@ -54,6 +54,12 @@ ui::TextBox::Selection TextPeer::selection() const {
 void TextPeer::show(ui::Aspect what) {
   if (what == ui::Aspect::Text && shownText() != text_.text()) {
     SetWindowTextW(window(), wideOf(text_.text()).c_str());
+  } else if (what == ui::Aspect::Value) {
+    constexpr WPARAM kDot = 0x25CF;
+    const WPARAM sign = text_.masked() ? kDot : 0;
+    if (static_cast<WPARAM>(send(EM_GETPASSWORDCHAR)) == sign) return;
+    send(EM_SETPASSWORDCHAR, sign);
+    InvalidateRect(window(), nullptr, TRUE);
   } else if (what == ui::Aspect::Selection) {
     const auto selected = text_.selected();
     const auto place = [this](int bytes) {

@@ -6,6 +6,7 @@
 #include "platform/win32/clipboard.h"
 #include "platform/win32/common_dialogs.h"
 #include "platform/win32/fonts.h"
+#include "platform/win32/ftp.h"
 #include "platform/win32/menus.h"
 #include "platform/win32/message_loop.h"
 #include "platform/win32/pointer.h"
@@ -100,6 +101,10 @@ void Win32Platform::pumpEvents() {
 bool Win32Platform::stopRequested() {
   // The low bit: pressed since the last question.
   return GetAsyncKeyState(VK_ESCAPE) != 0;
+}
+
+std::unique_ptr<ui::Ftp> Win32Platform::makeFtp() {
+  return std::make_unique<WinInetFtp>();
 }
 
 bool Win32Platform::shellOpen(std::string_view path, std::string_view parameters) {

@@ -28,6 +28,7 @@ class Win32Platform final : public ui::Platform {
   void setHourglass(bool on) override;
   void pumpEvents() override;
   bool stopRequested() override;
+  std::unique_ptr<ui::Ftp> makeFtp() override;
   bool shellOpen(std::string_view path, std::string_view parameters) override;
   bool startProcess(std::string_view commandLine) override;
   void showHelpFile(std::string_view path, std::string_view topic) override;

@@ -1,0 +1,212 @@
+#include "platform/win32/ftp.h"
+
+#include <atomic>
+#include <chrono>
+#include <condition_variable>
+#include <mutex>
+#include <thread>
+
+#include "platform/win32/strings.h"
+#include "platform/win32/windows_api.h"
+// After windows.h, which it needs.
+#include <wininet.h>
+
+namespace win32 {
+namespace {
+
+using namespace std::chrono_literals;
+using Clock = std::chrono::steady_clock;
+
+constexpr auto kLook = 30ms;              // between two looks at the call under way
+constexpr int kCloseSeconds = 2;          // a good-bye that nobody answers
+constexpr std::uint64_t kSlowest = 8192;  // bytes a second of a line that is taken for alive
+
+// The path for calls that take 8-bit names: as it is, or by its short name; empty when there is none.
+std::string ansiPath(const std::wstring& wide) {
+  const auto ansi = [](const std::wstring& path) {
+    char name[MAX_PATH * 2] = {};
+    BOOL lossy = FALSE;
+    const int size = WideCharToMultiByte(CP_ACP, WC_NO_BEST_FIT_CHARS, path.c_str(), -1, name, sizeof name,
+                                         nullptr, &lossy);
+    return size > 0 && lossy == FALSE ? std::string(name) : std::string();
+  };
+  std::string name = ansi(wide);
+  if (!name.empty()) return name;
+  wchar_t shorter[MAX_PATH] = {};
+  return GetShortPathNameW(wide.c_str(), shorter, MAX_PATH) == 0 ? "" : ansi(shorter);
+}
+
+// What is sent: a copy with a name of Latin letters. A call that was left behind keeps its file open, and
+// that must not be the user's.
+class Copy {
+ public:
+  explicit Copy(const std::string& utf8) {
+    wchar_t folder[MAX_PATH] = {};
+    wchar_t name[MAX_PATH] = {};
+    GetTempPathW(MAX_PATH, folder);
+    if (GetTempFileNameW(folder, L"zer", 0, name) == 0) return;
+    name_ = name;
+    if (CopyFileW(wideFromUtf8(utf8).c_str(), name, FALSE) != 0) path = ansiPath(name);
+  }
+  Copy(const Copy&) = delete;
+  Copy& operator=(const Copy&) = delete;
+  ~Copy() {
+    const DWORD error = GetLastError();
+    if (!name_.empty()) DeleteFileW(name_.c_str());
+    SetLastError(error);  // the call's
+  }
+  std::string path;  // empty: there is none, the reason is the thread's last error
+
+ private:
+  std::wstring name_;
+};
+
+std::uint64_t sizeOf(const std::string& utf8) {
+  WIN32_FILE_ATTRIBUTE_DATA data{};
+  if (GetFileAttributesExW(wideFromUtf8(utf8).c_str(), GetFileExInfoStandard, &data) == 0) return 0;
+  return (std::uint64_t{data.nFileSizeHigh} << 32U) | data.nFileSizeLow;
+}
+
+// The last line of the server, of this thread's last call.
+std::string serverWords() {
+  DWORD error = 0;
+  char words[2048] = {};
+  DWORD size = sizeof words - 1;
+  return InternetGetLastResponseInfoA(&error, words, &size) != 0 ? std::string(words, size) : std::string();
+}
+
+}  // namespace
+
+struct WinInetFtp::Session {
+  std::atomic<HINTERNET> internet{nullptr};
+  std::atomic<HINTERNET> connection{nullptr};
+  std::atomic<std::uint64_t> sent{0};
+  std::atomic<unsigned> signs{0};  // of life, from the other side
+
+  // May be called from two threads; each handle is closed once.
+  void close() {
+    if (const HINTERNET handle = connection.exchange(nullptr)) InternetCloseHandle(handle);
+    if (const HINTERNET handle = internet.exchange(nullptr)) InternetCloseHandle(handle);
+  }
+
+  static void CALLBACK tell(HINTERNET, DWORD_PTR context, DWORD status, LPVOID information, DWORD size) {
+    auto* const session = reinterpret_cast<Session*>(context);
+    if (session == nullptr) return;
+    ++session->signs;
+    if (status == INTERNET_STATUS_REQUEST_SENT && information != nullptr && size >= sizeof(DWORD)) {
+      session->sent += *static_cast<const DWORD*>(information);
+    }
+  }
+};
+
+WinInetFtp::~WinInetFtp() {
+  if (session_) abandon();
+}
+
+bool WinInetFtp::connected() const {
+  return session_ && session_->connection.load() != nullptr;
+}
+
+// The call goes on by itself, if it ever ends, and takes its handles with it.
+void WinInetFtp::abandon() {
+  std::thread([session = session_] { session->close(); }).detach();
+  session_.reset();
+}
+
+ui::FtpResult WinInetFtp::run(Call call, int silence, const ui::FtpWatch& watch) {
+  struct State {
+    std::mutex mutex;
+    std::condition_variable changed;
+    bool ended = false;
+    bool good = false;
+    DWORD error = 0;
+    std::string words;
+  };
+  const auto state = std::make_shared<State>();
+  const auto session = session_;
+  session->sent = 0;
+  std::thread([session, state, call = std::move(call)] {
+    const bool good = call(*session);
+    const DWORD error = good ? 0 : GetLastError();
+    std::string words = good ? std::string() : serverWords();
+    const std::lock_guard lock(state->mutex);
+    state->ended = true;
+    state->good = good;
+    state->error = error;
+    state->words = std::move(words);
+    state->changed.notify_one();
+  }).detach();
+
+  unsigned signs = session->signs;
+  auto heard = Clock::now();
+  std::unique_lock lock(state->mutex);
+  while (!state->changed.wait_for(lock, kLook, [&] { return state->ended; })) {
+    lock.unlock();
+    if (session->signs != signs) {
+      signs = session->signs;
+      heard = Clock::now();
+    }
+    const bool stopped = watch && !watch(session->sent);
+    if (stopped || Clock::now() - heard > std::chrono::seconds(silence)) {
+      abandon();
+      return {stopped ? ui::FtpResult::End::Stopped : ui::FtpResult::End::Silent, 0, {}};
+    }
+    lock.lock();
+  }
+  if (state->good) return {};
+  return {ui::FtpResult::End::Failed, static_cast<int>(state->error), state->words};
+}
+
+ui::FtpResult WinInetFtp::connect(const ui::FtpServer& server, int silence, const ui::FtpWatch& watch) {
+  disconnect();
+  session_ = std::make_shared<Session>();
+  const auto result = run(
+      [server](Session& session) {
+        const HINTERNET internet = InternetOpenA("FTP", INTERNET_OPEN_TYPE_PRECONFIG, nullptr, nullptr, 0);
+        if (internet == nullptr) return false;
+        session.internet = internet;
+        InternetSetStatusCallbackA(internet, Session::tell);
+        const HINTERNET connection = InternetConnectA(
+            internet, server.host.c_str(), static_cast<INTERNET_PORT>(server.port), server.user.c_str(),
+            server.password.c_str(), INTERNET_SERVICE_FTP, server.passive ? INTERNET_FLAG_PASSIVE : 0, 0);
+        session.connection = connection;
+        return connection != nullptr;
+      },
+      silence, watch);
+  if (!result.done() && session_) disconnect();
+  return result;
+}
+
+ui::FtpResult WinInetFtp::put(const std::string& local, const std::string& remote, bool binary, int silence,
+                              const ui::FtpWatch& watch) {
+  if (!connected()) return {ui::FtpResult::End::Failed, ERROR_INTERNET_CONNECTION_ABORTED, {}};
+  // Where no sign of life comes while a file is on its way, a long file must not be taken for silence.
+  const auto patience = silence + static_cast<int>(sizeOf(local) / kSlowest);
+  const auto result = run(
+      [local, remote, binary](Session& session) {
+        const Copy copy(local);
+        if (copy.path.empty()) return false;
+        return FtpPutFileA(session.connection, copy.path.c_str(), remote.c_str(),
+                           binary ? FTP_TRANSFER_TYPE_BINARY : FTP_TRANSFER_TYPE_ASCII,
+                           reinterpret_cast<DWORD_PTR>(&session)) != FALSE;
+      },
+      patience, watch);
+  // Nothing more can be said over a broken line.
+  const bool broken = result.error == ERROR_INTERNET_CONNECTION_ABORTED ||
+                      result.error == ERROR_INTERNET_CONNECTION_RESET || result.error == ERROR_FTP_DROPPED;
+  if (broken && session_) disconnect();
+  return result;
+}
+
+void WinInetFtp::disconnect() {
+  if (!session_) return;
+  run(
+      [](Session& session) {
+        session.close();
+        return true;
+      },
+      kCloseSeconds, nullptr);
+  session_.reset();
+}
+
+}  // namespace win32

@@ -1,0 +1,41 @@
+// Putting files on an FTP server, as the program asks it of its platform.
+#pragma once
+
+#include <cstdint>
+#include <functional>
+#include <string>
+
+namespace ui {
+
+struct FtpServer {
+  std::string host;
+  int port = 0;  // 0: the service's own
+  std::string user, password;
+  bool passive = false;
+};
+
+struct FtpResult {
+  enum class End { Done, Failed, Stopped, Silent } end = End::Done;
+  int error = 0;      // of the system, when Failed
+  std::string words;  // the server's own, when they are about this failure
+  bool done() const { return end == End::Done; }
+};
+
+// Asked several times a second while a call is under way; `sent` are bytes of the file, as far as they are
+// known. False ends the call.
+using FtpWatch = std::function<bool(std::uint64_t sent)>;
+
+// One connection at a time. Each call returns when it is done, failed, stopped by its watch, or when the
+// server has not been heard of for `silence` seconds; the connection is closed in the last two cases.
+class Ftp {
+ public:
+  virtual ~Ftp() = default;
+  virtual FtpResult connect(const FtpServer& server, int silence, const FtpWatch& watch) = 0;
+  // `local` is UTF-8, `remote` bytes as they are sent.
+  virtual FtpResult put(const std::string& local, const std::string& remote, bool binary, int silence,
+                        const FtpWatch& watch) = 0;
+  virtual void disconnect() = 0;
+  virtual bool connected() const = 0;
+};
+
+}  // namespace ui
