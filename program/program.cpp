@@ -3,6 +3,7 @@
 #include "app/FrmH.h"
 #include "convert/attach.h"
 #include "editor/editor.h"
+#include "generators/generators.h"
 #include "project/project_commands.h"
 #include "recent/recent_commands.h"
 #include "search/attach.h"
@@ -19,6 +20,7 @@ struct Program::Parts {
   std::unique_ptr<convert::Attached> converting = convert::attach(window);
   std::unique_ptr<search::Search> finding = search::attach(window);
   std::unique_ptr<editor::Editor> editing = editor::attach(window);
+  std::unique_ptr<generators::Generators> generating = generators::attach(window);
 };
 
 Program::Program(ui::Platform& platform, ui::CodeView& codeView)

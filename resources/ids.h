@@ -77,6 +77,28 @@
 #define IDC_frmsuch_LBreplace 1317
 #define IDC_frmsuch_LBscope 1318
 
+// Template formats
+#define IDD_frmtempformat 1900
+#define IDC_frmtempformat_List1 1901
+#define IDC_frmtempformat_Lsaxeli 1902
+#define IDC_frmtempformat_Tsaxeli 1903
+#define IDC_frmtempformat_Lfor 1904
+#define IDC_frmtempformat_Tfor 1905
+#define IDC_frmtempformat_Lnach 1906
+#define IDC_frmtempformat_Tnach 1907
+#define IDC_frmtempformat_Cadd 1908
+#define IDC_frmtempformat_Cchange 1909
+#define IDC_frmtempformat_Cremove 1910
+#define IDC_frmtempformat_Cup 1911
+#define IDC_frmtempformat_Cdown 1912
+#define IDC_frmtempformat_Copen 1913
+#define IDC_frmtempformat_Csave 1914
+#define IDC_frmtempformat_COK 1915
+#define IDC_frmtempformat_CEXIT 1916
+#define mnutempformat 40820
+#define mnuTFlist 40821     // the first template in the menu
+#define mnuTFlistLast 40899
+
 // FTP upload
 #define IDD_frmupload 2100
 #define IDC_frmupload_Laccount 2101

@@ -22,6 +22,7 @@ struct FileDialog {
   std::string filter;
   std::string name;  // proposed file name
   bool multiple = false;
+  std::string folder = {};  // where it opens; empty: where the system likes
 };
 
 class Platform {

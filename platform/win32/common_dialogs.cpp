@@ -37,6 +37,8 @@ std::wstring ask(HWND owner, const ui::FileDialog& dialog, bool open) {
   request.lpstrFile = answer.data();
   request.nMaxFile = static_cast<DWORD>(answer.size());
   request.lpstrTitle = title.empty() ? nullptr : title.c_str();
+  const std::wstring folder = wideFromUtf8(dialog.folder);
+  if (!folder.empty()) request.lpstrInitialDir = folder.c_str();
   request.Flags = OFN_EXPLORER | OFN_HIDEREADONLY | OFN_NOCHANGEDIR | OFN_ENABLESIZING | OFN_PATHMUSTEXIST;
   request.Flags |= open ? OFN_FILEMUSTEXIST : OFN_OVERWRITEPROMPT;
   if (dialog.multiple) request.Flags |= OFN_ALLOWMULTISELECT;

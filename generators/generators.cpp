@@ -1,0 +1,86 @@
+#include "generators/generators.h"
+
+#include "app/mdlsaerto.h"
+#include "app/menu_names.h"
+#include "base/cp1252.h"
+#include "base/files.h"
+#include "base/path.h"
+#include "base/text.h"
+#include "generators/frmtempformat.h"
+#include "resources/ids.h"
+
+namespace generators {
+
+Generators::Generators(app::Workbench& bench) : bench_(bench) {
+  loadKept();
+  std::vector<app::Command> rows = {{mnutempformat,
+                                     "mnutempformat",
+                                     "&ფორმატების სია...",
+                                     {},
+                                     [this] { mnutempformat_Click(); },
+                                     nullptr,
+                                     nullptr,
+                                     "საკუთარი ფორმატების შედგენა"}};
+  app::MenuPlan::Line submenu{0, "&ფორმატები", {mnutempformat, 0}};
+  for (int id = mnuTFlist; id <= mnuTFlistLast; ++id) {
+    const auto number = static_cast<std::size_t>(id - mnuTFlist);
+    app::Command row{id, "mnuTFlist", "", {}, [this, number] { applyTemplate(number); }};
+    row.text = [this, number]() -> ui::Text {
+      if (number >= templates_.size()) return "";
+      const std::string name = base::nameFromStored(templates_[number].name);
+      return base::replaceAll(name.empty() ? " " : name, "&", "&&");
+    };
+    rows.push_back(std::move(row));
+    submenu.lines.push_back(id);
+  }
+  bench.addCommands(std::move(rows));
+  bench.addMenu({app::kTagsMenu, {{0, {}, {}}, submenu}});
+}
+
+std::string Generators::keptFile() const {
+  return base::joinPath(bench_.platform().programFolder(), "formats.TFF");
+}
+
+void Generators::loadKept() {
+  const std::string file = keptFile();
+  if (!base::fileExists(file)) return;
+  try {
+    templates_ = decodeTemplates(base::readFile(file));
+  } catch (const std::exception&) {
+    // Kept aside, so that the next change of the list does not write over what may be mended by hand.
+    app::guarded(bench_.platform(), [&] { base::renameFile(file, file + ".bad"); });
+  }
+}
+
+void Generators::TFormatladen() {
+  bench_.menuTextsChanged();
+  if (templates_.empty()) {
+    if (base::fileExists(keptFile())) base::removeFile(keptFile());
+  } else {
+    base::writeFile(keptFile(), encodeTemplates(templates_));
+  }
+}
+
+void Generators::mnutempformat_Click() {
+  frmtempformat form(bench_, templates_, [this] { TFormatladen(); });
+  bench_.platform().showModal(form);
+  bench_.codeView().setFocus();
+}
+
+void Generators::applyTemplate(std::size_t number) {
+  if (number >= templates_.size()) return;
+  ui::CodeView& T1 = bench_.codeView();
+  const TemplateFormat& format = templates_[number];
+  const std::string selected = T1.selText();
+  const int start = T1.selStart();
+  const std::string beginning = format.beginning();
+  T1.replaceSelection(beginning + selected + format.end());
+  T1.select(start + static_cast<int>(beginning.size()), static_cast<int>(selected.size()));
+  T1.setFocus();
+}
+
+std::unique_ptr<Generators> attach(app::Workbench& bench) {
+  return std::make_unique<Generators>(bench);
+}
+
+}  // namespace generators
