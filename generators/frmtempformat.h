@@ -33,6 +33,10 @@ class frmtempformat : public ui::Form {
   ui::Button COK{*this, IDC_frmtempformat_COK};
   ui::Button CEXIT{*this, IDC_frmtempformat_CEXIT};
 
+  void load() override {
+    if (templates_.empty()) Tsaxeli.setFocus();
+  }
+
  private:
   void List1_Click();
   void Cadd_Click();

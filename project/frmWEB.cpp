@@ -83,14 +83,18 @@ frmWEB::frmWEB(app::Workbench& bench) : Form("frmWEB", IDD_frmWEB), bench_(bench
     COK[i]->pointed.connect([this, i](bool over) { showInfo(over ? static_cast<int>(i) : kNoButton); });
   }
   const auto action = [this](void (frmWEB::*run)()) {
-    return [this, run] { app::guarded(bench_.platform(), [this, run] { (this->*run)(); }); };
+    return [this, run] {
+      if (!writing_) app::guarded(bench_.platform(), [this, run] { (this->*run)(); });
+    };
   };
   COK[0]->clicked.connect(action(&frmWEB::addPage));
   COK[1]->clicked.connect(action(&frmWEB::addFiles));
   COK[2]->clicked.connect(action(&frmWEB::removeFile));
   COK[3]->clicked.connect(action(&frmWEB::chooseFolder));
   COK[4]->clicked.connect(action(&frmWEB::create));
-  COK[5]->clicked.connect([this] { close(); });
+  COK[5]->clicked.connect([this] {
+    if (queryClose()) close();
+  });
   defaultButton = COK[4].get();
   cancelButton = COK[5].get();
 
@@ -273,7 +277,14 @@ void frmWEB::create() {
   if (base::folderExists(folder)) {
     bool replace = false;
     if (!mayReplace(folder, replace)) return;
-    writeFiles(folder, replace);
+    writing_ = true;  // events run meanwhile
+    try {
+      writeFiles(folder, replace);
+    } catch (...) {
+      writing_ = false;
+      throw;
+    }
+    writing_ = false;
   }
   // The main window says it when the project is not there.
   if (base::fileExists(project)) {

@@ -30,6 +30,7 @@ class frmWEB : public ui::Form {
 
   std::string HTMLheaderi(const std::string& title) const;
   bool keyPressed(const ui::Shortcut& key) override;
+  bool queryClose() override { return !writing_; }
 
  private:
   void addPage();
@@ -48,7 +49,8 @@ class frmWEB : public ui::Form {
   void writeFiles(const std::string& folder, bool replace);
 
   app::Workbench& bench_;
-  int infoButton_;  // whose description is shown; 6: none
+  bool writing_ = false;  // files are being made: nothing else is done until Esc or the end
+  int infoButton_;        // whose description is shown; 6: none
 };
 
 }  // namespace project
