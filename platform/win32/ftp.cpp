@@ -1,11 +1,13 @@
 #include "platform/win32/ftp.h"
 
+#include <algorithm>
 #include <atomic>
 #include <chrono>
 #include <condition_variable>
 #include <mutex>
 #include <thread>
 
+#include "platform/win32/read_position.h"
 #include "platform/win32/strings.h"
 #include "platform/win32/windows_api.h"
 // After windows.h, which it needs.
@@ -17,9 +19,11 @@ namespace {
 using namespace std::chrono_literals;
 using Clock = std::chrono::steady_clock;
 
-constexpr auto kLook = 30ms;              // between two looks at the call under way
-constexpr int kCloseSeconds = 2;          // a good-bye that nobody answers
-constexpr std::uint64_t kSlowest = 8192;  // bytes a second of a line that is taken for alive
+constexpr auto kLook = 30ms;      // between two looks at the call under way
+constexpr int kCloseSeconds = 2;  // a good-bye that nobody answers
+// What may be on its way after a file's last byte was read, and how fast a line is that is taken for alive.
+constexpr std::uint64_t kBuffered = 256 * 1024;
+constexpr std::uint64_t kSlowest = 8192;  // bytes a second
 
 // The path for calls that take 8-bit names: as it is, or by its short name; empty when there is none.
 std::string ansiPath(const std::wstring& wide) {
@@ -55,17 +59,12 @@ class Copy {
     if (!name_.empty()) DeleteFileW(name_.c_str());
     SetLastError(error);  // the call's
   }
+  const std::wstring& name() const { return name_; }
   std::string path;  // empty: there is none, the reason is the thread's last error
 
  private:
   std::wstring name_;
 };
-
-std::uint64_t sizeOf(const std::string& utf8) {
-  WIN32_FILE_ATTRIBUTE_DATA data{};
-  if (GetFileAttributesExW(wideFromUtf8(utf8).c_str(), GetFileExInfoStandard, &data) == 0) return 0;
-  return (std::uint64_t{data.nFileSizeHigh} << 32U) | data.nFileSizeLow;
-}
 
 // The last line of the server, of this thread's last call.
 std::string serverWords() {
@@ -80,22 +79,10 @@ std::string serverWords() {
 struct WinInetFtp::Session {
   std::atomic<HINTERNET> internet{nullptr};
   std::atomic<HINTERNET> connection{nullptr};
-  std::atomic<std::uint64_t> sent{0};
-  std::atomic<unsigned> signs{0};  // of life, from the other side
-
   // May be called from two threads; each handle is closed once.
   void close() {
     if (const HINTERNET handle = connection.exchange(nullptr)) InternetCloseHandle(handle);
     if (const HINTERNET handle = internet.exchange(nullptr)) InternetCloseHandle(handle);
-  }
-
-  static void CALLBACK tell(HINTERNET, DWORD_PTR context, DWORD status, LPVOID information, DWORD size) {
-    auto* const session = reinterpret_cast<Session*>(context);
-    if (session == nullptr) return;
-    ++session->signs;
-    if (status == INTERNET_STATUS_REQUEST_SENT && information != nullptr && size >= sizeof(DWORD)) {
-      session->sent += *static_cast<const DWORD*>(information);
-    }
   }
 };
 
@@ -113,7 +100,8 @@ void WinInetFtp::abandon() {
   session_.reset();
 }
 
-ui::FtpResult WinInetFtp::run(Call call, int silence, const ui::FtpWatch& watch) {
+ui::FtpResult WinInetFtp::run(Call call, int silence, const ui::FtpWatch& watch,
+                              std::shared_ptr<ReadPosition> file) {
   struct State {
     std::mutex mutex;
     std::condition_variable changed;
@@ -124,7 +112,6 @@ ui::FtpResult WinInetFtp::run(Call call, int silence, const ui::FtpWatch& watch)
   };
   const auto state = std::make_shared<State>();
   const auto session = session_;
-  session->sent = 0;
   std::thread([session, state, call = std::move(call)] {
     const bool good = call(*session);
     const DWORD error = good ? 0 : GetLastError();
@@ -137,17 +124,24 @@ ui::FtpResult WinInetFtp::run(Call call, int silence, const ui::FtpWatch& watch)
     state->changed.notify_one();
   }).detach();
 
-  unsigned signs = session->signs;
+  std::uint64_t sent = 0;
   auto heard = Clock::now();
   std::unique_lock lock(state->mutex);
   while (!state->changed.wait_for(lock, kLook, [&] { return state->ended; })) {
     lock.unlock();
-    if (session->signs != signs) {
-      signs = session->signs;
-      heard = Clock::now();
+    std::uint64_t patience = static_cast<std::uint64_t>(silence);
+    if (file) {
+      file->look();
+      if (file->position() != sent) {
+        sent = file->position();
+        heard = Clock::now();
+      }
+      // Where the reading cannot be seen, a long file must not be taken for silence.
+      patience += (file->found() ? std::min(file->size(), kBuffered) : file->size()) / kSlowest;
     }
-    const bool stopped = watch && !watch(session->sent);
-    if (stopped || Clock::now() - heard > std::chrono::seconds(silence)) {
+    const bool stopped = watch && !watch(sent);
+    if (stopped || Clock::now() - heard > std::chrono::seconds(patience)) {
+      if (file) file->cut();  // what was left behind ends soon, where it still goes on
       abandon();
       return {stopped ? ui::FtpResult::End::Stopped : ui::FtpResult::End::Silent, 0, {}};
     }
@@ -165,7 +159,6 @@ ui::FtpResult WinInetFtp::connect(const ui::FtpServer& server, int silence, cons
         const HINTERNET internet = InternetOpenA("FTP", INTERNET_OPEN_TYPE_PRECONFIG, nullptr, nullptr, 0);
         if (internet == nullptr) return false;
         session.internet = internet;
-        InternetSetStatusCallbackA(internet, Session::tell);
         const HINTERNET connection = InternetConnectA(
             internet, server.host.c_str(), static_cast<INTERNET_PORT>(server.port), server.user.c_str(),
             server.password.c_str(), INTERNET_SERVICE_FTP, server.passive ? INTERNET_FLAG_PASSIVE : 0, 0);
@@ -180,17 +173,19 @@ ui::FtpResult WinInetFtp::connect(const ui::FtpServer& server, int silence, cons
 ui::FtpResult WinInetFtp::put(const std::string& local, const std::string& remote, bool binary, int silence,
                               const ui::FtpWatch& watch) {
   if (!connected()) return {ui::FtpResult::End::Failed, ERROR_INTERNET_CONNECTION_ABORTED, {}};
-  // Where no sign of life comes while a file is on its way, a long file must not be taken for silence.
-  const auto patience = silence + static_cast<int>(sizeOf(local) / kSlowest);
+  const auto file = std::make_shared<ReadPosition>();
   const auto result = run(
-      [local, remote, binary](Session& session) {
+      [local, remote, binary, file](Session& session) {
         const Copy copy(local);
         if (copy.path.empty()) return false;
+        if (const DWORD error = file->watch(copy.name())) {
+          SetLastError(error);
+          return false;
+        }
         return FtpPutFileA(session.connection, copy.path.c_str(), remote.c_str(),
-                           binary ? FTP_TRANSFER_TYPE_BINARY : FTP_TRANSFER_TYPE_ASCII,
-                           reinterpret_cast<DWORD_PTR>(&session)) != FALSE;
+                           binary ? FTP_TRANSFER_TYPE_BINARY : FTP_TRANSFER_TYPE_ASCII, 0) != FALSE;
       },
-      patience, watch);
+      silence, watch, file);
   // Nothing more can be said over a broken line.
   const bool broken = result.error == ERROR_INTERNET_CONNECTION_ABORTED ||
                       result.error == ERROR_INTERNET_CONNECTION_RESET || result.error == ERROR_FTP_DROPPED;

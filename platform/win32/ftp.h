@@ -8,6 +8,8 @@
 
 namespace win32 {
 
+class ReadPosition;
+
 class WinInetFtp final : public ui::Ftp {
  public:
   ~WinInetFtp() override;
@@ -21,7 +23,9 @@ class WinInetFtp final : public ui::Ftp {
   struct Session;
   // Runs on the session's thread; gives success.
   using Call = std::function<bool(Session& session)>;
-  ui::FtpResult run(Call call, int silence, const ui::FtpWatch& watch);
+  // `file`: what the call reads, to see how far it is; none: it reads no file.
+  ui::FtpResult run(Call call, int silence, const ui::FtpWatch& watch,
+                    std::shared_ptr<ReadPosition> file = nullptr);
   void abandon();
 
   std::shared_ptr<Session> session_;

@@ -56,6 +56,9 @@ inline void closeWindow(HWND window) {
 inline void closeLibrary(HMODULE library) {
   FreeLibrary(library);
 }
+inline void closeHandle(HANDLE handle) {
+  CloseHandle(handle);
+}
 inline void closeKey(HKEY key) {
   RegCloseKey(key);
 }
@@ -68,6 +71,7 @@ using UniqueBrush = Unique<HBRUSH, closeObject>;
 using UniqueCanvas = Unique<HDC, closeCanvas>;
 using UniqueImages = Unique<HIMAGELIST, closeImages>;
 using UniqueFont = Unique<HFONT, closeObject>;
+using UniqueHandle = Unique<HANDLE, closeHandle>;
 using UniqueWindow = Unique<HWND, closeWindow>;
 using UniqueLibrary = Unique<HMODULE, closeLibrary>;
 using UniqueKey = Unique<HKEY, closeKey>;

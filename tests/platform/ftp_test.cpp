@@ -52,8 +52,7 @@ TEST_F(FtpServers, FilesArriveInBothModesAndTypes) {
     real.passive = passive;
     ASSERT_TRUE(ftp.connect(real, 10, nullptr).done()) << passive;
     EXPECT_TRUE(ftp.connected());
-    int asked = 0;
-    EXPECT_TRUE(ftp.put(local, "/binary", true, 10, [&](std::uint64_t) { return ++asked > 0; }).done());
+    EXPECT_TRUE(ftp.put(local, "/binary", true, 10, nullptr).done());
     EXPECT_TRUE(ftp.put(text, "/text.htm", false, 10, nullptr).done());
     ftp.disconnect();
     EXPECT_FALSE(ftp.connected());
@@ -62,6 +61,24 @@ TEST_F(FtpServers, FilesArriveInBothModesAndTypes) {
     std::filesystem::remove(served + "\\binary");
     std::filesystem::remove(served + "\\text.htm");
   }
+}
+
+TEST_F(FtpServers, TellsHowFarItIsAndStopsOnTheWay) {
+  const std::string local = localFile("zervo-ftp-long.bin", std::string(64 * 1024 * 1024, 'x'));
+  ASSERT_TRUE(ftp.connect(real, 10, nullptr).done());
+  std::uint64_t last = 0;
+  const auto result = ftp.put(local, "/long", true, 10, [&](std::uint64_t sent) {
+    EXPECT_GE(sent, last);
+    last = sent;
+    return sent == 0;  // stops with the first bytes
+  });
+  EXPECT_EQ(result.end, End::Stopped);
+  EXPECT_GT(last, 0u);
+  EXPECT_LT(last, 64u * 1024 * 1024);
+  EXPECT_FALSE(ftp.connected());
+  EXPECT_EQ(bytesOf(local).size(), 64u * 1024 * 1024);
+  std::filesystem::remove(local);  // not held by the call that was left behind
+  EXPECT_FALSE(std::filesystem::exists(local));
 }
 
 TEST_F(FtpServers, GeorgianNamesArriveAsUtf8) {
