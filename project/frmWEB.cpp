@@ -45,6 +45,18 @@ const std::vector<IconRow>& iconRows() {
   return rows;
 }
 
+// Sets a flag for the length of a block.
+class Writing {
+ public:
+  explicit Writing(bool& flag) : flag_(flag) { flag_ = true; }
+  Writing(const Writing&) = delete;
+  Writing& operator=(const Writing&) = delete;
+  ~Writing() { flag_ = false; }
+
+ private:
+  bool& flag_;
+};
+
 const std::array<ui::Text, 6>& infoTexts() {
   static const std::array<ui::Text, 6> texts = {
       "axali failis Seqmna"_keyboard, "arsebuli failis Setana"_keyboard, "failis siidan amoSla"_keyboard,
@@ -102,11 +114,12 @@ frmWEB::frmWEB(app::Workbench& bench) : Form("frmWEB", IDD_frmWEB), bench_(bench
   Twebpath.changed.connect([this] { enableCreate(); });
   LV.labelEdited = [this](int row, std::string& text) { return LV_AfterLabelEdit(row, text); };
   LV.contextMenu.connect([this] {
-    ui::MenuItem remove;
+    std::vector<ui::MenuItem> items(1);
+    ui::MenuItem& remove = items[0];
     remove.caption = infoTexts()[2];
     remove.command = mnuLE;
     remove.enabled = LV.selected() >= 0;
-    if (bench_.platform().popupMenu({remove}) == mnuLE) removeFile();
+    if (bench_.platform().popupMenu(items) == mnuLE) removeFile();
   });
   addItem("Index.HTML", "");
   LV.setSelected(0);
@@ -277,14 +290,8 @@ void frmWEB::create() {
   if (base::folderExists(folder)) {
     bool replace = false;
     if (!mayReplace(folder, replace)) return;
-    writing_ = true;  // events run meanwhile
-    try {
-      writeFiles(folder, replace);
-    } catch (...) {
-      writing_ = false;
-      throw;
-    }
-    writing_ = false;
+    const Writing writing(writing_);  // events run meanwhile
+    writeFiles(folder, replace);
   }
   // The main window says it when the project is not there.
   if (base::fileExists(project)) {

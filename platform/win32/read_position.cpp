@@ -18,12 +18,13 @@ DWORD ReadPosition::watch(const std::wstring& path) {
   const HANDLE opened =
       CreateFileW(path.c_str(), GENERIC_READ, FILE_SHARE_READ, nullptr, OPEN_EXISTING, 0, nullptr);
   if (opened == INVALID_HANDLE_VALUE) return GetLastError();
-  const UniqueHandle file(opened);
+  UniqueHandle file(opened);
   BY_HANDLE_FILE_INFORMATION information;
   if (GetFileInformationByHandle(file.get(), &information) == FALSE) return GetLastError();
   volume_ = information.dwVolumeSerialNumber;
   index_ = joined(information.nFileIndexHigh, information.nFileIndexLow);
   size_ = joined(information.nFileSizeHigh, information.nFileSizeLow);
+  file.reset();  // before anybody looks: it must not be taken for the reader's
   watched_ = true;
   return ERROR_SUCCESS;
 }
