@@ -22,6 +22,14 @@ struct Shortcut {
 inline constexpr int kKeyF1 = 0x70;  // F2 is kKeyF1 + 1, ...
 inline constexpr int kKeyTab = 0x09;
 inline constexpr int kKeyEscape = 0x1B;
+inline constexpr int kKeyReturn = 0x0D;
+inline constexpr int kKeySpace = 0x20;
+inline constexpr int kKeyEnd = 0x23;
+inline constexpr int kKeyHome = 0x24;
+inline constexpr int kKeyLeft = 0x25;
+inline constexpr int kKeyUp = 0x26;
+inline constexpr int kKeyRight = 0x27;
+inline constexpr int kKeyDown = 0x28;
 inline constexpr int kKeyDelete = 0x2E;
 
 inline Shortcut ctrl(char letter) {

@@ -26,7 +26,9 @@ const std::map<std::string, Folders> kMayInclude = {
     {"project", {"base", "ui", "app", "convert"}},
     {"generators", {"base", "ui", "app", "convert"}},
     {"recent", {"base", "ui", "app", "convert"}},
-    {"program", {"base", "ui", "app", "convert", "editor", "search", "project", "generators", "recent"}},
+    {"desktop", {"base", "ui", "app", "convert"}},
+    {"program",
+     {"base", "ui", "app", "convert", "editor", "search", "project", "generators", "recent", "desktop"}},
     {"platform", {"base", "ui"}},
 };
 // Ids and embedded data are for everybody.
