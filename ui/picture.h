@@ -47,6 +47,7 @@ struct TextStyle {
   enum class Align { Left, Center, Right } align = Align::Left;
   Font font = {};     // empty name: the interface font; size 0: its size
   bool wrap = false;  // over several lines from the top; else one line, in the middle, its end cut with "…"
+  bool bytes = false;  // the words are byte text, for one of the code fonts
 };
 
 class Canvas {

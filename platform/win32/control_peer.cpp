@@ -4,6 +4,7 @@
 #include "platform/win32/button_peers.h"
 #include "platform/win32/list_peers.h"
 #include "platform/win32/list_view_peer.h"
+#include "platform/win32/picture_peer.h"
 #include "platform/win32/status_peer.h"
 #include "platform/win32/text_peer.h"
 #include "platform/win32/tree_peer.h"
@@ -75,6 +76,8 @@ std::unique_ptr<ControlPeer> makePeer(ui::Control& model, HWND window) {
   if (auto* list = dynamic_cast<ui::ListView*>(&model)) return std::make_unique<ListViewPeer>(*list, window);
   if (auto* tree = dynamic_cast<ui::TreeView*>(&model)) return std::make_unique<TreePeer>(*tree, window);
   if (auto* bar = dynamic_cast<ui::StatusBar*>(&model)) return std::make_unique<StatusPeer>(*bar, window);
+  if (auto* picture = dynamic_cast<ui::PictureBox*>(&model))
+    return std::make_unique<PicturePeer>(*picture, window);
   throw base::Error(base::ErrorNumber::InvalidCall, "control without a window of its kind");
 }
 

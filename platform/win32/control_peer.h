@@ -29,6 +29,8 @@ class ControlPeer : public ui::Peer {
   virtual void onCommand(int /*code*/) {}
   virtual LRESULT onNotify(const NMHDR&) { return 0; }
   virtual void dpiChanged(int /*dpi*/) {}
+  // A key pressed in the control, before the dialog looks at it; true: used.
+  virtual bool onKey(int /*key*/) { return false; }
 
  protected:
   // Makes ready what must be there before anything is shown.

@@ -7,6 +7,7 @@
 #include "platform/win32/dpi.h"
 #include "platform/win32/errors.h"
 #include "platform/win32/menus.h"
+#include "platform/win32/picture_peer.h"
 #include "platform/win32/pointer.h"
 #include "platform/win32/strings.h"
 #include "ui/controls.h"
@@ -19,6 +20,7 @@ ui::Shortcut pressedKey(WPARAM key) {
 }
 
 DialogHost::DialogHost(ui::Form& form, HWND owner, Kind kind) : form_(form), kind_(kind) {
+  registerPictureClass();
   const std::vector<WORD> dialog = dialogTemplate(form.id(), wideFromUtf8(form.name()));
   window_ = CreateDialogIndirectParamW(GetModuleHandleW(nullptr),
                                        reinterpret_cast<const DLGTEMPLATE*>(dialog.data()), owner, procedure,
@@ -113,6 +115,9 @@ bool DialogHost::translate(MSG& message) {
   if (message.message == WM_KEYDOWN || message.message == WM_SYSKEYDOWN) {
     if (form_.keyPressed(pressedKey(message.wParam))) return true;
     if (window_ == nullptr) return true;  // the key has closed it
+    ControlPeer* const peer = peerOf(message.hwnd);
+    if (peer != nullptr && peer->onKey(static_cast<int>(message.wParam))) return true;
+    if (window_ == nullptr) return true;
   }
   return IsDialogMessageW(window_, &message) != 0;
 }

@@ -58,6 +58,11 @@ UniqueFont codeFont(const ui::Font& font, int dpi) {
   return makeFont(wideFromUtf8(full.name), full.size, dpi, full.bold, full.italic, DEFAULT_CHARSET);
 }
 
+UniqueFont pictureFont(const ui::Font& font, int dpi) {
+  return makeFont(font.name.empty() ? kInterfaceFont : wideFromUtf8(font.name),
+                  font.size > 0 ? font.size : kInterfacePoints, dpi, font.bold, font.italic, DEFAULT_CHARSET);
+}
+
 std::vector<std::string> installedFonts() {
   // Fonts of this process alone are not listed by every system.
   std::set<std::string> names = {"Zervo Sans", "Zervo ISO", "Zervo ASCII", "Zervo RUS"};

@@ -28,6 +28,8 @@ UniqueFont interfaceFont(int dpi);
 // size.
 ui::Font withDefaults(ui::Font font);
 UniqueFont codeFont(const ui::Font& font, int dpi);
+// The interface font where no name or no size is given.
+UniqueFont pictureFont(const ui::Font& font, int dpi);
 
 std::vector<std::string> installedFonts();  // families, sorted, UTF-8; the program's own among them
 

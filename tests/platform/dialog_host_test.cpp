@@ -12,6 +12,7 @@
 #include "tests/platform/sample_ids.h"
 #include "tests/platform/test_window.h"
 #include "ui/controls.h"
+#include "ui/picture.h"
 
 namespace {
 
@@ -30,6 +31,7 @@ class SampleForm : public ui::Form {
   ui::ComboBox Lcombo{*this, IDC_sample_Lcombo};
   ui::ListView LV{*this, IDC_sample_LV};
   ui::TreeView TV{*this, IDC_sample_TV};
+  ui::PictureBox Pfram{*this, IDC_sample_Pfram};
   ui::Button COK{*this, IDC_sample_COK};
   ui::Button CEXIT{*this, IDC_sample_CEXIT};
 
@@ -266,6 +268,68 @@ TEST_F(DialogHost, AModalRunDisablesTheOthersAndEndsWithTheForm) {
   EXPECT_TRUE(disabled);
   EXPECT_TRUE(modal.closed());
   EXPECT_NE(IsWindowEnabled(host_->window()), FALSE);
+}
+
+// What the picture draws, read back from its window's own painting.
+COLORREF pixelOf(HWND window, int x, int y) {
+  RECT area;
+  GetClientRect(window, &area);
+  const HDC screen = GetDC(nullptr);
+  const win32::UniqueCanvas memory(CreateCompatibleDC(screen));
+  const win32::UniqueBitmap bitmap(CreateCompatibleBitmap(screen, area.right, area.bottom));
+  ReleaseDC(nullptr, screen);
+  const HGDIOBJ before = SelectObject(memory.get(), bitmap.get());
+  SendMessageW(window, WM_PRINTCLIENT, reinterpret_cast<WPARAM>(memory.get()), PRF_CLIENT);
+  const COLORREF color = GetPixel(memory.get(), x, y);
+  SelectObject(memory.get(), before);
+  return color;
+}
+
+TEST_F(DialogHost, PictureIsDrawnByItsForm) {
+  constexpr base::Color kRed = base::rgb(200, 0, 0);
+  constexpr base::Color kBlue = base::rgb(0, 0, 200);
+  form_.Pfram.setCaption("two areas");
+  form_.Pfram.paint = [](ui::Canvas& canvas) {
+    canvas.fill({0, 0, 30, 20}, kRed);
+    canvas.frame({30, 0, 30, 20}, kBlue, 2);
+  };
+  open();
+  const HWND picture = item(IDC_sample_Pfram);
+  EXPECT_EQ(win32::windowText(picture), L"two areas");
+  EXPECT_EQ(pixelOf(picture, 29, 19), kRed);
+  EXPECT_EQ(pixelOf(picture, 31, 10), kBlue);
+  EXPECT_NE(pixelOf(picture, 33, 10), kBlue);
+  EXPECT_EQ(pixelOf(picture, 30, 20), GetSysColor(COLOR_BTNFACE));
+}
+
+TEST_F(DialogHost, PictureTellsWhatMouseAndKeyboardDo) {
+  std::vector<ui::Point> down;
+  std::vector<ui::Point> moved;
+  std::vector<int> keys;
+  form_.Pfram.mouseDown.connect([&](ui::Point point) { down.push_back(point); });
+  form_.Pfram.mouseMove.connect([&](ui::Point point) { moved.push_back(point); });
+  form_.Pfram.keyDown = [&](int key) {
+    keys.push_back(key);
+    return key == VK_RIGHT;
+  };
+  open();
+  const HWND picture = item(IDC_sample_Pfram);
+  EXPECT_GT(form_.Pfram.size().width, 40);
+  SendMessageW(picture, WM_LBUTTONDOWN, MK_LBUTTON, MAKELPARAM(7, 9));
+  EXPECT_EQ(GetFocus(), picture);
+  EXPECT_TRUE(form_.Pfram.focused());
+  EXPECT_EQ(GetCapture(), picture);
+  SendMessageW(picture, WM_MOUSEMOVE, MK_LBUTTON, MAKELPARAM(-3, 4));
+  SendMessageW(picture, WM_LBUTTONUP, 0, MAKELPARAM(-3, 4));
+  EXPECT_EQ(GetCapture(), nullptr);
+  EXPECT_EQ(down, (std::vector<ui::Point>{{7, 9}}));
+  ASSERT_FALSE(moved.empty());
+  EXPECT_EQ(moved.front(), (ui::Point{-3, 4}));
+  press(picture, VK_RIGHT);
+  EXPECT_EQ(GetFocus(), picture);
+  press(picture, VK_LEFT);  // not used: the dialog moves the focus
+  EXPECT_NE(GetFocus(), picture);
+  EXPECT_EQ(keys, (std::vector<int>{VK_RIGHT, VK_LEFT}));
 }
 
 }  // namespace

@@ -15,5 +15,6 @@
 #define IDC_sample_TV 9010
 #define IDC_sample_COK 9011
 #define IDC_sample_CEXIT 9012
+#define IDC_sample_Pfram 9013
 
 #endif

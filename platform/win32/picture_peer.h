@@ -1,0 +1,36 @@
+// The window of a picture that its form draws.
+#pragma once
+
+#include "platform/win32/control_peer.h"
+#include "platform/win32/subclass.h"
+#include "ui/picture.h"
+
+namespace win32 {
+
+// The window class "ZervoPicture", for dialog templates. May be called again.
+void registerPictureClass();
+
+class PicturePeer final : public ControlPeer, private Subclass<PicturePeer> {
+ public:
+  PicturePeer(ui::PictureBox& model, HWND window);
+  void detach() override;
+  bool onKey(int key) override;
+
+ protected:
+  void prepare() override;
+  void show(ui::Aspect what) override;
+
+ private:
+  friend class Subclass<PicturePeer>;
+  LRESULT handleOf(HWND window, UINT message, WPARAM wParam, LPARAM lParam);
+  bool handleMouse(UINT message, LPARAM lParam);
+  void paint();
+  void draw(HDC device);
+  void measure();
+  ui::Point point(LPARAM lParam) const;
+
+  ui::PictureBox& picture_;
+  bool pointerInside_ = false;
+};
+
+}  // namespace win32
