@@ -54,7 +54,8 @@ class Workbench {
   ui::Signal<> textChanged;
   ui::Signal<> selectionChanged;
   ui::Signal<> idle;
-  ui::Signal<int> keyDown;  // in the code view; virtual-key numbers
+  ui::Signal<base::Color> colorChosen;  // for a page, in one of the colour dialogs
+  ui::Signal<int> keyDown;              // in the code view; virtual-key numbers
   ui::Signal<int> keyUp;
   ui::Signal<> startUp;  // the start-up action
   ui::Signal<> closing;

@@ -109,7 +109,7 @@ constexpr ToolButton kButtons[kToolButtons] = {
     {Icon::Italic, 0, "დახრილი", {Placing::Wrap, "<I>", "</I>", 3}},
     {Icon::Underline, 0, "ხაზგასმული", {Placing::Wrap, "<U>", "</U>", 3}},
     {Icon::FontFace, 0, "შრიფტის არჩევა"},
-    {Icon::FontColor, 0, "ფერის არჩევა"},
+    {Icon::FontColor, mnuTabColor, "ფერის არჩევა"},
     {Icon::NoBreakSpace, 0, "განუყოფელი შუალედი"},
     {Icon::LineBreak, 0, "ახალი სტრიქონი", {Placing::Replace, "<BR>"}},
     {Icon::Paragraph, 0, "აბზაცი", {Placing::Wrap, "<P>", "</P>", 3}},
@@ -151,6 +151,9 @@ TagCommands::TagCommands(app::Workbench& bench) : bench_(bench) {
   addCommands();
   addMenus();
   addButtons();
+  bench.colorChosen.connect([this](base::Color color) {
+    if (color != colors[0]) colors = {color, colors[0]};
+  });
 }
 
 void TagCommands::addCommands() {
@@ -227,8 +230,6 @@ void TagCommands::htmlbarklick(int index) {
     noBreakSpace();
   } else if (button.icon == Icon::FontFace) {
     pickFont();
-  } else if (button.icon == Icon::FontColor) {
-    pickColor();
   } else {
     wrapInColor(colors[button.icon == Icon::FirstColor ? 0 : 1]);
   }
@@ -249,7 +250,7 @@ void TagCommands::pickFont() {
 void TagCommands::pickColor() {
   const auto color = bench_.platform().pickColor(colors[0]);
   if (!color) return;
-  if (*color != colors[0]) colors = {*color, colors[0]};
+  bench_.colorChosen(*color);
   wrapInColor(*color);
 }
 

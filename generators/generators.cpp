@@ -7,11 +7,12 @@
 #include "base/path.h"
 #include "base/text.h"
 #include "generators/frmtempformat.h"
+#include "generators/selection.h"
 #include "resources/ids.h"
 
 namespace generators {
 
-Generators::Generators(app::Workbench& bench) : bench_(bench) {
+Generators::Generators(app::Workbench& bench) : bench_(bench), tableAndColor_(bench) {
   loadKept();
   std::vector<app::Command> rows = {{mnutempformat,
                                      "mnutempformat",
@@ -69,14 +70,7 @@ void Generators::mnutempformat_Click() {
 
 void Generators::applyTemplate(std::size_t number) {
   if (number >= templates_.size()) return;
-  ui::CodeView& T1 = bench_.codeView();
-  const TemplateFormat& format = templates_[number];
-  const std::string selected = T1.selText();
-  const int start = T1.selStart();
-  const std::string beginning = format.beginning();
-  T1.replaceSelection(beginning + selected + format.end());
-  T1.select(start + static_cast<int>(beginning.size()), static_cast<int>(selected.size()));
-  T1.setFocus();
+  wrapSelection(bench_.codeView(), templates_[number].beginning(), templates_[number].end());
 }
 
 std::unique_ptr<Generators> attach(app::Workbench& bench) {

@@ -5,6 +5,7 @@
 #include <string>
 
 #include "app/workbench.h"
+#include "generators/table_color_commands.h"
 #include "generators/template_formats.h"
 
 namespace generators {
@@ -27,6 +28,7 @@ class Generators {
   void mnutempformat_Click();
 
   app::Workbench& bench_;
+  TableColorCommands tableAndColor_;
   TemplateFormats templates_;
 };
 

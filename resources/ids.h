@@ -95,6 +95,8 @@
 #define IDC_frmtempformat_Csave 1914
 #define IDC_frmtempformat_COK 1915
 #define IDC_frmtempformat_CEXIT 1916
+#define mnuTabColor 40802
+#define mnuTable 40803
 #define mnutempformat 40820
 #define mnuTFlist 40821     // the first template in the menu
 #define mnuTFlistLast 40899
@@ -206,6 +208,26 @@
 
 #define mnuAbout 40401
 #define mnuHelp 40402
+
+// Table and colour picker: one form, two windows
+#define IDD_frmTabColor 1850
+#define IDD_frmTabColor_colors 1851
+#define IDC_frmTabColor_PP 1852
+#define IDC_frmTabColor_LBtabcount 1853
+#define IDC_frmTabColor_Op1_0 1854
+#define IDC_frmTabColor_Op1_1 1855
+#define IDC_frmTabColor_Op1_2 1856
+#define IDC_frmTabColor_OPfontcolor 1857
+#define IDC_frmTabColor_OPcolor 1858
+#define IDC_frmTabColor_OPbgcolor 1859
+#define IDC_frmTabColor_Opnotag 1860
+#define IDC_frmTabColor_Lhex 1861
+#define IDC_frmTabColor_Thex 1862
+#define IDC_frmTabColor_Psample 1863
+#define IDC_frmTabColor_Cmore 1864
+#define IDC_frmTabColor_Ckolor 1865
+#define IDC_frmTabColor_MBklose 1866
+#define IDC_frmTabColor_Lform 1867
 
 // Tag list, also the font picker
 #define IDD_frmTags 1400

@@ -52,6 +52,8 @@ class Form {
   // Of the whole window, in 1/96 inch; 0: as in the template.
   int height() const { return height_; }
   void setHeight(int height);
+  int width = 0;           // the same; set before the form is shown
+  bool atPointer = false;  // comes up beside the pointer (where that is in the program), not in the middle
 
   void close();
   bool closed() const { return closed_; }

@@ -34,6 +34,7 @@ enum class ToolIcon {
   Frame,
   Entity,
   TagList,
+  Table,
 };
 
 struct ToolBarButton {

@@ -93,6 +93,10 @@ void DialogHost::center(HWND owner) {
   const int width = frame.right - frame.left;
   const int height = frame.bottom - frame.top;
   const auto fit = [](LONG wanted, LONG low, LONG high) { return std::max(low, std::min(wanted, high)); };
+  POINT pointer{};
+  if (form_.atPointer && GetCursorPos(&pointer) != 0 && PtInRect(&around, pointer) != 0) {
+    around = {pointer.x, pointer.y, pointer.x + width, pointer.y + height};
+  }
   const LONG left =
       fit((around.left + around.right - width) / 2, monitor.rcWork.left, monitor.rcWork.right - width);
   const LONG top =
@@ -199,11 +203,14 @@ void DialogHost::captionChanged() {
 }
 
 void DialogHost::heightChanged() {
-  if (!ready_ || form_.height() <= 0) return;
+  if (!ready_ || (form_.height() <= 0 && form_.width <= 0)) return;
   RECT frame;
   GetWindowRect(window_, &frame);
-  SetWindowPos(window_, nullptr, 0, 0, frame.right - frame.left, scaled(form_.height(), dpi_),
-               SWP_NOMOVE | SWP_NOZORDER | SWP_NOACTIVATE);
+  const auto wanted = [this](int told, LONG is) {
+    return told > 0 ? scaled(told, dpi_) : static_cast<int>(is);
+  };
+  SetWindowPos(window_, nullptr, 0, 0, wanted(form_.width, frame.right - frame.left),
+               wanted(form_.height(), frame.bottom - frame.top), SWP_NOMOVE | SWP_NOZORDER | SWP_NOACTIVATE);
 }
 
 void DialogHost::close() {

@@ -112,6 +112,8 @@ const std::vector<Lines>& drawings() {
       {ToolIcon::Frame, kText, {{1, 2, 15, 2}, {15, 2, 15, 14}, {15, 14, 1, 14}, {1, 14, 1, 2}}},
       {ToolIcon::Frame, kBlue, {{6, 2, 6, 14}, {6, 7, 15, 7}}},
       {ToolIcon::Comment, kGreen, {{3, 14, 13, 14}}},
+      {ToolIcon::Table, kText, {{1, 2, 15, 2}, {15, 2, 15, 14}, {15, 14, 1, 14}, {1, 14, 1, 2}}},
+      {ToolIcon::Table, kBlue, {{1, 6, 15, 6}, {1, 10, 15, 10}, {6, 2, 6, 14}, {11, 2, 11, 14}}},
   };
   return all;
 }
