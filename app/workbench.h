@@ -49,6 +49,9 @@ class Workbench {
   // A panel of the status bar: "kMain", "kPosition", "kCounts", "kMode", "kPreview".
   virtual void setPanel(std::string_view key, ui::Text text) = 0;
 
+  // Layout of the frameset that is being designed; -1: none.
+  int framesetLayout = -1;
+
   ui::Signal<const std::string&> documentOpened;  // full path of a file that was opened
   ui::Signal<> documentShown;                     // another document came into the code view
   ui::Signal<> textChanged;

@@ -6,6 +6,7 @@
 #include "base/files.h"
 #include "base/path.h"
 #include "base/text.h"
+#include "generators/frmDesign.h"
 #include "generators/frmtempformat.h"
 #include "generators/selection.h"
 #include "resources/ids.h"
@@ -22,6 +23,14 @@ Generators::Generators(app::Workbench& bench) : bench_(bench), tableAndColor_(be
                                      nullptr,
                                      nullptr,
                                      "საკუთარი ფორმატების შედგენა"}};
+  rows.push_back({mnuDesign,
+                  "mnuDesign",
+                  "ფრეიმების &გვერდი...",
+                  {},
+                  [this] { mnuDesign_Click(); },
+                  nullptr,
+                  nullptr,
+                  "გვერდები ფრეიმებით: განლაგება, თვისებები, ახალი დოკუმენტები"});
   app::MenuPlan::Line submenu{0, "&ფორმატები", {mnutempformat, 0}};
   for (int id = mnuTFlist; id <= mnuTFlistLast; ++id) {
     const auto number = static_cast<std::size_t>(id - mnuTFlist);
@@ -35,7 +44,7 @@ Generators::Generators(app::Workbench& bench) : bench_(bench), tableAndColor_(be
     submenu.lines.push_back(id);
   }
   bench.addCommands(std::move(rows));
-  bench.addMenu({app::kTagsMenu, {{0, {}, {}}, submenu}});
+  bench.addMenu({app::kTagsMenu, {{mnuDesign, {}, {}}, {0, {}, {}}, submenu}});
 }
 
 std::string Generators::keptFile() const {
@@ -60,6 +69,13 @@ void Generators::TFormatladen() {
   } else {
     base::writeFile(keptFile(), encodeTemplates(templates_));
   }
+}
+
+void Generators::mnuDesign_Click() {
+  frmDesign form(bench_);
+  bench_.platform().showModal(form);
+  bench_.framesetLayout = -1;
+  bench_.codeView().setFocus();
 }
 
 void Generators::mnutempformat_Click() {

@@ -25,6 +25,7 @@ class Generators {
   std::string keptFile() const;
   void loadKept();
   void TFormatladen();  // the list changed: it is kept, and the menu follows
+  void mnuDesign_Click();
   void mnutempformat_Click();
 
   app::Workbench& bench_;

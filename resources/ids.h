@@ -95,6 +95,7 @@
 #define IDC_frmtempformat_Csave 1914
 #define IDC_frmtempformat_COK 1915
 #define IDC_frmtempformat_CEXIT 1916
+#define mnuDesign 40801
 #define mnuTabColor 40802
 #define mnuTable 40803
 #define mnutempformat 40820
@@ -208,6 +209,41 @@
 
 #define mnuAbout 40401
 #define mnuHelp 40402
+
+// Frameset designer
+#define IDD_frmDesign 1800
+#define IDC_frmDesign_PSP 1801
+#define IDC_frmDesign_TBframe 1802
+#define IDC_frmDesign_TBbagkolor 1803
+#define IDC_frmDesign_TBimage 1804
+#define IDC_frmDesign_TBframparams 1805
+#define IDC_frmDesign_TBcler 1806
+#define IDC_frmDesign_Pfram 1807
+#define IDC_frmDesign_Pfon 1808
+#define IDC_frmDesign_PFOP 1809
+#define IDC_frmDesign_LSTpage 1810
+#define IDC_frmDesign_TSTpage 1811
+#define IDC_frmDesign_Lrows 1812
+#define IDC_frmDesign_Trows 1813
+#define IDC_frmDesign_Lcols 1814
+#define IDC_frmDesign_Tcols 1815
+#define IDC_frmDesign_CKborder 1816
+#define IDC_frmDesign_LTramwidth 1817
+#define IDC_frmDesign_Tramwidth 1818
+#define IDC_frmDesign_Tselfram 1819
+#define IDC_frmDesign_Lname 1820
+#define IDC_frmDesign_Tname 1821
+#define IDC_frmDesign_Lsource 1822
+#define IDC_frmDesign_Tsource 1823
+#define IDC_frmDesign_CHfile 1824
+#define IDC_frmDesign_Lskrol 1825
+#define IDC_frmDesign_CBskrol 1826
+#define IDC_frmDesign_CKresice 1827
+#define IDC_frmDesign_Limage 1828
+#define IDC_frmDesign_Timage 1829
+#define IDC_frmDesign_CKwasercaichen 1830
+#define IDC_frmDesign_COK 1831
+#define IDC_frmDesign_CEXIT 1832
 
 // Table and colour picker: one form, two windows
 #define IDD_frmTabColor 1850

@@ -40,4 +40,41 @@ TEST_F(Generators, TableAndColourByMouse) {
   zervo.waitForText("<BODY>\r\n" + markup + "</BODY>\r\n");
 }
 
+TEST_F(Generators, FramesetPagesAreNewDocuments) {
+  gui::Zervo zervo = open({});
+  zervo.command(mnuDesign);
+  const HWND form = gui::shownForm(L"frmDesign");
+  const HWND layouts = GetDlgItem(form, IDC_frmDesign_PSP);
+  RECT area;
+  GetClientRect(layouts, &area);
+  // The fifth of the first row: a banner over a page.
+  SendMessageW(layouts, WM_LBUTTONDOWN, MK_LBUTTON, at(area.right * 9 / 10, area.bottom / 4));
+  SendMessageW(layouts, WM_LBUTTONUP, 0, at(area.right * 9 / 10, area.bottom / 4));
+  const HWND preview = GetDlgItem(form, IDC_frmDesign_Pfram);
+  SendMessageW(preview, WM_LBUTTONDOWN, MK_LBUTTON, at(20, 100));
+  SendMessageW(preview, WM_LBUTTONUP, 0, at(20, 100));
+  EXPECT_EQ(gui::Dialog(form).text(IDC_frmDesign_Tname), "Page");
+  gui::fill(form, IDC_frmDesign_Tsource, L"main.html");
+  SendMessageW(GetDlgItem(form, IDC_frmDesign_CKborder), BM_CLICK, 0, 0);
+  gui::fill(form, IDC_frmDesign_Tramwidth, L"0");
+  gui::press(form, IDC_frmDesign_COK);
+  zervo.waitForText(
+      "<!DOCTYPE HTML PUBLIC \"-//W3C//DTD HTML 4.01 Frameset//EN\">\r\n<HTML>\r\n<HEAD>\r\n"
+      "<TITLE>Frame Page</TITLE>\r\n</HEAD>\r\n"
+      "<FRAMESET framespacing=\"0\" border=\"0\" frameborder = \"0\" rows=\"64,*\">\r\n"
+      "<FRAME name=\"Top\" src=\"Page1.HTML\" scrolling=\"No\" noresize>\r\n"
+      "<FRAME name=\"Page\" src=\"main.html\" scrolling=\"Auto\" noresize>\r\n<NOFRAMES>\r\n"
+      "<P>es gverdi iyenebs freimebs.Tqveni brauzeri ar iyenebs freimebs.</P>\r\n</NOFRAMES>\r\n"
+      "</FRAMESET>\r\n<BODY>\r\n\r\n</BODY>\r\n</HTML>\r\n");
+  zervo.waitUntilFree();
+  zervo.clickNode("main.html");
+  zervo.waitForText(
+      "<!DOCTYPE HTML PUBLIC \"-//W3C//DTD HTML 4.0 Transitional//EN\">\r\n<HTML>\r\n<HEAD>\r\n"
+      "<TITLE>Page 2</TITLE>\r\n</HEAD>\r\n<BODY>\r\n\r\n</BODY>\r\n</HTML>\r\n");
+  // Nothing is on the disk, so the program asks before it lets them go.
+  zervo.command(mnuExit);
+  EXPECT_NE(zervo.answer(IDC_frmBOXa_Cno), "");
+  EXPECT_EQ(zervo.waitForEnd(), 0u);
+}
+
 }  // namespace
