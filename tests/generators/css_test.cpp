@@ -1,0 +1,177 @@
+// CSS in sheets and pages: what stands at the caret, and what is written back.
+#include <gtest/gtest.h>
+
+#include <random>
+
+#include "base/files.h"
+#include "generators/css_edit.h"
+#include "generators/css_tokens.h"
+
+namespace {
+
+using generators::CssEdit;
+using generators::CssPlace;
+using Kind = CssPlace::Kind;
+using Why = CssPlace::Why;
+
+struct Wish {
+  std::string name;
+  std::string value;
+  bool important = false;
+};
+
+// The document after the wishes, where "|" marks the caret (two: the selection).
+std::string after(std::string text, bool sheet, const std::vector<Wish>& wishes,
+                  const std::string& selector = {}) {
+  const std::size_t start = text.find('|');
+  text.erase(start, 1);
+  const std::size_t second = text.find('|', start);
+  if (second != std::string::npos) text.erase(second, 1);
+  const std::size_t length = second == std::string::npos ? 0 : second - start;
+  const CssPlace place = generators::cssPlace(text, start, length, sheet);
+  if (place.kind == Kind::Nothing) return "why " + std::to_string(static_cast<int>(place.why));
+  CssEdit edit(text, place);
+  if (place.kind == Kind::NewRule || place.kind == Kind::NewElement) edit.selector = selector;
+  for (const Wish& wish : wishes) {
+    const int at = edit.find(wish.name);
+    if (at < 0) edit.entries.push_back({wish.name, wish.value, wish.important, -1});
+    if (at >= 0) edit.entries[static_cast<std::size_t>(at)].value = wish.value;
+    if (at >= 0) edit.entries[static_cast<std::size_t>(at)].important = wish.important;
+  }
+  const std::string written = edit.written();
+  EXPECT_LE(edit.caret(), written.size());
+  return text.substr(0, place.start) + written + text.substr(place.end);
+}
+
+struct Case {
+  std::string before;  // with the caret
+  std::vector<Wish> wishes;
+  std::string expected;
+};
+
+TEST(Css, RulesOfASheetAreEditedInPlace) {
+  const std::vector<Case> cases = {
+      // values; all else stays
+      {"a { col|or: red; x: y }", {{"color", "blue"}}, "a { color: blue; x: y }"},
+      {"a{color:red;COLOR:green}|", {{"color", "blue"}}, "a{color:red;COLOR:blue}"},
+      {"A { /* x: y; */ color : /*1*/ red /*2*/ ; }|\r\n",
+       {},
+       "A { /* x: y; */ color : /*1*/ red /*2*/ ; }\r\n"},
+      {"|a { color : /*1*/ red /*2*/ ; }", {{"color", "blue"}}, "a { color : /*1*/ blue /*2*/ ; }"},
+      {"a { |*zoom: 1; filter: progid:D.X(a='b;c',d=e); b: url(data:x;y,}) }",
+       {{"b", "c"}},
+       "a { *zoom: 1; filter: progid:D.X(a='b;c',d=e); b: c }"},
+      {"a { content: \"}\\\"|;\"; x: 1 } b { x: 2 }",
+       {{"x", "3"}},
+       "a { content: \"}\\\";\"; x: 3 } b { x: 2 }"},
+      {"a { x: 1 ! IMPORTANT|; y: 2 }", {{"x", "2", true}}, "a { x: 2 ! IMPORTANT; y: 2 }"},
+      {"a { x: 1 !important|; y: 2 }", {{"x", "2"}, {"y", "2", true}}, "a { x: 2; y: 2 !important }"},
+      {"a { color|: }", {{"color", "red"}}, "a { color:red }"},
+      // two rules that touch; rules in braces of others; statements
+      {"a{x:1}|b{x:1}", {{"x", "2"}}, "a{x:1}b{x:2}"},
+      {"@media print { a { x: 1 }|\n b { x: 1 } }", {{"x", "2"}}, "@media print { a { x: 2 }\n b { x: 1 } }"},
+      {"@import 'x{}'; @font-face { src: x| }", {{"src", "y"}}, "@import 'x{}'; @font-face { src: y }"},
+      {"a { x: 1; &:hover { x: 2 } |y: 3 }", {{"x", "4"}, {"y", ""}}, "a { x: 4; &:hover { x: 2 } }"},
+      // new ones, as the others are written
+      {"a {|}", {{"x", "1"}}, "a { x: 1; }"},
+      {"a {| }", {{"x", "1"}, {"y", "2", true}}, "a { x: 1; y: 2 !important; }"},
+      {"a{x:1|}", {{"y", "2"}}, "a{x:1;y:2}"},
+      {"a { x: 1|}", {{"y", "2"}}, "a { x: 1; y: 2}"},
+      {"a\n{\n|}\n", {{"x", "1"}}, "a\n{\n\tx: 1;\n}\n"},
+      {"a {\r\n  x : 1; /* why */\r\n}|", {{"y", "2"}}, "a {\r\n  x : 1; /* why */\r\n  y : 2;\r\n}"},
+      {"a {\n\tx: 1 /* why */\n}|", {{"y", "2"}}, "a {\n\tx: 1; /* why */\n\ty: 2\n}"},
+      {"a { /* x */|\n}", {{"x", "1"}}, "a { /* x */\n\tx: 1;\n}"},
+      // gone
+      {"a { |x: 1; y: 2; z: 3 }", {{"y", ""}}, "a { x: 1; z: 3 }"},
+      {"a { |x: 1; y: 2; z: 3 }", {{"z", ""}, {"y", ""}}, "a { x: 1; }"},
+      {"a { |x: 1 }", {{"x", ""}}, "a { }"},
+      {"a {|\n  x: 1;\n  y: 2; /* two */\n  z: 3\n}",
+       {{"x", ""}, {"y", ""}, {"z", ""}},
+       "a {\n  /* two */\n}"},
+      // not closed
+      {"a { x: 1|", {{"y", "2"}}, "a { x: 1; y: 2 }"},
+      {"a {\n  x: 1;\n|\n", {{"y", "2"}}, "a {\n  x: 1;\n  y: 2;\n}\n\n"},
+      {"a { x: |'1; y: 2;\n w: 0; z: 3 }", {{"z", "4"}}, "a { x: '1; y: 2;\n w: 0; z: 4 }"},
+      {"a { x: calc(|1; y: 2 } b { z: 3) }", {{"y", "4"}}, "a { x: calc(1; y: 4 } b { z: 3) }"},
+      // Georgian bytes, legacy and UTF-8
+      {"/*\xC0\xC1*/ a| { f: \"\xE1\x83\x90\", \xC4\xC5; x: 1 }",
+       {{"x", "2"}},
+       "/*\xC0\xC1*/ a { f: \"\xE1\x83\x90\", \xC4\xC5; x: 2 }"},
+  };
+  for (const Case& one : cases) EXPECT_EQ(after(one.before, true, one.wishes), one.expected) << one.before;
+  
+}
+
+TEST(Css, WhereNoRuleIsANewOneIsMade) {
+  const std::vector<Case> cases = {
+      {"|", {{"x", "1"}}, "p {\r\n\tx: 1;\r\n}\r\n"},
+      {"a { x: 1 }\n|\nb {\n  x: 1;\n}\n", {{"y", "2"}}, "a { x: 1 }\np { y: 2; }\nb {\n  x: 1;\n}\n"},
+      {"|\nb {\n  x: 1;\n}\n", {{"y", "2"}}, "p {\n  y: 2;\n}\nb {\n  x: 1;\n}\n"},
+      {"/* a|b */ b{x:1}", {{"y", "2"}}, "/* ab */\r\np{y:2;}\r\n b{x:1}"},
+      {"@media print {\n  |\n  b {\n    x: 1;\n  }\n}",
+       {{"y", "2"}},
+       "@media print {\n  p {\n    y: 2;\n  }\n  b {\n    x: 1;\n  }\n}"},
+      {"@import u|rl(x);", {{"y", "2"}}, "@import url(x);\r\np {\r\n\ty: 2;\r\n}\r\n"},
+  };
+  for (const Case& one : cases)
+    EXPECT_EQ(after(one.before, true, one.wishes, "p"), one.expected) << one.before;
+}
+
+TEST(Css, PagesHaveStyleElementsAttributesAndSelections) {
+  const std::vector<Case> cases = {
+      {"<STYLE><!--\r\nP { x: 1 }|\r\n--></STYLE>", {{"x", "2"}}, "<STYLE><!--\r\nP { x: 2 }\r\n--></STYLE>"},
+      {"<STYLE>|</STYLE><P>", {{"x", "2"}}, "<STYLE>\r\np {\r\n\tx: 2;\r\n}\r\n</STYLE><P>"},
+      {"<P STYLE=\"x: 1|\">", {{"x", "2"}, {"y", "3"}}, "<P STYLE=\"x: 2; y: 3\">"},
+      {"<P Style='x:1' class=a|>", {{"y", "3"}}, "<P Style='x:1; y:3' class=a>"},
+      {"<p style=x:1;y:2 cl|ass=a>", {{"y", "3 4"}}, "<p style=\"x:1;y:3 4\" class=a>"},
+      {"<p style=f:\"a\" cl|ass=a>", {{"y", "3"}}, "<p style='f:\"a\"; y:3' class=a>"},
+      {"<p style| class=a>", {{"y", "3"}}, "<p style=\"y: 3\" class=a>"},
+      {"<p style=\"f: &quot;A;B&quot;; x: &eacute;|\">",
+       {{"y", "3"}},
+       "<p style=\"f: &quot;A;B&quot;; x: &eacute;; y: 3\">"},
+      {"<p style=\"x: 1|\">", {{"f", "\"A B\""}}, "<p style=\"x: 1; f: 'A B'\">"},
+      {"<p style=\"x: 1|\">",
+       {{"f", "\"A B\", 'c&amp'"}},
+       "<p style=\"x: 1; f: &quot;A B&quot;, 'c&amp;amp'\">"},
+      {"<p style='x: 1|'>", {{"f", "'A'"}}, "<p style='x: 1; f: \"A\"'>"},
+      {"<BR|>", {{"x", "1"}}, "<BR STYLE=\"x: 1\">"},
+      {"<img src=a |/>", {{"x", "1"}}, "<img src=a style=\"x: 1\" />"},
+      {"<P>|text", {{"x", "1"}}, "<P STYLE=\"x: 1\">text"},
+      {"<P STYLE=\"x: 1|\" ID=a>", {{"x", ""}}, "<P ID=a>"},
+      {"<P>te|xt|</P>", {{"x", "1"}}, "<P>te<SPAN STYLE=\"x: 1\">xt</SPAN></P>"},
+      {"<PRE>a <B|>", {{"x", "1"}}, "<PRE>a <B STYLE=\"x: 1\">"},
+      {"<HEAD>\n|\n</HEAD>",
+       {{"x", "1"}},
+       "<HEAD>\n<STYLE TYPE=\"text/css\">\np {\n\tx: 1;\n}\n</STYLE>\n</HEAD>"},
+  };
+  for (const Case& one : cases)
+    EXPECT_EQ(after(one.before, false, one.wishes, "p"), one.expected) << one.before;
+}
+
+TEST(Css, WhatCannotBeEditedSaysWhy) {
+  const auto why = [](const std::string& text, bool sheet) { return after(text, sheet, {}); };
+  const auto number = [](Why reason) { return "why " + std::to_string(static_cast<int>(reason)); };
+  EXPECT_EQ(why("a { x: 1| \n b { y: 2 }", true), number(Why::UnclosedRule));
+  EXPECT_EQ(why("a { x: 1; /* | } b { y: 2 }", true), number(Why::UnclosedComment));
+  EXPECT_EQ(why("a {| x: 1; /* } b { y: 2 }", true), number(Why::UnclosedComment));
+  EXPECT_EQ(why("<P>x</P|>", false), number(Why::EndTag));
+  EXPECT_EQ(why("<TITLE|>x</TITLE>", false), number(Why::TagWithoutStyle));
+  EXPECT_EQ(why("<SCRIPT>a|</SCRIPT>", false), number(Why::OtherCode));
+  EXPECT_EQ(why("<!-- <P |> -->", false), number(Why::OtherCode));
+  EXPECT_EQ(why("<P STYLE='x: |1>", false), number(Why::UnclosedQuote));
+}
+
+TEST(Css, ValuesAndSelectorsThatWouldSpillAreRefused) {
+  for (const char* good : {"red", "1px solid", "url(a;b)", "\"a;b}\"", "a(b;c)", "a\\;b", ""}) {
+    EXPECT_TRUE(generators::fitsDeclaration(good)) << good;
+  }
+  for (const char* bad : {"red; x: y", "a}", "a{}", "\"a", "a /* b", "rgb(1", "a)", "a!b", "a\\", "f(})"}) {
+    EXPECT_FALSE(generators::fitsDeclaration(bad)) << bad;
+  }
+  for (const char* good : {"a", "a[b=\";\"]:not(c)", "@font-face"})
+    EXPECT_TRUE(generators::fitsSelector(good));
+  for (const char* bad : {"", " ", "/* a */", "a{", "a;b", "[a", "'a"})
+    EXPECT_FALSE(generators::fitsSelector(bad));
+}
+
+}  // namespace
