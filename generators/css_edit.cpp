@@ -53,13 +53,15 @@ int CssEdit::find(std::string_view name) const {
 bool CssEdit::changed() const {
   if (selector != oldSelector_) return true;
   for (std::size_t i = 0; i < entries.size(); ++i) {
-    if (i >= oldEntries_.size()) {
-      if (!entries[i].value.empty()) return true;
-    } else if (entries[i].value != oldEntries_[i].value || entries[i].important != oldEntries_[i].important) {
-      return true;
-    }
+    if (changed(i)) return true;
   }
   return false;
+}
+
+bool CssEdit::changed(std::size_t entry) const {
+  const CssEntry& now = entries[entry];
+  if (entry >= oldEntries_.size()) return !now.value.empty();
+  return now.value != oldEntries_[entry].value || now.important != oldEntries_[entry].important;
 }
 
 std::string CssEdit::block() const {

@@ -24,6 +24,8 @@ class CssEdit {
   int find(std::string_view name) const;
 
   bool changed() const;
+  bool changed(std::size_t entry) const;
+  std::string text() const { return document(place_.start, place_.end); }  // as it stands there now
   // What stands in the document in place of the bytes from place().start to place().end.
   std::string written() const;
   // Where the caret goes in written(): in the rule or attribute, at its end.

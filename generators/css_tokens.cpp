@@ -123,13 +123,14 @@ class Scanner {
   }
 
   // "<? ?>" and "<% %>" as one character of a word: a server puts other text in their place.
-  std::size_t serverBlock(std::size_t at) const {
-    for (const auto& [open, close] : {std::pair("<?", "?>"), std::pair("<%", "%>")}) {
-      if (text_.substr(at, 2) != open) continue;
-      const std::size_t end = text_.find(close, at + 2);
-      if (end != kNone) return end + 2;
-    }
-    return kNone;
+  std::size_t serverBlock(std::size_t at) {
+    const std::string_view open = text_.substr(at, 2);
+    if (open != "<?" && open != "<%") return kNone;
+    const bool php = open == "<?";
+    if (noServerEnd_[php]) return kNone;
+    const std::size_t end = text_.find(php ? "?>" : "%>", at + 2);
+    noServerEnd_[php] = end == kNone;
+    return end == kNone ? kNone : end + 2;
   }
 
   bool inWord(std::size_t at) const {
@@ -156,7 +157,8 @@ class Scanner {
 
   // Behind the ")" of an address without quotes; with quotes, or without an end in its line, the bracket is
   // one like others.
-  std::size_t urlEnd(std::size_t open) const {
+  std::size_t urlEnd(std::size_t open) {
+    if (open < noUrlUntil_) return open;
     std::size_t at = open + unit(open).length;
     while (at < text_.size() && (text_[at] == ' ' || text_[at] == '\t')) ++at;
     if (have(at, '"') || have(at, '\'')) return open;
@@ -166,6 +168,7 @@ class Scanner {
       if (now.character == ')') return at;
       if (now.character == '\\' && at < text_.size()) at += unit(at).length;
     }
+    noUrlUntil_ = at;
     return open;
   }
 
@@ -212,6 +215,9 @@ class Scanner {
   std::string_view text_;
   CssSpelling spelling_;
   std::size_t at_ = 0;
+  // A broken text is not searched again for each end that is not there.
+  std::size_t noUrlUntil_ = 0;
+  std::array<bool, 2> noServerEnd_{};
   std::vector<CssToken> tokens_;
 };
 

@@ -6,6 +6,7 @@
 #include "base/files.h"
 #include "base/path.h"
 #include "base/text.h"
+#include "generators/frmCSSstile.h"
 #include "generators/frmDesign.h"
 #include "generators/frmtempformat.h"
 #include "generators/selection.h"
@@ -43,8 +44,16 @@ Generators::Generators(app::Workbench& bench) : bench_(bench), tableAndColor_(be
     rows.push_back(std::move(row));
     submenu.lines.push_back(id);
   }
+  rows.push_back({mnuCSSstile,
+                  "mnuCSSstile",
+                  "&CSS სტილი...",
+                  {},
+                  [&bench] { editStyle(bench); },
+                  [](const app::CommandState& state) { return state.hasText; },
+                  nullptr,
+                  "კურსორთან მდგომი წესის ან STYLE ატრიბუტის შედგენა"});
   bench.addCommands(std::move(rows));
-  bench.addMenu({app::kTagsMenu, {{mnuDesign, {}, {}}, {0, {}, {}}, submenu}});
+  bench.addMenu({app::kTagsMenu, {{mnuDesign, {}, {}}, {mnuCSSstile, {}, {}}, {0, {}, {}}, submenu}});
 }
 
 std::string Generators::keptFile() const {

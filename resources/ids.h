@@ -102,6 +102,31 @@
 #define mnuTFlist 40821     // the first template in the menu
 #define mnuTFlistLast 40899
 
+// CSS style builder
+#define IDD_frmCSSstile 2000
+#define IDC_frmCSSstile_Lwhere 2001
+#define IDC_frmCSSstile_Lselector 2002
+#define IDC_frmCSSstile_Tselector 2003
+#define IDC_frmCSSstile_Lgroup 2004
+#define IDC_frmCSSstile_List1 2005
+#define IDC_frmCSSstile_Llist 2006
+#define IDC_frmCSSstile_LV 2007
+#define IDC_frmCSSstile_Lvalue 2008
+#define IDC_frmCSSstile_Tvalue 2009
+#define IDC_frmCSSstile_CKimportant 2010
+#define IDC_frmCSSstile_Cclear 2011
+#define IDC_frmCSSstile_Lkeyword 2012
+#define IDC_frmCSSstile_CBkeyword 2013
+#define IDC_frmCSSstile_Lunit 2014
+#define IDC_frmCSSstile_CBunit 2015
+#define IDC_frmCSSstile_Ccolor 2016
+#define IDC_frmCSSstile_Cfile 2017
+#define IDC_frmCSSstile_Lpreview 2018
+#define IDC_frmCSSstile_Tpreview 2019
+#define IDC_frmCSSstile_COK 2020
+#define IDC_frmCSSstile_CEXIT 2021
+#define mnuCSSstile 40810
+
 // FTP upload
 #define IDD_frmupload 2100
 #define IDC_frmupload_Laccount 2101

@@ -1,5 +1,7 @@
 #include "platform/win32/list_view_peer.h"
 
+#include <algorithm>
+
 #include "platform/win32/dpi.h"
 #include "platform/win32/file_icons.h"
 #include "platform/win32/strings.h"
@@ -42,7 +44,9 @@ void ListViewPeer::prepare() {
 
 void ListViewPeer::showItems() {
   send(WM_SETREDRAW, FALSE);
-  send(LVM_DELETEALLITEMS);
+  // As many rows as before: only their texts are exchanged, so that the list keeps its place.
+  const bool fresh = static_cast<std::size_t>(send(LVM_GETITEMCOUNT)) != list_.items().size();
+  if (fresh) send(LVM_DELETEALLITEMS);
   int row = 0;
   for (const ui::ListView::Item& wanted : list_.items()) {
     std::wstring text = wideFromText(wanted.text);
@@ -51,15 +55,17 @@ void ListViewPeer::showItems() {
     item.iImage = imageOf(list_.icons, wanted.icon);
     item.iItem = row;
     item.pszText = text.data();
-    send(LVM_INSERTITEMW, 0, reinterpret_cast<LPARAM>(&item));
-    for (const ui::Text& subItem : wanted.subItems) {
-      std::wstring subText = wideFromText(subItem);
+    send(fresh ? LVM_INSERTITEMW : LVM_SETITEMW, 0, reinterpret_cast<LPARAM>(&item));
+    const std::size_t columns = std::max(list_.columns.size(), wanted.subItems.size() + 1);
+    for (std::size_t i = 0; i + 1 < columns; ++i) {
+      std::wstring subText = i < wanted.subItems.size() ? wideFromText(wanted.subItems[i]) : L"";
       ++item.iSubItem;
       item.pszText = subText.data();
       send(LVM_SETITEMTEXTW, static_cast<WPARAM>(row), reinterpret_cast<LPARAM>(&item));
     }
     ++row;
   }
+  if (!fresh) ListView_SetItemState(window(), -1, 0, LVIS_SELECTED);
   showChecks();
   send(WM_SETREDRAW, TRUE);
   InvalidateRect(window(), nullptr, TRUE);

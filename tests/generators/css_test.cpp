@@ -99,7 +99,6 @@ TEST(Css, RulesOfASheetAreEditedInPlace) {
        "/*\xC0\xC1*/ a { f: \"\xE1\x83\x90\", \xC4\xC5; x: 2 }"},
   };
   for (const Case& one : cases) EXPECT_EQ(after(one.before, true, one.wishes), one.expected) << one.before;
-  
 }
 
 TEST(Css, WhereNoRuleIsANewOneIsMade) {
@@ -172,6 +171,137 @@ TEST(Css, ValuesAndSelectorsThatWouldSpillAreRefused) {
     EXPECT_TRUE(generators::fitsSelector(good));
   for (const char* bad : {"", " ", "/* a */", "a{", "a;b", "[a", "'a"})
     EXPECT_FALSE(generators::fitsSelector(bad));
+}
+
+// What a document becomes; the bytes outside of the place stay by themselves.
+std::string put(const std::string& text, const CssEdit& edit) {
+  return text.substr(0, edit.place().start) + edit.written() + text.substr(edit.place().end);
+}
+
+// Each change of one entry, and that the others are read back as they were.
+void expectOneChange(const std::string& text, const CssPlace& place) {
+  const CssEdit before(text, place);
+  const auto again = [&](const CssEdit& edit) {
+    const std::string changed = put(text, edit);
+    return CssEdit(changed, generators::cssPlace(changed, place.blockStart, 0, true)).entries;
+  };
+  const auto same = [](const generators::CssEntry& a, const generators::CssEntry& b) {
+    return a.name == b.name && a.value == b.value && a.important == b.important;
+  };
+  for (std::size_t i = 0; i < before.entries.size(); ++i) {
+    CssEdit edit(text, place);
+    edit.entries[i].value = "Q(q;)";
+    std::string wanted = edit.text();
+    const std::string block = text.substr(place.blockStart, place.blockEnd - place.blockStart);
+    // The last word of that value in the rule's own text is where it must have gone.
+    const auto declaration = generators::readDeclarations(block, generators::CssSpelling::Sheet)[i];
+    ASSERT_EQ(block.substr(declaration.valueStart, before.entries[i].value.size()), before.entries[i].value);
+    wanted.replace(place.blockStart - place.start + declaration.valueStart, before.entries[i].value.size(),
+                   "Q(q;)");
+    ASSERT_EQ(edit.written(), wanted);
+    edit.entries[i].value.clear();
+    const auto left = again(edit);
+    ASSERT_EQ(left.size() + 1, before.entries.size()) << edit.written();
+    for (std::size_t k = 0; k < left.size(); ++k)
+      ASSERT_TRUE(same(left[k], before.entries[k + (k >= i ? 1 : 0)]));
+  }
+  CssEdit edit(text, place);
+  edit.entries.push_back({"new", "1", true, -1});
+  const auto more = again(edit);
+  ASSERT_EQ(more.size(), before.entries.size() + 1) << edit.written();
+  ASSERT_TRUE(same(more.back(), edit.entries.back()));
+}
+
+TEST(Css, RealSheetsStayWhereverTheCaretIs) {
+  struct Sheet {
+    const char* name;
+    std::size_t rules;  // as another program counts them
+    std::size_t declarations;
+    std::size_t step;  // of the caret
+  };
+  for (const auto& [name, rules, declarations] :
+       {Sheet{"report.css", 86, 147}, Sheet{"slides.css", 78, 154}}) {
+    const std::string text = base::readFile(std::string(ZERVO_SOURCE "/tests/generators/sheets/") + name);
+    std::size_t found = 0;
+    std::size_t entries = 0;
+    std::size_t last = text.size();
+    for (std::size_t caret = 0; caret <= text.size(); caret += step) {
+      const CssPlace place = generators::cssPlace(text, caret, 0, true);
+      ASSERT_NE(place.kind, Kind::Nothing) << name << " at " << caret;
+      const CssEdit edit(text, place);
+      ASSERT_FALSE(edit.changed());
+      if (place.kind != Kind::Rule) continue;
+      ASSERT_EQ(edit.written(), edit.text()) << name << " at " << caret;
+      if (place.start == last) continue;
+      last = place.start;
+      ++found;
+      entries += edit.entries.size();
+      expectOneChange(text, place);
+      if (HasFatalFailure()) return;
+    }
+    EXPECT_EQ(found, rules) << name;
+    EXPECT_EQ(entries, declarations) << name;
+  }
+}
+
+TEST(Css, BrokenTextsLoseNothing) {
+  const std::vector<std::string> parts = {
+      "a",       "{",         "}",       ";",          ":",     " ",    "\r\n",         "\"",     "'",
+      "/*",      "*/",        "(",       ")",          "[",     "]",    "url(",         "\\",     "@media",
+      "@import", "<!--",      "-->",     "!important", "color", "<?",   "?>",           "&quot;", "&#39;",
+      "&",       "<P STYLE=", "<STYLE>", "</STYLE>",   ">",     "\xC0", "\xE1\x83\x90", ",",      "=",
+      "<B>",     "</B>",      "x: 1; ",  "<PRE>",      "</PRE>"};
+  std::mt19937 random(7);
+  int rules = 0;
+  for (int round = 0; round < 6000; ++round) {
+    std::string text;
+    for (std::size_t n = random() % 40; n-- > 0;) text += parts[random() % parts.size()];
+    const bool sheet = round % 2 == 0;
+    for (const auto spelling : {generators::CssSpelling::Sheet, generators::CssSpelling::Attribute}) {
+      std::size_t end = 0;
+      for (const auto& token : generators::scanCss(text, spelling)) {
+        ASSERT_EQ(token.start, end);
+        ASSERT_GT(token.end, end);
+        end = token.end;
+      }
+      ASSERT_EQ(end, text.size());
+    }
+    const CssPlace place =
+        generators::cssPlace(text, random() % (text.size() + 1), random() % 3 == 0 ? random() % 5 : 0, sheet);
+    if (place.kind == Kind::Nothing) continue;
+    ASSERT_LE(place.start, place.end);
+    ASSERT_LE(place.end, text.size());
+    CssEdit edit(text, place);
+    if (place.kind == Kind::Rule || place.kind == Kind::Attribute) {
+      ++rules;
+      ASSERT_EQ(edit.written(), edit.text()) << text;
+    }
+    // Every text between the values is still there, in order.
+    std::string rest = edit.written();
+    for (auto& entry : edit.entries) entry.value = entry.value.empty() ? "" : "Q";
+    edit.entries.push_back({"n", "N", true, -1});
+    const std::string changed = edit.written();
+    ASSERT_LE(edit.caret(), changed.size());
+    std::size_t at = 0;
+    if (place.kind == Kind::Rule && place.closed) {
+      const std::string block = text.substr(place.blockStart, place.blockEnd - place.blockStart);
+      std::size_t done = 0;
+      for (const auto& declaration : generators::readDeclarations(block, generators::CssSpelling::Sheet)) {
+        const std::string between = block.substr(done, declaration.valueStart - done);
+        at = changed.find(between, at);
+        ASSERT_NE(at, std::string::npos) << text << "\n-> " << changed;
+        at += between.size();
+        done = declaration.valueEnd;
+      }
+    }
+  }
+  EXPECT_GT(rules, 300);
+  // Brackets that never close take no longer than others.
+  for (const char* part : {"(", "[", "{", "/*", "url(", "\"", "<P STYLE='", "a{"}) {
+    std::string text;
+    while (text.size() < 200000) text += part;
+    for (const bool sheet : {true, false}) generators::cssPlace(text, text.size() / 2, 0, sheet);
+  }
 }
 
 }  // namespace

@@ -64,7 +64,8 @@ class FakePlatform : public ui::Platform {
   std::string folder;  // the program's
   std::string programFolder() const override { return folder; }
   std::string resource(std::string_view name) const override {
-    return base::readFile(std::string(ZERVO_SOURCE "/resources/custom/") + std::string(name) + ".bin");
+    const std::string file = ZERVO_SOURCE "/resources/custom/" + std::string(name);
+    return base::readFile(file + (base::fileExists(file + ".bin") ? ".bin" : ".txt"));
   }
 
   std::map<std::string, std::string> registry;  // "section\key"

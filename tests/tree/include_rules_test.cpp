@@ -24,7 +24,7 @@ const std::map<std::string, Folders> kMayInclude = {
     {"editor", {"base", "ui", "app", "convert"}},
     {"search", {"base", "ui", "app", "convert"}},
     {"project", {"base", "ui", "app", "convert"}},
-    {"generators", {"base", "ui", "app", "convert"}},
+    {"generators", {"base", "ui", "app", "convert", "editor"}},
     {"recent", {"base", "ui", "app", "convert"}},
     {"desktop", {"base", "ui", "app", "convert"}},
     {"program",
