@@ -219,8 +219,8 @@ TEST(Css, RealSheetsStayWhereverTheCaretIs) {
     std::size_t declarations;
     std::size_t step;  // of the caret
   };
-  for (const auto& [name, rules, declarations] :
-       {Sheet{"report.css", 86, 147}, Sheet{"slides.css", 78, 154}}) {
+  for (const auto& [name, rules, declarations, step] :
+       {Sheet{"report.css", 86, 147, 7}, Sheet{"slides.css", 78, 154, 1}}) {
     const std::string text = base::readFile(std::string(ZERVO_SOURCE "/tests/generators/sheets/") + name);
     std::size_t found = 0;
     std::size_t entries = 0;

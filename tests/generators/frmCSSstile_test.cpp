@@ -144,12 +144,12 @@ TEST_F(StyleDialog, ARuleIsEditedThroughItsFieldsInOneStep) {
     property(form, "margin");
     EXPECT_EQ(form.Tvalue.text(), "0");
     form.Cclear.click();
-    EXPECT_NE(form.Tpreview.text().find("serif; font-size: 12pt !important }"), std::string::npos);
+    EXPECT_NE(form.Tpreview.text().find("serif; font-size: 12pt !important; }"), std::string::npos);
     form.Tselector.userSet("p.a");
     form.COK.click();
   });
   EXPECT_EQ(T1.text(),
-            "p.a { color: red; *zoom: 1; font-family: \"BPG Glaho\", serif; font-size: 12pt !important }\n");
+            "p.a { color: red; *zoom: 1; font-family: \"BPG Glaho\", serif; font-size: 12pt !important; }\n");
   EXPECT_EQ(T1.text().substr(static_cast<std::size_t>(T1.selStart()), 1), "}");
   ASSERT_TRUE(H->runCommand(mnuUndo));
   EXPECT_EQ(T1.text(), before);
