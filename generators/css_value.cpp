@@ -8,6 +8,7 @@
 
 #include "base/text.h"
 #include "generators/css_tokens.h"
+#include "generators/palette.h"
 
 namespace generators {
 namespace {
@@ -60,40 +61,6 @@ std::optional<std::size_t> numberEnd(std::string_view part) {
   return letters ? std::optional(at) : std::nullopt;
 }
 
-struct NamedColor {
-  const char* name;
-  base::Color color;
-};
-constexpr std::array<NamedColor, 17> kColors = {{{"black", base::rgb(0, 0, 0)},
-                                                 {"silver", base::rgb(192, 192, 192)},
-                                                 {"gray", base::rgb(128, 128, 128)},
-                                                 {"white", base::rgb(255, 255, 255)},
-                                                 {"maroon", base::rgb(128, 0, 0)},
-                                                 {"red", base::rgb(255, 0, 0)},
-                                                 {"purple", base::rgb(128, 0, 128)},
-                                                 {"fuchsia", base::rgb(255, 0, 255)},
-                                                 {"green", base::rgb(0, 128, 0)},
-                                                 {"lime", base::rgb(0, 255, 0)},
-                                                 {"olive", base::rgb(128, 128, 0)},
-                                                 {"yellow", base::rgb(255, 255, 0)},
-                                                 {"navy", base::rgb(0, 0, 128)},
-                                                 {"blue", base::rgb(0, 0, 255)},
-                                                 {"teal", base::rgb(0, 128, 128)},
-                                                 {"aqua", base::rgb(0, 255, 255)},
-                                                 {"orange", base::rgb(255, 165, 0)}}};
-
-std::optional<base::Color> hexColor(std::string_view digits) {
-  std::uint32_t number = 0;
-  const char* const end = digits.data() + digits.size();
-  if (std::from_chars(digits.data(), end, number, 16).ptr != end) return std::nullopt;
-  const auto byte = [number](int shift, std::uint32_t mask) {
-    return static_cast<std::uint8_t>((number >> shift & mask) * (mask == 15 ? 17 : 1));
-  };
-  if (digits.size() == 3) return base::rgb(byte(8, 15), byte(4, 15), byte(0, 15));
-  if (digits.size() == 6) return base::rgb(byte(16, 255), byte(8, 255), byte(0, 255));
-  return std::nullopt;
-}
-
 // What stands in the brackets of rgb() and rgba(): numbers to 255, or percents.
 std::optional<base::Color> rgbColor(std::string_view inside) {
   std::array<std::uint8_t, 3> bytes{};
@@ -113,9 +80,9 @@ std::optional<base::Color> rgbColor(std::string_view inside) {
 }
 
 std::optional<base::Color> colorOfPart(std::string_view part) {
-  if (part.starts_with('#')) return hexColor(part.substr(1));
-  for (const NamedColor& named : kColors) {
-    if (base::equalNoCase(part, named.name)) return named.color;
+  if (part.starts_with('#')) return colorFromHtml(part);
+  for (const std::string& name : colorNames()) {
+    if (base::equalNoCase(part, name)) return colorFromHtml(name);
   }
   const std::size_t open = part.find('(');
   if (open == std::string_view::npos || !part.ends_with(')')) return std::nullopt;
@@ -135,6 +102,21 @@ std::string placed(const CssProperty& property, const std::string& value, const 
   }
   const std::size_t last = value.find_last_not_of(" \t");
   return last == std::string::npos ? added : value.substr(0, last + 1) + " " + added;
+}
+
+// Also the names of colours that are not in the palette: every word that the property does not know itself.
+bool looksLikeColor(const CssProperty& property, std::string_view part) {
+  if (part.starts_with('#') || colorOfPart(part)) return true;
+  const std::string_view function = part.substr(0, part.find('('));
+  if (function.size() < part.size()) {
+    return base::equalNoCase(function, "hsl") || base::equalNoCase(function, "hsla");
+  }
+  const bool word = std::all_of(part.begin(), part.end(),
+                                [](char c) { return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z'); });
+  return word && std::none_of(property.choices.begin(), property.choices.end(), [&](const auto& choice) {
+           return std::any_of(choice.begin(), choice.end(),
+                              [&](const std::string& known) { return base::equalNoCase(known, part); });
+         });
 }
 
 bool isUrl(std::string_view part) {
@@ -184,7 +166,12 @@ std::string withUnit(const std::string& value, std::string_view unit) {
 
 std::vector<std::string> colorNames() {
   std::vector<std::string> names;
-  for (const NamedColor& named : kColors) names.emplace_back(named.name);
+  for (const PaletteColor& one : palette()) {
+    if (*one.name != '\0') names.push_back(one.name);
+  }
+  for (std::string& name : names) {
+    for (char& c : name) c = c >= 'A' && c <= 'Z' ? static_cast<char>(c + ('a' - 'A')) : c;
+  }
   return names;
 }
 
@@ -208,7 +195,7 @@ std::string withKeyword(const CssProperty& property, const std::string& value, c
 
 std::string withColor(const CssProperty& property, const std::string& value, const std::string& color) {
   return placed(property, value, color,
-                [](std::string_view part) { return part.starts_with('#') || colorOfPart(part).has_value(); });
+                [&](std::string_view part) { return looksLikeColor(property, part); });
 }
 
 std::string withUrl(const CssProperty& property, const std::string& value, std::string_view address) {

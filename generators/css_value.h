@@ -17,8 +17,8 @@ std::optional<std::string> unitOf(std::string_view value);
 // All numbers with this unit; zero without a unit stays.
 std::string withUnit(const std::string& value, std::string_view unit);
 
-std::vector<std::string> colorNames();
-// Of the first colour: #RGB, #RRGGBB, rgb(...), or one of the seventeen names of CSS 2.1.
+std::vector<std::string> colorNames();  // those of the palette
+// Of the first colour: #RGB, #RRGGBB, rgb(...), or a name of the palette.
 std::optional<base::Color> colorOf(std::string_view value);
 
 // Of a property with several values the new one takes the place of what has the same meaning, or comes last;

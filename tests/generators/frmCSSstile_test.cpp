@@ -58,6 +58,7 @@ TEST(CssValues, AChoiceTakesItsPlaceAmongWhatIsThere) {
   EXPECT_EQ(generators::withKeyword(align, "left", "right"), "right");
   EXPECT_EQ(generators::withColor(border, "1px rgb(1, 2, 3) solid", "#FF00000"), "1px #FF00000 solid");
   EXPECT_EQ(generators::withColor(border, "1px", "#FF00000"), "1px #FF00000");
+  EXPECT_EQ(generators::withColor(border, "thin TOMATO solid", "#ABC"), "thin #ABC solid");
   EXPECT_EQ(generators::withColor(*list.find("color"), "red", "blue"), "blue");
   EXPECT_EQ(generators::withUrl(*list.find("background"), "red URL( a b ) fixed", "c.png"),
             "red url(c.png) fixed");
