@@ -51,7 +51,7 @@ int CssEdit::find(std::string_view name) const {
 }
 
 bool CssEdit::changed() const {
-  if (selector != oldSelector_) return true;
+  if (selectorChanged()) return true;
   for (std::size_t i = 0; i < entries.size(); ++i) {
     if (changed(i)) return true;
   }

@@ -17,6 +17,7 @@ class CssEdit {
 
   const CssPlace& place() const { return place_; }
   bool hasSelector() const;
+  bool selectorChanged() const { return selector != oldSelector_; }
   std::string selector;
   std::vector<CssEntry> entries;  // those that stood there, then new ones
 

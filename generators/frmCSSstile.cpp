@@ -345,7 +345,9 @@ bool frmCSSstile::refused() {
   const auto spills = [this](const std::string& text) {
     return edit_.place().inPage && text.find("</") != std::string::npos;
   };
-  if (edit_.hasSelector() && (!fitsSelector(edit_.selector) || spills(edit_.selector))) {
+  // What stood there may be as odd as it likes.
+  const bool asked = edit_.hasSelector() && (edit_.selectorChanged() || edit_.selector.empty());
+  if (asked && (!fitsSelector(edit_.selector) || spills(edit_.selector))) {
     say(edit_.selector.empty() ? "ჩაწერეთ სელექტორი: რას ეხება წესი."
                                : "სელექტორი არ ვარგა: " + editor::shownBytes(edit_.selector));
     Tselector.setFocus();

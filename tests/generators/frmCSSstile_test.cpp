@@ -195,6 +195,11 @@ TEST_F(StyleDialog, WhatWouldSpillIsRefusedAndWhatStoodThereStays) {
     EXPECT_TRUE(form.closed());
   });
   EXPECT_EQ(T1.text(), "p{color:red !important;}\r\n/**/ b{x:y}}{");
+  build("a } b {| color: red; x: ( }", [](frmCSSstile& form) {
+    form.Tvalue.userSet("blue");
+    form.COK.click();
+  });
+  EXPECT_EQ(T1.text(), "a } b { color: blue; x: ( }");
   T1.setText("<P>x</P>");
   T1.select(6, 0);
   expectBoxWith("დამხურავ ტეგშია", app::kAnswerOk);
