@@ -173,20 +173,6 @@ void FrmH::addOwnCommands() {
        },
        nullptr,
        "დახმარების ფაილი"},
-      {mnuAbout,
-       "mnuAbout",
-       "პროგრამის &შესახებ...",
-       {},
-       [this] {
-         messageBox(platform_,
-                    "Zervo " ZERVO_VERSION
-                    "\r\n\r\nHTML რედაქტორი ქართული ვებ-გვერდების ავტორებისთვის.\r\n\r\n"
-                    "შრიფტები შექმნილია DejaVu შრიფტებიდან (Bitstream Vera-ს ლიცენზია).",
-                    "Zervo");
-       },
-       always,
-       nullptr,
-       "პროგრამის ვერსია"},
   });
   addMenu({kFileMenu,
            {{mnunewF, {}, {}},

@@ -74,6 +74,7 @@ class FrmH : public ui::MainForm, public Workbench {
   ui::CodeView& codeView() override { return T1; }
   ColectionMain& documents() override { return WebProject; }
   std::int16_t shownIndex() const override { return CurrentItemIndex; }
+  std::string shownTitle() override { return titleOf(CurrentItemIndex); }
   PropsRecord& props() override { return Props; }
   void saveProps() override;
   const std::string& documentText(std::int16_t index) override;

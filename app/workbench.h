@@ -25,6 +25,7 @@ class Workbench {
   virtual ColectionMain& documents() = 0;
   // Position of the shown document in the list; -1 when it has no record.
   virtual std::int16_t shownIndex() const = 0;
+  virtual std::string shownTitle() = 0;  // the file's name; empty: never named
   virtual PropsRecord& props() = 0;
   virtual void saveProps() = 0;  // writes them to props.ini; throws base::Error
 

@@ -2,6 +2,8 @@
 
 #include "app/FrmH.h"
 #include "convert/attach.h"
+#include "desktop/about.h"
+#include "desktop/printing.h"
 #include "editor/editor.h"
 #include "generators/generators.h"
 #include "project/project_commands.h"
@@ -14,6 +16,8 @@ struct Program::Parts {
   Parts(ui::Platform& platform, ui::CodeView& codeView) : window(platform, codeView) {
     project::attach(window);
     recent::attach(window);
+    desktop::attachPrinting(window);
+    desktop::attachAbout(window);
   }
 
   app::FrmH window;

@@ -156,6 +156,37 @@
 #define IDC_frmupload_Text2 2135 // ..2139
 #define IDC_frmupload_Command2 2140 // ..2143
 
+// Print preview
+#define IDD_frmprintpreview 2320
+#define IDC_frmprintpreview_Ppage 2321
+#define IDC_frmprintpreview_Cfirst 2322
+#define IDC_frmprintpreview_Cprevious 2323
+#define IDC_frmprintpreview_Lpage 2324
+#define IDC_frmprintpreview_Cnext 2325
+#define IDC_frmprintpreview_Clast 2326
+#define IDC_frmprintpreview_OPwhole 2327
+#define IDC_frmprintpreview_OPwidth 2328
+#define IDC_frmprintpreview_CKnumbers 2329
+#define IDC_frmprintpreview_Csetup 2330
+#define IDC_frmprintpreview_Cprint 2331
+#define IDC_frmprintpreview_CEXIT 2332
+
+// Printing
+#define IDD_frmprint 2340
+#define IDC_frmprint_Lpage 2341
+#define IDC_frmprint_Bar 2342
+#define IDC_frmprint_CEXIT 2343
+
+// About box
+#define IDD_frmabout 2350
+#define IDC_frmabout_Picon 2351
+#define IDC_frmabout_Lname 2352
+#define IDC_frmabout_Lwhat 2353
+#define IDC_frmabout_Llicence 2354
+#define IDC_frmabout_Tlicence 2355
+#define IDC_frmabout_Clink 2356
+#define IDC_frmabout_COK 2357
+
 // Commands: File 40001.., Edit 40101.., conversions 40151.., typing modes 40201.., View 40301.., Help 40401..,
 // find and replace 40501..
 #define mnunewF 40001
@@ -214,6 +245,9 @@
 #define mnuPreviewPane 40302
 #define mnuNextDocument 40303
 #define mnuPreviousDocument 40304
+#define mnuPageSetup 40341
+#define mnuPrintPreview 40342
+#define mnuPrint 40343
 
 // Items of pop-up menus inside dialogs
 #define mnuLE 40901      // web project dialog: remove the selected file

@@ -20,11 +20,11 @@ class Label : public Control {
   bool autosize = false;
 };
 
-// The sign of a message box.
+// The sign of a message box, or the program's own picture.
 class IconBox : public Control {
  public:
   using Control::Control;
-  enum class Sign { None, Information, Question, Warning, Critical };
+  enum class Sign { None, Information, Question, Warning, Critical, Program };
   Sign sign = Sign::None;  // set before the form is shown
 };
 

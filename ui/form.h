@@ -41,6 +41,8 @@ class Form {
 
   // Runs when the window is made, before it is shown.
   virtual void load() {}
+  // The window is on the screen: work that the user watches may begin.
+  virtual void shown() {}
   // The user closes the window (title bar, Alt+F4): false keeps it open.
   virtual bool queryClose() { return true; }
 

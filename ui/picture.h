@@ -48,6 +48,8 @@ struct TextStyle {
   Font font = {};     // empty name: the interface font; size 0: its size
   bool wrap = false;  // over several lines from the top; else one line, in the middle, its end cut with "…"
   bool bytes = false;  // the words are byte text, for one of the code fonts
+  double scale = 1;    // of the font's size
+  double advance = 0;  // the place of every letter, in 1/96 inch (one line, left, not cut); 0: the font's own
 };
 
 class Canvas {

@@ -13,6 +13,7 @@
 #include "ui/form.h"
 #include "ui/ftp.h"
 #include "ui/menu.h"
+#include "ui/printer.h"
 
 namespace ui {
 
@@ -64,6 +65,9 @@ class Platform {
 
   // A connection to FTP servers; none where the platform has no such thing.
   virtual std::unique_ptr<Ftp> makeFtp() { return nullptr; }
+
+  // Printing; null where the platform has no such thing. Owned by the platform.
+  virtual Printer* printer() { return nullptr; }
 
   // The shell. False when it could not be done.
   virtual bool shellOpen(std::string_view path, std::string_view parameters) = 0;

@@ -1,8 +1,15 @@
 #include "platform/win32/button_peers.h"
 
+#include "platform/win32/dpi.h"
 #include "platform/win32/strings.h"
+#include "resources/ids.h"
 
 namespace win32 {
+namespace {
+
+constexpr int kProgramSize = 48;  // of the program's picture, in 1/96 inch
+
+}  // namespace
 
 void CaptionPeer::show(ui::Aspect what) {
   if (what != ui::Aspect::Text) return;
@@ -25,10 +32,20 @@ void IconPeer::prepare() {
     case ui::IconBox::Sign::Critical:
       name = IDI_ERROR;
       break;
+    case ui::IconBox::Sign::Program:
+      showProgram();
+      return;
     case ui::IconBox::Sign::None:
       return;
   }
   send(STM_SETICON, reinterpret_cast<WPARAM>(LoadIconW(nullptr, name)));  // shared: not to be destroyed
+}
+
+void IconPeer::showProgram() {
+  const int size = scaled(kProgramSize, dpiOf(window()));
+  own_.reset(static_cast<HICON>(
+      LoadImageW(GetModuleHandleW(nullptr), MAKEINTRESOURCEW(IDI_Zervo), IMAGE_ICON, size, size, 0)));
+  send(STM_SETICON, reinterpret_cast<WPARAM>(own_.get()));
 }
 
 ButtonPeer::ButtonPeer(ui::Button& model, HWND window) : CaptionPeer(model, window), button_(model) {

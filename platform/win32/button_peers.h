@@ -2,6 +2,7 @@
 #pragma once
 
 #include "platform/win32/control_peer.h"
+#include "platform/win32/handles.h"
 #include "platform/win32/subclass.h"
 #include "ui/controls.h"
 
@@ -30,7 +31,10 @@ class IconPeer final : public ControlPeer {
   void prepare() override;
 
  private:
+  void showProgram();
+
   ui::IconBox& icon_;
+  UniqueIcon own_;
 };
 
 class ProgressPeer final : public ControlPeer {

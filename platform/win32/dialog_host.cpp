@@ -113,6 +113,7 @@ void DialogHost::show() {
     if (peer->wantsFocus()) first = peer->window();
   }
   SendMessageW(window_, WM_NEXTDLGCTL, reinterpret_cast<WPARAM>(first), TRUE);
+  form_.shown();
 }
 
 bool DialogHost::translate(MSG& message) {

@@ -1,7 +1,8 @@
 #include "platform/win32/gdi_canvas.h"
 
 #include <algorithm>
-#include <string>
+#include <cmath>
+#include <vector>
 
 #include "platform/win32/dpi.h"
 #include "platform/win32/fonts.h"
@@ -67,28 +68,45 @@ void GdiCanvas::line(ui::Point from, ui::Point to, base::Color color) {
   LineTo(device_, end.x, end.y);
 }
 
-HFONT GdiCanvas::font(const ui::Font& wanted) {
-  if (!last_ || !(lastWanted_ == wanted)) {
-    last_ = pictureFont(wanted, dpi_);
-    lastWanted_ = wanted;
+HFONT GdiCanvas::font(const ui::TextStyle& style) {
+  const int dpi = std::max(1, static_cast<int>(std::lround(dpi_ * style.scale)));
+  if (!last_ || !(lastWanted_ == style.font) || lastDpi_ != dpi) {
+    last_ = pictureFont(style.font, dpi);
+    lastWanted_ = style.font;
+    lastDpi_ = dpi;
   }
   return last_.get();
 }
 
+// From the sum and not letter by letter, so that no rounding adds up.
+void GdiCanvas::lettersInPlace(const RECT& place, const std::wstring& wide, double advance) {
+  TEXTMETRICW metrics;
+  GetTextMetricsW(device_, &metrics);
+  const auto pixel = [&](std::size_t letters) {
+    return static_cast<int>(std::lround(static_cast<double>(letters) * advance * dpi_ / kBaseDpi));
+  };
+  std::vector<int> widths;
+  for (std::size_t i = 0; i < wide.size(); ++i) widths.push_back(pixel(i + 1) - pixel(i));
+  const LONG top = place.top + (place.bottom - place.top - metrics.tmHeight) / 2;
+  ExtTextOutW(device_, place.left, top, 0, nullptr, wide.c_str(), static_cast<UINT>(wide.size()),
+              widths.data());
+}
+
 void GdiCanvas::text(const ui::Rect& area, const ui::Text& words, base::Color color,
                      const ui::TextStyle& style) {
-  const Chosen chosen(device_, font(style.font));
+  const Chosen chosen(device_, font(style));
   SetTextColor(device_, color);
   UINT how = DT_NOPREFIX | (style.wrap ? DT_WORDBREAK : DT_SINGLELINE | DT_VCENTER | DT_END_ELLIPSIS);
   if (style.align == ui::TextStyle::Align::Center) how |= DT_CENTER;
   if (style.align == ui::TextStyle::Align::Right) how |= DT_RIGHT;
   const std::wstring wide = wideWords(words, style);
   RECT place = pixels(area);
+  if (style.advance > 0) return lettersInPlace(place, wide, style.advance);
   DrawTextW(device_, wide.c_str(), static_cast<int>(wide.size()), &place, how);
 }
 
 ui::Size GdiCanvas::textSize(const ui::Text& words, const ui::TextStyle& style) {
-  const Chosen chosen(device_, font(style.font));
+  const Chosen chosen(device_, font(style));
   const std::wstring wide = wideWords(words, style);
   SIZE size{};
   GetTextExtentPoint32W(device_, wide.c_str(), static_cast<int>(wide.size()), &size);

@@ -1,6 +1,8 @@
 // Draws on any device of GDI: a window's buffer, a printer.
 #pragma once
 
+#include <string>
+
 #include "platform/win32/handles.h"
 #include "ui/picture.h"
 
@@ -25,13 +27,15 @@ class GdiCanvas final : public ui::Canvas {
  private:
   POINT pixels(ui::Point point) const;
   RECT pixels(const ui::Rect& area) const;
-  // The font for the style, chosen into the device while the object lives; the last one is kept ready.
-  HFONT font(const ui::Font& wanted);
+  // The font for the style; the last one is kept ready.
+  HFONT font(const ui::TextStyle& style);
+  void lettersInPlace(const RECT& place, const std::wstring& wide, double advance);
 
   HDC device_;
   int dpi_;
   POINT origin_;
   ui::Font lastWanted_;
+  int lastDpi_ = 0;
   UniqueFont last_;
 };
 

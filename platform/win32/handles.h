@@ -50,6 +50,9 @@ inline void closeCanvas(HDC canvas) {
 inline void closeImages(HIMAGELIST images) {
   ImageList_Destroy(images);
 }
+inline void closeIcon(HICON icon) {
+  DestroyIcon(icon);
+}
 inline void closeWindow(HWND window) {
   DestroyWindow(window);
 }
@@ -69,6 +72,7 @@ inline void closeMenu(HMENU menu) {
 using UniqueBitmap = Unique<HBITMAP, closeObject>;
 using UniqueBrush = Unique<HBRUSH, closeObject>;
 using UniqueCanvas = Unique<HDC, closeCanvas>;
+using UniqueIcon = Unique<HICON, closeIcon>;
 using UniqueImages = Unique<HIMAGELIST, closeImages>;
 using UniqueFont = Unique<HFONT, closeObject>;
 using UniqueHandle = Unique<HANDLE, closeHandle>;

@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "platform/win32/dialog_host.h"
+#include "platform/win32/printer.h"
 #include "ui/platform.h"
 
 namespace win32 {
@@ -29,12 +30,14 @@ class Win32Platform final : public ui::Platform {
   void pumpEvents() override;
   bool stopRequested() override;
   std::unique_ptr<ui::Ftp> makeFtp() override;
+  ui::Printer* printer() override { return &printer_; }
   bool shellOpen(std::string_view path, std::string_view parameters) override;
   bool startProcess(std::string_view commandLine) override;
   void showHelpFile(std::string_view path, std::string_view topic) override;
 
  private:
   std::vector<std::unique_ptr<DialogHost>> modeless_;
+  SystemPrinter printer_;
 };
 
 }  // namespace win32

@@ -26,6 +26,7 @@ class FakePlatform : public ui::Platform {
     modal.pop_front();
     form.open(nullptr);
     form.load();
+    form.shown();
     act(form);
     form.close();
   }
@@ -63,7 +64,9 @@ class FakePlatform : public ui::Platform {
 
   std::string folder;  // the program's
   std::string programFolder() const override { return folder; }
+  std::map<std::string, std::string, std::less<>> resources;  // besides those of resources/custom
   std::string resource(std::string_view name) const override {
+    if (const auto at = resources.find(name); at != resources.end()) return at->second;
     const std::string file = ZERVO_SOURCE "/resources/custom/" + std::string(name);
     return base::readFile(file + (base::fileExists(file + ".bin") ? ".bin" : ".txt"));
   }
@@ -84,10 +87,17 @@ class FakePlatform : public ui::Platform {
   std::vector<bool> hourglass;  // every call
   void setHourglass(bool on) override { hourglass.push_back(on); }
   int pumped = 0;
-  void pumpEvents() override { ++pumped; }
+  std::function<void()> whilePumping;  // what the user does meanwhile
+  void pumpEvents() override {
+    ++pumped;
+    if (whilePumping) whilePumping();
+  }
 
   bool stop = false;
   bool stopRequested() override { return stop; }
+
+  ui::Printer* device = nullptr;
+  ui::Printer* printer() override { return device; }
 
   std::vector<std::string> opened, started, helped;
   bool shellOpen(std::string_view path, std::string_view parameters) override {

@@ -1,0 +1,21 @@
+#include "desktop/about.h"
+
+#include "desktop/frmabout.h"
+
+namespace desktop {
+
+void attachAbout(app::Workbench& bench) {
+  bench.addCommands({{mnuAbout,
+                      "mnuAbout",
+                      "პროგრამის &შესახებ...",
+                      {},
+                      [&bench] {
+                        frmabout form(bench.platform());
+                        bench.platform().showModal(form);
+                      },
+                      nullptr,
+                      nullptr,
+                      "პროგრამის ვერსია და შრიფტების ლიცენზია"}});
+}
+
+}  // namespace desktop

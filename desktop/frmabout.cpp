@@ -1,0 +1,34 @@
+#include "desktop/frmabout.h"
+
+#include "app/mdlsaerto.h"
+#include "base/text.h"
+
+namespace desktop {
+namespace {
+
+// The program has no site of its own.
+constexpr const char* kLink = "https://dejavu-fonts.github.io/";
+
+}  // namespace
+
+frmabout::frmabout(ui::Platform& platform) : Form("frmabout", IDD_frmabout) {
+  setCaption("პროგრამის შესახებ");
+  Picon.sign = ui::IconBox::Sign::Program;
+  Lname.setCaption("Zervo " ZERVO_VERSION);
+  Lwhat.setCaption(
+      "HTML რედაქტორი ქართული ვებ-გვერდების ავტორებისთვის. გარდაქმნის ძველი შრიფტებით და ლათინური ასოებით "
+      "აკრეფილ "
+      "ქართულ ტექსტს UTF-8-ად და უკან.");
+  Llicence.setCaption("შრიფტები შექმნილია DejaVu შრიფტებიდან. მათი &ლიცენზია:");
+  Tlicence.setText(base::replaceAll(platform.resource("FONT_LICENCE"), "\n", "\r\n"));
+  Clink.setCaption("&DejaVu ინტერნეტში");
+  Clink.hint = kLink;
+  COK.setCaption("&OK");
+  defaultButton = &COK;
+  cancelButton = &COK;
+  Clink.clicked.connect(
+      [&platform] { app::guarded(platform, [&platform] { app::OpenWithVerb(platform, kLink); }); });
+  COK.clicked.connect([this] { close(); });
+}
+
+}  // namespace desktop

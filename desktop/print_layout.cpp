@@ -1,0 +1,82 @@
+#include "desktop/print_layout.h"
+
+#include <algorithm>
+
+namespace desktop {
+namespace {
+
+int room(const PrintGrid& grid, bool continued) {
+  return grid.columns - (continued ? kContinuedIndent : 0);
+}
+
+// Columns of a byte at `column`; a tab ends with its row at the latest.
+int widthOf(char byte, int column, int room) {
+  if (byte != '\t') return 1;
+  return std::min(kPrintTab - column % kPrintTab, room - column);
+}
+
+// Calls `line(begin, end)` for each line.
+template <class Line>
+void forEachLine(std::string_view text, Line line) {
+  for (std::size_t begin = 0; begin < text.size();) {
+    const std::size_t end = std::min(text.find_first_of("\r\n", begin), text.size());
+    line(begin, end);
+    begin = end + 1;
+    if (begin < text.size() && text[end] == '\r' && text[begin] == '\n') ++begin;
+  }
+}
+
+}  // namespace
+
+PrintLayout::PrintLayout(std::string_view text, PrintGrid grid) : grid_(grid) {
+  std::size_t number = 0;
+  forEachLine(text, [&](std::size_t begin, std::size_t end) { addLine(text, begin, end, number++); });
+}
+
+void PrintLayout::addLine(std::string_view text, std::size_t begin, std::size_t end, std::size_t line) {
+  PrintRow row{begin, begin, line, false};
+  int column = 0;
+  for (; row.end < end; ++row.end) {
+    if (column == room(grid_, row.continued)) {
+      rows_.push_back(row);
+      row = {row.end, row.end, line, true};
+      column = 0;
+    }
+    column += widthOf(text[row.end], column, room(grid_, row.continued));
+  }
+  rows_.push_back(row);
+}
+
+int PrintLayout::pages() const {
+  const auto rows = static_cast<int>(rows_.size());
+  return std::max(1, (rows + grid_.rows - 1) / grid_.rows);
+}
+
+std::span<const PrintRow> PrintLayout::page(int at) const {
+  const std::size_t begin = static_cast<std::size_t>(at) * static_cast<std::size_t>(grid_.rows);
+  if (at < 0 || begin >= rows_.size()) return {};
+  return std::span(rows_).subspan(begin,
+                                  std::min(rows_.size() - begin, static_cast<std::size_t>(grid_.rows)));
+}
+
+std::size_t printedLines(std::string_view text) {
+  std::size_t lines = 0;
+  forEachLine(text, [&](std::size_t, std::size_t) { ++lines; });
+  return lines;
+}
+
+std::string rowText(std::string_view text, const PrintRow& row, const PrintGrid& grid) {
+  std::string shown;
+  for (const char byte : text.substr(row.begin, row.end - row.begin)) {
+    const auto code = static_cast<unsigned char>(byte);
+    if (byte == '\t') {
+      const int column = static_cast<int>(shown.size());
+      shown.append(static_cast<std::size_t>(widthOf(byte, column, room(grid, row.continued))), ' ');
+    } else {
+      shown += code < ' ' || code == 0x7F ? '\0' : byte;
+    }
+  }
+  return shown;
+}
+
+}  // namespace desktop

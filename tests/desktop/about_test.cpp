@@ -1,0 +1,33 @@
+// The about box.
+#include "desktop/about.h"
+
+#include "desktop/frmabout.h"
+#include "tests/support/main_window.h"
+
+namespace {
+
+class About : public tests::MainWindowTest {};
+
+TEST_F(About, ShowsVersionAndLicenceAndOpensTheLink) {
+  desktop::attachAbout(*H);
+  start();
+  platform.resources["FONT_LICENCE"] = base::readFile(ZERVO_SOURCE "/resources/fonts/LICENSE-DejaVu.txt");
+  platform.modal.push_back([this](ui::Form& form) {
+    auto& box = dynamic_cast<desktop::frmabout&>(form);
+    EXPECT_EQ(box.Lname.caption(), ui::Text("Zervo " ZERVO_VERSION));
+    EXPECT_NE(box.Tlicence.text().find("Zervo RUS are made from DejaVu"), std::string::npos);
+    EXPECT_NE(box.Tlicence.text().find("free of charge, to any person obtaining a copy\r\nof the fonts"),
+              std::string::npos);
+    box.Clink.click();
+    EXPECT_EQ(platform.opened, std::vector<std::string>{"https://dejavu-fonts.github.io/ 1"});
+    EXPECT_FALSE(box.closed());
+    box.COK.click();
+    EXPECT_TRUE(box.closed());
+  });
+  ASSERT_TRUE(H->runCommand(mnuAbout));
+  // Below the help file's line, where users look for it.
+  const ui::MenuItem& help = H->menus.back();
+  EXPECT_EQ(help.items.back().command, mnuAbout);
+}
+
+}  // namespace
