@@ -99,7 +99,7 @@ void frmCSSstile::setTexts() {
   Lpreview.setCaption("&რა ჩაიწერება:");
   COK.setCaption("&OK");
   CEXIT.setCaption("&გაუქმება");
-  LV.columns = {{"თვისება", 98}, {"CSS", 86}, {"მნიშვნელობა", 104}};
+  LV.columns = {{"თვისება", 96}, {"CSS", 84}, {"მნიშვნელობა", 102}};
   List1.hint = "თვისებათა ჯგუფები";
   LV.hint = "თვისებები";
   Tselector.hint = "რას ეხება წესი, მაგალითად: P.note";
@@ -254,7 +254,12 @@ void frmCSSstile::showChoices() {
 }
 
 void frmCSSstile::showPreview() {
-  Tpreview.setText(withCrLf(edit_.changed() ? edit_.written() : edit_.text()));
+  const std::string before = Tpreview.text();
+  const std::string now = withCrLf(edit_.changed() ? edit_.written() : edit_.text());
+  if (now == before) return;
+  Tpreview.setText(now);
+  // What has just changed comes into view.
+  if (!before.empty()) Tpreview.select(static_cast<int>(base::commonPrefix(before, now)), 0);
 }
 
 void frmCSSstile::Tvalue_Change() {
