@@ -9,6 +9,19 @@
 #include "base/path.h"
 
 namespace app {
+namespace {
+
+// Rows may have been left out: no separator stands first, last or beside another.
+void tidySeparators(std::vector<ui::MenuItem>& items) {
+  const auto both = [](const ui::MenuItem& a, const ui::MenuItem& b) {
+    return a.separator() && b.separator();
+  };
+  items.erase(std::unique(items.begin(), items.end(), both), items.end());
+  if (!items.empty() && items.front().separator()) items.erase(items.begin());
+  if (!items.empty() && items.back().separator()) items.pop_back();
+}
+
+}  // namespace
 
 FrmH::FrmH(ui::Platform& platform, ui::CodeView& codeView)
     : MainForm("FrmH", IDD_FrmH, codeView), platform_(platform) {
@@ -39,33 +52,33 @@ void FrmH::addOwnCommands() {
   const auto onDocument = [this](const CommandState&) { return selectedDocument() >= 0; };
   const auto several = [](const CommandState& state) { return state.documents > 1; };
   addCommands({
-      {mnunewF, "mnunewF", "&ახალი გვერდი", ui::ctrl('N'), [this] { mnunewF_Click(".HTML", "<HTML>"); },
+      {mnunewF, "mnunewF", "|1|&ახალი გვერდი", ui::ctrl('N'), [this] { mnunewF_Click(".HTML", "<HTML>"); },
        always, nullptr, "ახალი HTML დოკუმენტი"},
-      {mnunewT, "mnunewT", "ახალი &ტექსტი", ui::ctrlShift('N'), [this] { mnunewF_Click(".TXT", ""); }, always,
-       nullptr, "ახალი ტექსტური დოკუმენტი"},
-      {mnuOpen, "mnuOpen", "&გახსნა...", ui::ctrl('O'), [this] { mnuOpen_Click(); }, always, nullptr,
+      {mnunewT, "mnunewT", "|2|ახალი &ტექსტი", ui::ctrlShift('N'), [this] { mnunewF_Click(".TXT", ""); },
+       always, nullptr, "ახალი ტექსტური დოკუმენტი"},
+      {mnuOpen, "mnuOpen", "|3|&გახსნა...", ui::ctrl('O'), [this] { mnuOpen_Click(); }, always, nullptr,
        "ფაილის ან პროექტის გახსნა"},
-      {mnuSave, "mnuSave", "&შენახვა", ui::ctrl('S'), [this] { SaveDocument("", -1); }, always, nullptr,
+      {mnuSave, "mnuSave", "|4|&შენახვა", ui::ctrl('S'), [this] { SaveDocument("", -1); }, always, nullptr,
        "დოკუმენტის შენახვა"},
-      {mnuSaveas, "mnuSaveas", "შენახვა &როგორც...", ui::ctrlShift('S'), [this] { mnuSaveas_Click(); },
+      {mnuSaveas, "mnuSaveas", "|21|შენახვა &როგორც...", ui::ctrlShift('S'), [this] { mnuSaveas_Click(); },
        always, nullptr, "დოკუმენტის შენახვა სხვა სახელით"},
-      {mnuSaveWEB, "mnuSaveWEB", "&პროექტის შენახვა", ui::ctrlShift('P'), [this] { SaveProject(true); },
+      {mnuSaveWEB, "mnuSaveWEB", "|30|&პროექტის შენახვა", ui::ctrlShift('P'), [this] { SaveProject(true); },
        [](const CommandState& state) { return state.webOpened || state.documents > 0; }, nullptr,
        "პროექტის ყველა დოკუმენტის და პროექტის ფაილის შენახვა"},
       {mnuCloseWEB,
        "mnuCloseWEB",
-       "პროექტის &დახურვა",
+       "|31|პროექტის &დახურვა",
        {},
        [this] { mnuCloseWEB_Click(); },
        [](const CommandState& state) { return state.webOpened; },
        nullptr,
        "პროექტის დახურვა"},
-      {mnuClose, "mnuClose", "დოკუმენტის და&ხურვა", ui::ctrl('W'), [this] { mnuClose_Click(); },
+      {mnuClose, "mnuClose", "|32|დოკუმენტის და&ხურვა", ui::ctrl('W'), [this] { mnuClose_Click(); },
        // A project's document leaves the list only together with its project.
        [](const CommandState& state) { return !state.inProject; }, nullptr, "დოკუმენტის დახურვა"},
       {mnunewwind,
        "mnunewwind",
-       "ახალი ფან&ჯარა",
+       "|33|ახალი ფან&ჯარა",
        {},
        [this] {
          platform_.startProcess("\"" + base::joinPath(platform_.programFolder(), "Zervo.exe") + "\" NOMAX");
@@ -75,7 +88,7 @@ void FrmH::addOwnCommands() {
        "პროგრამის მეორე ფანჯარა"},
       {mnuExit,
        "mnuExit",
-       "გა&სვლა",
+       "|34|გა&სვლა",
        {},
        [this] {
          if (queryClose()) close();
@@ -86,7 +99,7 @@ void FrmH::addOwnCommands() {
 
       {mnuwebAdd,
        "mnuwebAdd",
-       "ფაილების &ჩამატება...",
+       "|35|ფაილების &ჩამატება...",
        {},
        [this] { mnuwebAdd_Click(); },
        always,
@@ -94,7 +107,7 @@ void FrmH::addOwnCommands() {
        "ფაილების ჩამატება სიაში და პროექტში"},
       {mnuwebRemove,
        "mnuwebRemove",
-       "სიიდან &ამოშლა",
+       "|37|სიიდან &ამოშლა",
        {},
        [this] { mnuwebRemove_Click(); },
        onDocument,
@@ -102,41 +115,41 @@ void FrmH::addOwnCommands() {
        "დოკუმენტის ამოშლა სიიდან და პროექტიდან; ფაილი დისკზე რჩება"},
       {mnuwebRename,
        "mnuwebRename",
-       "სახელის &შეცვლა...",
+       "|36|სახელის &შეცვლა...",
        {},
        [this] { mnuwebRename_Click(); },
        onDocument,
        nullptr,
        "დოკუმენტის ფაილის სახელის შეცვლა"},
 
-      {mnuUndo, "mnuUndo", "&გაუქმება", ui::ctrl('Z'), [this] { T1.undo(); },
+      {mnuUndo, "mnuUndo", "|12|&გაუქმება", ui::ctrl('Z'), [this] { T1.undo(); },
        [](const CommandState& state) { return state.canUndo; }, nullptr, "ბოლო ცვლილების გაუქმება"},
       // Ctrl+Y types a no-break space.
-      {mnuRedo, "mnuRedo", "გა&მეორება", ui::ctrlShift('Z'), [this] { T1.redo(); },
+      {mnuRedo, "mnuRedo", "|13|გა&მეორება", ui::ctrlShift('Z'), [this] { T1.redo(); },
        [](const CommandState& state) { return state.canRedo; }, nullptr, "გაუქმებულის დაბრუნება"},
-      {mnuCut, "mnuCut", "ა&მოჭრა", ui::ctrl('X'),
+      {mnuCut, "mnuCut", "|6|ამო&ჭრა", ui::ctrl('X'),
        [this] {
          platform_.setClipboard(T1.selText());
          T1.replaceSelection("");
        },
        selection, nullptr, "მონიშნულის გადატანა ბუფერში"},
-      {mnuPaste, "mnuPaste", "&ჩასმა", ui::ctrl('V'), [this] { T1.paste(); },
+      {mnuPaste, "mnuPaste", "|7|&ჩასმა", ui::ctrl('V'), [this] { T1.paste(); },
        [](const CommandState& state) { return state.canPaste; }, nullptr, "ბუფერის ტექსტის ჩასმა"},
       {mnuDelete,
        "mnuDelete",
-       "&წაშლა",
+       "|9|&წაშლა",
        {},
        [this] { T1.replaceSelection(""); },
        selection,
        nullptr,
        "მონიშნულის წაშლა"},
-      {mnuSelectAll, "mnuSelectAll", "ყველას მო&ნიშვნა", ui::ctrl('A'),
+      {mnuSelectAll, "mnuSelectAll", "|18|ყველას მო&ნიშვნა", ui::ctrl('A'),
        [this] { T1.select(0, static_cast<int>(T1.text().size())); },
        [](const CommandState& state) { return state.hasText; }, nullptr, "მთელი ტექსტის მონიშვნა"},
 
       {mnuWordWrap,
        "mnuWordWrap",
-       "სტრიქონების &გადატანა",
+       "|45|სტრიქონების &გადატანა",
        {},
        [this] {
          Props.WordWrap = !Props.WordWrap;
@@ -148,7 +161,7 @@ void FrmH::addOwnCommands() {
        "გრძელი სტრიქონების გადატანა ფანჯრის სიგანეზე"},
       {mnuNextDocument,
        "mnuNextDocument",
-       "&შემდეგი დოკუმენტი",
+       "|47|&შემდეგი დოკუმენტი",
        {ui::kKeyTab, true, false, false},
        [this] { step(1); },
        several,
@@ -156,7 +169,7 @@ void FrmH::addOwnCommands() {
        "სიის შემდეგი დოკუმენტი"},
       {mnuPreviousDocument,
        "mnuPreviousDocument",
-       "&წინა დოკუმენტი",
+       "|48|&წინა დოკუმენტი",
        {ui::kKeyTab, true, true, false},
        [this] { step(-1); },
        several,
@@ -165,7 +178,7 @@ void FrmH::addOwnCommands() {
 
       {mnuHelp,
        "mnuHelp",
-       "&დახმარება",
+       "|54|&დახმარება",
        {ui::kKeyF1, false, false, false},
        [this] { ShowHelp(platform_, ""); },
        [this](const CommandState&) {
@@ -259,19 +272,14 @@ void FrmH::buildMenus() {
       }
       ui::MenuItem submenu;
       submenu.caption = line.submenu;
+      submenu.help = line.help;
       for (const int id : line.lines) {
         if (auto made = item(id)) submenu.items.push_back(std::move(*made));
       }
+      tidySeparators(submenu.items);
       top.items.push_back(std::move(submenu));
     }
-    // Rows may have been left out: no separator stands first, last or beside another.
-    auto& items = top.items;
-    const auto both = [](const ui::MenuItem& a, const ui::MenuItem& b) {
-      return a.separator() && b.separator();
-    };
-    items.erase(std::unique(items.begin(), items.end(), both), items.end());
-    if (!items.empty() && items.front().separator()) items.erase(items.begin());
-    if (!items.empty() && items.back().separator()) items.pop_back();
+    tidySeparators(top.items);
     menus.push_back(std::move(top));
   }
   menuOpening();
@@ -327,9 +335,13 @@ bool FrmH::commandChecked(int id) {
   return row != commands_.end() && row->second.checked && row->second.checked();
 }
 
-void FrmH::menuHighlighted(int id) {
-  const auto row = commands_.find(id);
-  setPanel("kMain", row == commands_.end() ? ui::Text() : row->second.help);
+void FrmH::setPanel(std::string_view key, ui::Text text) {
+  if (key == "kMain") mainText_ = text;
+  Status.setPanel(key, std::move(text));
+}
+
+void FrmH::menuHighlighted(const ui::Text& help) {
+  Status.setPanel("kMain", help.empty() ? mainText_ : help);
 }
 
 void FrmH::filesDropped(const std::vector<std::string>& paths) {

@@ -86,12 +86,12 @@ class FrmH : public ui::MainForm, public Workbench {
   void menuTextsChanged() override;
   bool runCommand(int id) override;
   bool commandChecked(int id) override;
-  void setPanel(std::string_view key, ui::Text text) override { Status.setPanel(key, std::move(text)); }
+  void setPanel(std::string_view key, ui::Text text) override;
 
   // MainForm
   void menuOpening() override;
   void command(int id) override { runCommand(id); }
-  void menuHighlighted(int id) override;
+  void menuHighlighted(const ui::Text& help) override;
   void filesDropped(const std::vector<std::string>& paths) override;
   void idle() override { Workbench::idle(); }
 
@@ -139,6 +139,7 @@ class FrmH : public ui::MainForm, public Workbench {
   std::map<int, Command> commands_;
   std::vector<MenuPlan> menuPlans_;
   std::string commandLine_;
+  ui::Text mainText_;  // of the panel "kMain", which shows the help of a menu item in between
   // While a long command lets window events run, no other command may begin.
   class BusyBlock {
    public:

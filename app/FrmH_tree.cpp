@@ -21,6 +21,7 @@ void FrmH::TV_ContextMenu() {
     ui::MenuItem item;
     item.command = id;
     item.caption = commands_.at(id).caption;
+    item.help = commands_.at(id).help;
     items.push_back(std::move(item));
   }
   refreshItems(items, commandState());

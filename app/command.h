@@ -44,6 +44,7 @@ struct MenuPlan {
     int command = 0;
     ui::Text submenu;  // caption of a submenu, then `lines` are its rows
     std::vector<int> lines;
+    ui::Text help = {};  // of the submenu; a command has its own
   };
   ui::Text caption;
   std::vector<Line> lines;

@@ -94,7 +94,8 @@ bool needsSelection(Takes takes) {
 void addConversionCommands(app::Workbench& bench, const Conversions& conversions) {
   std::vector<app::Command> commands;
   app::MenuPlan plan{app::kEditMenu, {}};
-  app::MenuPlan::Line submenu{0, "ÊÏÍÅÄÒÔÉÒÄÁÉÓ ×ÖÍØÝÉÄÁÉ"_legacy, {}};
+  app::MenuPlan::Line submenu{
+      0, "ÊÏÍÅÄÒÔÉÒÄÁÉÓ ×ÖÍØÝÉÄÁÉ"_legacy, {}, "მთელი ტექსტის გადაყვანა კოდებსა და ბაიტებს შორის"};
   for (const Row& row : rows()) {
     const auto convert = [&conversions, by = row.by](std::string_view text) {
       return by == nullptr ? std::string(text) : (conversions.*by)(text);

@@ -106,7 +106,7 @@ Typing::Typing(app::Workbench& bench, const LetterTables& tables) : bench_(bench
     commands.push_back(std::move(command));
     plan.lines.push_back({row.id, {}, {}});
   }
-  app::Command letters{mnurusaso, "mnurusaso", "ÒÖÓÖËÉ ÀÓÏÄÁÉ"_legacy, {}, [this] {
+  app::Command letters{mnurusaso, "mnurusaso", "|86|ÒÖÓÖËÉ ÀÓÏÄÁÉ"_legacy, {}, [this] {
                          frmrusaso form;
                          bench_.platform().showModal(form);
                        }};

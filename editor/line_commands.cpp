@@ -30,13 +30,13 @@ LineCommands::LineCommands(app::Workbench& bench) : bench_(bench), replace_(benc
     row.run = std::move(run);
     rows.push_back(std::move(row));
   };
-  add(mnulinesnaid, "mnulinesnaid", "სტრიქონების &დაყოფა...", "გამყოფი ყოველი რამდენიმე სტრიქონის შემდეგ",
+  add(mnulinesnaid, "mnulinesnaid", "|81|სტრიქონების &დაყოფა...", "გამყოფი ყოველი რამდენიმე სტრიქონის შემდეგ",
       hasText, [this] { mnulinesnaid_Click(); });
-  add(mnulinelength, "mnulinelength", "სტრიქონის სი&გრძე...", "სტრიქონების გადანაწილება სიგრძის მიხედვით",
+  add(mnulinelength, "mnulinelength", "|82|სტრიქონის სი&გრძე...", "სტრიქონების გადანაწილება სიგრძის მიხედვით",
       hasText, [this] { mnulinelength_Click(); });
-  add(mnuparindent, "mnuparindent", "აბზაცის და&წევა...", "შუალედები აბზაცის დასაწყისში", hasText,
+  add(mnuparindent, "mnuparindent", "|83|აბზაცის და&წევა...", "შუალედები აბზაცის დასაწყისში", hasText,
       [this] { mnuparindent_Click(); });
-  add(mnuparzuch, "mnuparzuch", "შეცვლა &სიით...", "რამდენიმე ტექსტის ერთდროული შეცვლა", nullptr,
+  add(mnuparzuch, "mnuparzuch", "|84|შეცვლა &სიით...", "რამდენიმე ტექსტის ერთდროული შეცვლა", nullptr,
       [this] { replace_.show(); });
   bench.addCommands(std::move(rows));
   bench.addMenu({app::kLinesMenu,

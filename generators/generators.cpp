@@ -18,7 +18,7 @@ Generators::Generators(app::Workbench& bench) : bench_(bench), tableAndColor_(be
   loadKept();
   std::vector<app::Command> rows = {{mnutempformat,
                                      "mnutempformat",
-                                     "&ფორმატების სია...",
+                                     "|85|&ფორმატების სია...",
                                      {},
                                      [this] { mnutempformat_Click(); },
                                      nullptr,
@@ -32,7 +32,7 @@ Generators::Generators(app::Workbench& bench) : bench_(bench), tableAndColor_(be
                   nullptr,
                   nullptr,
                   "გვერდები ფრეიმებით: განლაგება, თვისებები, ახალი დოკუმენტები"});
-  app::MenuPlan::Line submenu{0, "&ფორმატები", {mnutempformat, 0}};
+  app::MenuPlan::Line submenu{0, "|85|&ფორმატები", {mnutempformat, 0}, "მონიშნულის ჩასმა საკუთარ ფორმატში"};
   for (int id = mnuTFlist; id <= mnuTFlistLast; ++id) {
     const auto number = static_cast<std::size_t>(id - mnuTFlist);
     app::Command row{id, "mnuTFlist", "", {}, [this, number] { applyTemplate(number); }};
@@ -41,6 +41,7 @@ Generators::Generators(app::Workbench& bench) : bench_(bench), tableAndColor_(be
       const std::string name = base::nameFromStored(templates_[number].name);
       return base::replaceAll(name.empty() ? " " : name, "&", "&&");
     };
+    row.help = "ფორმატის დასაწყისი და დასასრული მონიშნულის ორივე მხარეს";
     rows.push_back(std::move(row));
     submenu.lines.push_back(id);
   }

@@ -11,13 +11,13 @@ TableColorCommands::TableColorCommands(app::Workbench& bench) : bench_(bench) {
   std::vector<app::Command> rows = {
       {mnuTable,
        "mnuTable",
-       "&ცხრილი...",
+       "|57|&ცხრილი...",
        {},
        [this] { mnuTable_Click(); },
        nullptr,
        nullptr,
        "ახალი ცხრილი: ბადეზე არჩეული სვეტები და სტრიქონები"},
-      {mnuTabColor, "mnuTabColor", "ფერის &კოდი...", ui::ctrlShift('K'), [this] { mnuTabColor_Click(); },
+      {mnuTabColor, "mnuTabColor", "|56|ფერის კო&დი...", ui::ctrlShift('K'), [this] { mnuTabColor_Click(); },
        nullptr, nullptr, "ფერი ატრიბუტად, კოდად ან FONT ტეგად"}};
   bench.addCommands(std::move(rows));
   bench.addMenu({app::kTagsMenu, {{0, {}, {}}, {mnuTable, {}, {}}, {mnuTabColor, {}, {}}}});

@@ -24,7 +24,7 @@ void attach(app::Workbench& bench) {
   const auto uploading = std::make_shared<std::unique_ptr<Uploading>>();
   bench.addCommands({{mnuupload,
                       "mnuupload",
-                      "გა&დატანა სერვერზე (FTP)...",
+                      "|38|გადატა&ნა სერვერზე (FTP)...",
                       {},
                       [&bench, uploading] {
                         if (!*uploading) *uploading = std::make_unique<Uploading>(bench);
@@ -35,7 +35,7 @@ void attach(app::Workbench& bench) {
                       "ფაილების გადატანა FTP სერვერზე"}});
   bench.addCommands({{mnunewWEB,
                       "mnunewWEB",
-                      "ახალი პროე&ქტი...",
+                      "|29|ახალი პროე&ქტი...",
                       {},
                       [&bench] {
                         frmWEB form(bench);

@@ -41,7 +41,7 @@ void attach(app::Workbench& bench) {
 
   std::vector<app::Command> rows = {{mnurecentfile,
                                      "mnurecentfile",
-                                     "&ბოლო ფაილები...",
+                                     "|39|&ბოლო ფაილები...",
                                      {},
                                      show,
                                      nullptr,
@@ -55,6 +55,7 @@ void attach(app::Workbench& bench) {
       if (path.empty()) return "";
       return "&" + std::to_string(i + 1) + " " + base::replaceAll(path, "&", "&&");
     };
+    row.help = "ბოლოს გახსნილი ფაილის გახსნა";
     rows.push_back(std::move(row));
     plan.lines.push_back({mnurecent1 + i, {}, {}});
   }

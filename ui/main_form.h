@@ -43,8 +43,9 @@ class MainForm : public Form {
   std::vector<ToolBarButton> toolBar;
   // A menu item, shortcut or posted command; ignored when it is unknown or disabled.
   virtual void command(int id) = 0;
-  // Menu item under the pointer changed; 0: none.
-  virtual void menuHighlighted(int id) = 0;
+  // The menu item under the pointer or the keyboard's mark changed: its help. Empty: none, or no menu any
+  // more.
+  virtual void menuHighlighted(const Text& help) = 0;
   virtual void filesDropped(const std::vector<std::string>& paths) = 0;
   // No event is waiting: time for what need not happen on every keystroke.
   virtual void idle() = 0;

@@ -181,6 +181,10 @@ INT_PTR DialogHost::handle(UINT message, WPARAM wParam, LPARAM lParam) {
     case WM_MEASUREITEM:
     case WM_DRAWITEM:
       return drawsMenu(window_, message, lParam) ? TRUE : FALSE;
+    case WM_MENUCHAR:
+      SetWindowLongPtrW(window_, DWLP_MSGRESULT,
+                        menuCharacter(reinterpret_cast<HMENU>(lParam), static_cast<wchar_t>(LOWORD(wParam))));
+      return TRUE;
     case kLayoutMessage:
       if (ready_) {
         layout_->arrange();

@@ -2,6 +2,7 @@
 
 #include <set>
 
+#include "platform/win32/dpi.h"
 #include "platform/win32/strings.h"
 #include "resources/ids.h"
 
@@ -15,6 +16,20 @@ UniqueFont makeFont(const std::wstring& name, int points, int dpi, bool bold, bo
   return UniqueFont(CreateFontW(-MulDiv(points, dpi, 72), 0, 0, 0, bold ? FW_BOLD : FW_NORMAL, italic ? 1 : 0,
                                 0, 0, static_cast<DWORD>(characterSet), OUT_DEFAULT_PRECIS,
                                 CLIP_DEFAULT_PRECIS, CLEARTYPE_QUALITY, DEFAULT_PITCH, name.c_str()));
+}
+
+NONCLIENTMETRICSW menuMetrics(int dpi) {
+  NONCLIENTMETRICSW metrics{};
+  metrics.cbSize = sizeof metrics;
+  // Windows before 10 does not have it, and no screens of different density.
+  using GetForDpi = BOOL(WINAPI*)(UINT, UINT, void*, UINT, UINT);
+  static const auto getForDpi = reinterpret_cast<GetForDpi>(
+      reinterpret_cast<void*>(GetProcAddress(GetModuleHandleW(L"user32.dll"), "SystemParametersInfoForDpi")));
+  if (getForDpi == nullptr ||
+      getForDpi(SPI_GETNONCLIENTMETRICS, sizeof metrics, &metrics, 0, static_cast<UINT>(dpi)) == FALSE) {
+    SystemParametersInfoW(SPI_GETNONCLIENTMETRICS, sizeof metrics, &metrics, 0);
+  }
+  return metrics;
 }
 
 int CALLBACK collectFont(const LOGFONTW* font, const TEXTMETRICW*, DWORD, LPARAM names) {
@@ -44,6 +59,25 @@ BundledFonts::~BundledFonts() {
 
 UniqueFont interfaceFont(int dpi) {
   return makeFont(kInterfaceFont, kInterfacePoints, dpi, false, false, DEFAULT_CHARSET);
+}
+
+bool menuFontHasGeorgian() {
+  const LOGFONTW font = menuMetrics(kBaseDpi).lfMenuFont;
+  const UniqueFont made(CreateFontIndirectW(&font));
+  const UniqueCanvas canvas(CreateCompatibleDC(nullptr));
+  const HGDIOBJ old = SelectObject(canvas.get(), made.get());
+  WORD glyph = 0xFFFF;
+  GetGlyphIndicesW(canvas.get(), L"\u10D0", 1, &glyph, GGI_MARK_NONEXISTING_GLYPHS);
+  SelectObject(canvas.get(), old);
+  return glyph != 0xFFFF;
+}
+
+UniqueFont menuFont(int dpi) {
+  LOGFONTW font = menuMetrics(dpi).lfMenuFont;
+  if (menuFontHasGeorgian()) return UniqueFont(CreateFontIndirectW(&font));
+  font.lfFaceName[std::wstring(kInterfaceFont).copy(font.lfFaceName, LF_FACESIZE - 1)] = L'\0';
+  font.lfCharSet = DEFAULT_CHARSET;
+  return UniqueFont(CreateFontIndirectW(&font));
 }
 
 ui::Font withDefaults(ui::Font font) {

@@ -24,6 +24,9 @@ class BundledFonts {
 };
 
 UniqueFont interfaceFont(int dpi);
+// The user's menu font; the interface font in its size where that has no Georgian letters.
+UniqueFont menuFont(int dpi);
+bool menuFontHasGeorgian();
 // The code view's font, with the bundled one of its character set for an empty name and 11 points for no
 // size.
 ui::Font withDefaults(ui::Font font);

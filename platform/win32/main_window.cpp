@@ -175,12 +175,16 @@ std::optional<LRESULT> MainWindow::handleMenu(UINT message, WPARAM wParam, LPARA
       form_.menuOpening();
       menu_->refresh(form_.menus);
       return 0;
-    case WM_MENUSELECT: {
-      const bool closed = HIWORD(wParam) == 0xFFFF && lParam == 0;
-      const bool command = !closed && (HIWORD(wParam) & (MF_POPUP | MF_SYSMENU | MF_SEPARATOR)) == 0;
-      form_.menuHighlighted(command ? LOWORD(wParam) : 0);
+    case WM_ENTERMENULOOP:
+      inMenu_ = true;
       return 0;
-    }
+    case WM_EXITMENULOOP:
+      inMenu_ = false;
+      if (menusStale_) menusChanged();
+      return 0;
+    case WM_MENUSELECT:
+      form_.menuHighlighted(menuHelp(wParam, lParam));
+      return 0;
     case WM_MEASUREITEM:
     case WM_DRAWITEM:
       return drawsMenu(hwnd(), message, lParam) ? std::optional<LRESULT>(TRUE) : std::nullopt;
@@ -282,6 +286,11 @@ LRESULT MainWindow::handle(UINT message, WPARAM wParam, LPARAM lParam) {
       menusChanged();  // the bar is measured once
       return 0;
     }
+    case WM_SYSCOLORCHANGE:
+    case WM_THEMECHANGED:
+    case WM_SETTINGCHANGE:
+      lookChanged(message, wParam, lParam);
+      break;
     case kLayoutMessage:
       layOut();
       return 0;
@@ -293,6 +302,14 @@ LRESULT MainWindow::handle(UINT message, WPARAM wParam, LPARAM lParam) {
       break;
   }
   return defaultHandling(message, wParam, lParam);
+}
+
+// Colours, fonts or high contrast. The controls are not told by the system, but by their window.
+void MainWindow::lookChanged(UINT message, WPARAM wParam, LPARAM lParam) {
+  menuLookChanged();
+  for (const auto& peer : peers_) SendMessageW(peer->window(), message, wParam, lParam);
+  if (toolBar_) toolBar_->setDpi(dpiOf(hwnd()));
+  menusChanged();
 }
 
 // Peer ---------------------------------------------------------------------------------------------------
@@ -345,6 +362,8 @@ void MainWindow::setPlace(ui::WindowPlace place) {
 }
 
 void MainWindow::menusChanged() {
+  menusStale_ = inMenu_;  // an open menu still draws its rows
+  if (inMenu_) return;
   auto next = std::make_unique<Menu>(form_.menus, Menu::Kind::Bar);
   SetMenu(hwnd(), next->handle());
   menu_ = std::move(next);

@@ -26,6 +26,7 @@ class MainWindow final : public WindowBase<MainWindow>, private ui::FormPeer, pr
  private:
   friend class WindowBase<MainWindow>;
   LRESULT handle(UINT message, WPARAM wParam, LPARAM lParam);
+  void lookChanged(UINT message, WPARAM wParam, LPARAM lParam);
   std::optional<LRESULT> handleMenu(UINT message, WPARAM wParam, LPARAM lParam);
   std::optional<LRESULT> handleSplitter(UINT message, LPARAM lParam);
   LRESULT handleCommand(WPARAM wParam, LPARAM lParam);
@@ -53,6 +54,8 @@ class MainWindow final : public WindowBase<MainWindow>, private ui::FormPeer, pr
   std::unique_ptr<Menu> menu_;
   std::vector<std::unique_ptr<ControlPeer>> peers_;
   StatusPeer* status_ = nullptr;
+  bool inMenu_ = false;
+  bool menusStale_ = false;
   HWND tree_ = nullptr;
   std::unique_ptr<ToolBar> toolBar_;
   UniqueFont font_;

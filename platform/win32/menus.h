@@ -1,23 +1,14 @@
-// Menus drawn by the program in its own interface font, so that Georgian is readable on any machine.
+// Menus whose lines the program draws: with icons, and in a font that has Georgian letters.
 #pragma once
 
 #include <deque>
-#include <string>
 #include <vector>
 
 #include "platform/win32/handles.h"
+#include "platform/win32/menu_drawing.h"
 #include "ui/menu.h"
 
 namespace win32 {
-
-// One line of a menu, as it is drawn.
-struct MenuRow {
-  std::wstring caption;   // "&" before the mnemonic letter
-  std::wstring shortcut;  // shown at the right end
-  bool separator = false;
-  bool inBar = false;
-  bool radio = false;
-};
 
 class Menu {
  public:
@@ -40,6 +31,8 @@ class Menu {
 bool drawsMenu(HWND window, UINT message, LPARAM lParam);
 // For WM_MENUCHAR.
 LRESULT menuCharacter(HMENU menu, wchar_t character);
+// For WM_MENUSELECT: the help of the item; empty: none, or no menu is open any more.
+ui::Text menuHelp(WPARAM wParam, LPARAM lParam);
 
 // The item with this shortcut, searched in submenus too; 0: none.
 int commandOfShortcut(const std::vector<ui::MenuItem>& items, const ui::Shortcut& pressed);

@@ -4,7 +4,8 @@
 
 #include "platform/win32/dpi.h"
 #include "platform/win32/strings.h"
-#include "platform/win32/tool_icons.h"
+#include "platform/win32/vector_icons.h"
+#include "ui/tool_drawings.h"
 
 namespace win32 {
 namespace {
@@ -13,25 +14,14 @@ namespace {
 constexpr int kButton = 24;
 constexpr int kPicture = 16;
 
-constexpr COLORREF kNothing = RGB(255, 0, 255);  // shows the bar through
-
-HIMAGELIST makePictures(const std::vector<ui::ToolBarButton>& buttons, int size) {
-  const int count = static_cast<int>(buttons.size());
-  const HIMAGELIST list = ImageList_Create(size, size, ILC_COLOR24 | ILC_MASK, count, 0);
-  const HDC screen = GetDC(nullptr);
-  const UniqueCanvas canvas(CreateCompatibleDC(screen));
-  const UniqueBitmap strip(CreateCompatibleBitmap(screen, size * count, size));
-  ReleaseDC(nullptr, screen);
-  const HGDIOBJ old = SelectObject(canvas.get(), strip.get());
-  const UniqueBrush nothing(CreateSolidBrush(kNothing));
-  const RECT all{0, 0, size * count, size};
-  FillRect(canvas.get(), &all, nothing.get());
-  for (int i = 0; i < count; ++i) {
-    drawToolIcon(canvas.get(), buttons[static_cast<std::size_t>(i)].icon, {i * size, 0}, size);
+UniqueImages makePictures(const std::vector<ui::ToolBarButton>& buttons, int size) {
+  UniqueImages pictures(ImageList_Create(size, size, ILC_COLOR32, static_cast<int>(buttons.size()), 0));
+  const IconColors colors = systemIconColors(COLOR_BTNTEXT, COLOR_BTNFACE);
+  for (const ui::ToolBarButton& button : buttons) {
+    const UniqueBitmap picture = iconBitmap(ui::toolDrawing(button.icon), size, colors);
+    ImageList_Add(pictures.get(), picture.get(), nullptr);
   }
-  SelectObject(canvas.get(), old);
-  ImageList_AddMasked(list, strip.get(), kNothing);
-  return list;
+  return pictures;
 }
 
 }  // namespace
@@ -71,7 +61,7 @@ void ToolBar::setDpi(int dpi) {
   const int size = scaled(kPicture, dpi);
   send(TB_SETBITMAPSIZE, 0, MAKELPARAM(size, size));
   send(TB_SETBUTTONSIZE, 0, MAKELPARAM(scaled(kButton, dpi), scaled(kButton, dpi)));
-  UniqueImages pictures(makePictures(buttons_, size));
+  UniqueImages pictures = makePictures(buttons_, size);
   send(TB_SETIMAGELIST, 0, reinterpret_cast<LPARAM>(pictures.get()));
   pictures_ = std::move(pictures);  // the old ones go when nobody uses them any more
 }
