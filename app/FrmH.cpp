@@ -26,6 +26,9 @@ void tidySeparators(std::vector<ui::MenuItem>& items) {
 FrmH::FrmH(ui::Platform& platform, ui::CodeView& codeView)
     : MainForm("FrmH", IDD_FrmH, codeView), platform_(platform) {
   setCaption("Zervo");
+  platform_.onHelp([this](const ui::Form& form) {
+    guarded(platform_, [&] { ShowHelp(platform_, "ka/" + std::string(form.name()) + ".htm"); });
+  });
   TV.hint = "დოკუმენტები";
   using enum ui::FileIcon;
   TV.icons = {{kIconPages, Page},    {kIconPictures, Picture}, {kIconSounds, Sound},
@@ -180,7 +183,7 @@ void FrmH::addOwnCommands() {
        "mnuHelp",
        "|54|&დახმარება",
        {ui::kKeyF1, false, false, false},
-       [this] { ShowHelp(platform_, ""); },
+       [this] { ShowHelp(platform_, "ka/index.htm"); },
        [this](const CommandState&) {
          return base::fileExists(base::joinPath(platform_.programFolder(), "Zervo.chm"));
        },

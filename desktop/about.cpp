@@ -7,7 +7,7 @@ namespace desktop {
 void attachAbout(app::Workbench& bench) {
   bench.addCommands({{mnuAbout,
                       "mnuAbout",
-                      "პროგრამის &შესახებ...",
+                      "|55|პროგრამის &შესახებ...",
                       {},
                       [&bench] {
                         frmabout form(bench.platform());

@@ -73,24 +73,25 @@ void printShown(app::Workbench& bench, const PrintSettings& settings) {
 
 void attachPrinting(app::Workbench& bench) {
   const auto withText = [](const app::CommandState& state) { return state.hasText; };
-  bench.addCommands({{mnuPageSetup,
-                      "mnuPageSetup",
-                      "გვერდის პარა&მეტრები...",
-                      {},
-                      [&bench] { mnuPageSetup_Click(bench); },
-                      nullptr,
-                      nullptr,
-                      "ქაღალდი და ველები ბეჭდვისთვის"},
-                     {mnuPrintPreview,
-                      "mnuPrintPreview",
-                      "ბეჭდვის წინას&წარი ნახვა...",
-                      {},
-                      [&bench] { mnuPrintPreview_Click(bench); },
-                      withText,
-                      nullptr,
-                      "როგორ დაიბეჭდება დოკუმენტი"},
-                     {mnuPrint, "mnuPrint", "ბეჭდ&ვა...", ui::ctrl('P'), [&bench] { mnuPrint_Click(bench); },
-                      withText, nullptr, "დოკუმენტის ან მონიშნულის ბეჭდვა"}});
+  bench.addCommands(
+      {{mnuPageSetup,
+        "mnuPageSetup",
+        "|51|გვერდის პარა&მეტრები...",
+        {},
+        [&bench] { mnuPageSetup_Click(bench); },
+        nullptr,
+        nullptr,
+        "ქაღალდი და ველები ბეჭდვისთვის"},
+       {mnuPrintPreview,
+        "mnuPrintPreview",
+        "|52|ბეჭდვის წინას&წარი ნახვა...",
+        {},
+        [&bench] { mnuPrintPreview_Click(bench); },
+        withText,
+        nullptr,
+        "როგორ დაიბეჭდება დოკუმენტი"},
+       {mnuPrint, "mnuPrint", "|50|ბეჭდ&ვა...", ui::ctrl('P'), [&bench] { mnuPrint_Click(bench); }, withText,
+        nullptr, "დოკუმენტის ან მონიშნულის ბეჭდვა"}});
   bench.addMenu(
       {app::kFileMenu,
        {{0, {}, {}}, {mnuPageSetup, {}, {}}, {mnuPrintPreview, {}, {}}, {mnuPrint, {}, {}}, {0, {}, {}}}});

@@ -26,7 +26,7 @@ Generators::Generators(app::Workbench& bench) : bench_(bench), tableAndColor_(be
                                      "საკუთარი ფორმატების შედგენა"}};
   rows.push_back({mnuDesign,
                   "mnuDesign",
-                  "ფრეიმების &გვერდი...",
+                  "|59|ფრეიმების &გვერდი...",
                   {},
                   [this] { mnuDesign_Click(); },
                   nullptr,
@@ -47,7 +47,7 @@ Generators::Generators(app::Workbench& bench) : bench_(bench), tableAndColor_(be
   }
   rows.push_back({mnuCSSstile,
                   "mnuCSSstile",
-                  "&CSS სტილი...",
+                  "|61|&CSS სტილი...",
                   {},
                   [&bench] { editStyle(bench); },
                   [](const app::CommandState& state) { return state.hasText; },

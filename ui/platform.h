@@ -72,6 +72,8 @@ class Platform {
   // The shell. False when it could not be done.
   virtual bool shellOpen(std::string_view path, std::string_view parameters) = 0;
   virtual bool startProcess(std::string_view commandLine) = 0;
+  // What F1 does in the windows of forms.
+  virtual void onHelp(std::function<void(const Form& form)>) {}
   virtual void showHelpFile(std::string_view path, std::string_view topic) = 0;  // empty topic: default page
 };
 

@@ -14,6 +14,19 @@
 
 namespace win32 {
 
+namespace {
+
+std::function<void(const ui::Form&)>& help() {
+  static std::function<void(const ui::Form&)> wanted;
+  return wanted;
+}
+
+}  // namespace
+
+void setHelp(std::function<void(const ui::Form&)> wanted) {
+  help() = std::move(wanted);
+}
+
 ui::Shortcut pressedKey(WPARAM key) {
   const auto down = [](int modifier) { return GetKeyState(modifier) < 0; };
   return {static_cast<int>(key), down(VK_CONTROL), down(VK_SHIFT), down(VK_MENU)};
@@ -123,6 +136,10 @@ bool DialogHost::translate(MSG& message) {
     ControlPeer* const peer = peerOf(message.hwnd);
     if (peer != nullptr && peer->onKey(static_cast<int>(message.wParam))) return true;
     if (window_ == nullptr) return true;
+    if (message.wParam == VK_F1 && help()) {
+      help()(form_);
+      return true;
+    }
   }
   return IsDialogMessageW(window_, &message) != 0;
 }

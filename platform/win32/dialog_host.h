@@ -1,6 +1,7 @@
 // The window of one form: made from the form's template, each control bound by its id.
 #pragma once
 
+#include <functional>
 #include <memory>
 #include <optional>
 #include <vector>
@@ -54,6 +55,9 @@ class DialogHost final : private ui::FormPeer {
 
 // The key of a WM_KEYDOWN message with the modifiers held now.
 ui::Shortcut pressedKey(WPARAM key);
+
+// What F1 does in the window of a form that does not use the key itself; none: nothing.
+void setHelp(std::function<void(const ui::Form&)> help);
 
 // Runs the form's window until it is closed; our other windows are disabled meanwhile.
 void runModal(ui::Form& form);

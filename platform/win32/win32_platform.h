@@ -33,6 +33,7 @@ class Win32Platform final : public ui::Platform {
   ui::Printer* printer() override { return &printer_; }
   bool shellOpen(std::string_view path, std::string_view parameters) override;
   bool startProcess(std::string_view commandLine) override;
+  void onHelp(std::function<void(const ui::Form&)> help) override { setHelp(std::move(help)); }
   void showHelpFile(std::string_view path, std::string_view topic) override;
 
  private:
