@@ -372,7 +372,22 @@ void FrmH::T1_SelChange() {
 }
 
 void FrmH::saveProps() {
-  WriteProps(platform_, Props);
+  WriteProps(platform_, storedProps());
+}
+
+PropsRecord FrmH::storedProps() const {
+  PropsRecord stored = Props;
+  stored.ReopenLastFile = stored.ReopenLastFile || reopenHeldBack_;
+  return stored;
+}
+
+void FrmH::setProps(const PropsRecord& props) {
+  WriteProps(platform_, props);
+  Props = props;
+  reopenHeldBack_ = reopenHeldBack_ && props.ReopenLastFile;
+  if (reopenHeldBack_) Props.ReopenLastFile = false;
+  applyEditorSettings();
+  propsInForce();
 }
 
 }  // namespace app

@@ -74,9 +74,12 @@ class FrmH : public ui::MainForm, public Workbench {
   ui::CodeView& codeView() override { return T1; }
   ColectionMain& documents() override { return WebProject; }
   std::int16_t shownIndex() const override { return CurrentItemIndex; }
+  std::string shownPath() const override { return CurrentFilePath; }
   std::string shownTitle() override { return titleOf(CurrentItemIndex); }
   PropsRecord& props() override { return Props; }
   void saveProps() override;
+  PropsRecord storedProps() const override;
+  void setProps(const PropsRecord& props) override;
   const std::string& documentText(std::int16_t index) override;
   void setDocumentText(std::int16_t index, std::string text) override;
   void documentsAdded() override { Treefulen(); }
@@ -153,6 +156,7 @@ class FrmH : public ui::MainForm, public Workbench {
   };
 
   bool busy_ = false;
+  bool reopenHeldBack_ = false;  // ReopenLastFile is set, but off for this run
   bool switching_ = false;  // a switch of documents is under way: its own clicks are not followed
 };
 

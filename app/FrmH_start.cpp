@@ -33,6 +33,7 @@ void FrmH::entry(const std::string& commandLine) {
   const bool severalFiles = commandLine.find(kBetweenFiles) != std::string::npos;
   const bool plain = commandLine.empty() || commandLine == "NOMAX" || severalFiles;
   // The last file is not to be opened below the one that was asked for.
+  reopenHeldBack_ = !plain && Props.ReopenLastFile;
   if (!plain) Props.ReopenLastFile = false;
   load();
   if (commandLine.empty()) {
@@ -61,6 +62,7 @@ void FrmH::load() {
   buildMenus();
   setPanel("kMain", ui::Text());
   applyEditorSettings();
+  propsInForce();
   Treefulen();
   Loading = false;
 
@@ -79,8 +81,8 @@ void FrmH::load() {
 void FrmH::applyEditorSettings() {
   T1.setFont({Props.EditorFontName, Props.EditorFontSize, Props.EditorFontBold, Props.EditorFontItalic,
               ui::CharacterSet::Ansi});
-  // Zero settings mean that none were ever made; black on black is nobody's choice.
-  if (Props.EditorBackColor != 0) T1.setBackColor(Props.EditorBackColor);
+  // Both zero mean that none were ever chosen; black on black is nobody's choice.
+  if (Props.EditorBackColor != 0 || Props.EditorColorExtra != 0) T1.setBackColor(Props.EditorBackColor);
   T1.setTextColor(static_cast<base::Color>(Props.EditorColorExtra));
   T1.setWordWrap(Props.WordWrap);
 }

@@ -30,6 +30,10 @@ void eachField(Record& props, Visitor&& visit) {
   visit(props.HeaderText);
   visit(props.BodyAttributesOn);
   visit(props.BodyAttributes);
+  visit(props.FtpTimeout);
+  visit(props.FtpPassive);
+  visit(props.PreviewInBrowser);
+  visit(props.TypingModeAtStart);
 }
 
 struct Write {
@@ -70,6 +74,21 @@ struct Read {
 }
 
 }  // namespace
+
+PropsRecord defaultProps() {
+  PropsRecord props;
+  props.RememberPosition = true;
+  props.EditorFontName = "Zervo ISO";
+  props.EditorFontSize = kUsualFontSize;
+  props.EditorBackColor = base::rgb(255, 255, 255);
+  props.EditorColorExtra = static_cast<std::int32_t>(base::rgb(0, 0, 0));
+  props.TypingFontName = {"Zervo RUS", "Zervo ISO", "Zervo ASCII", "Zervo ISO"};
+  props.NoBreakSpaceAsReference = true;  // right in a page of any encoding
+  props.SelectionPreview = true;
+  props.FtpTimeout = kUsualFtpTimeout;
+  props.FtpPassive = true;  // works from behind a home router too
+  return props;
+}
 
 std::string encodeProps(const PropsRecord& props) {
   Write fields;

@@ -32,9 +32,19 @@ struct PropsRecord {
   std::string HeaderText;
   bool BodyAttributesOn = false;  // attributes of BODY in new pages
   std::string BodyAttributes;
+  std::int16_t FtpTimeout = 0;  // seconds without a word from the server; 0: kUsualFtpTimeout
+  bool FtpPassive = false;
+  bool PreviewInBrowser = false;       // the preview always goes to the default browser
+  std::uint8_t TypingModeAtStart = 0;  // number of the typing mode plus one; 0: the Latin one
 
   bool operator==(const PropsRecord&) const = default;
 };
+
+inline constexpr std::int16_t kUsualFontSize = 11;  // of the code view, where none is set
+inline constexpr std::int16_t kLeastFtpTimeout = 5, kMostFtpTimeout = 600, kUsualFtpTimeout = 30;
+
+// The settings that the program is shipped with, in resources/props.ini.
+PropsRecord defaultProps();
 
 std::string encodeProps(const PropsRecord& props);
 // Throws base::Error(BadFileFormat) on anything that encodeProps() did not write, whole or cut.

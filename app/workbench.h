@@ -25,9 +25,15 @@ class Workbench {
   virtual ColectionMain& documents() = 0;
   // Position of the shown document in the list; -1 when it has no record.
   virtual std::int16_t shownIndex() const = 0;
-  virtual std::string shownTitle() = 0;  // the file's name; empty: never named
+  virtual std::string shownTitle() = 0;       // the file's name; empty: never named
+  virtual std::string shownPath() const = 0;  // full path of the shown document; empty: untitled
+  // As they are in force. saveProps() writes them to props.ini; throws base::Error.
   virtual PropsRecord& props() = 0;
-  virtual void saveProps() = 0;  // writes them to props.ini; throws base::Error
+  virtual void saveProps() = 0;
+  // As they are stored: what holds for this run only is not among them.
+  virtual PropsRecord storedProps() const = 0;
+  // Writes them to props.ini, then puts them in force. Throws base::Error; then nothing has changed.
+  virtual void setProps(const PropsRecord& props) = 0;
 
   // The shown document's text and selection belong to the code view; its record is brought up to date by
   // parkShown(). Byte text of any document, shown or parked:
@@ -54,6 +60,7 @@ class Workbench {
   int framesetLayout = -1;
 
   ui::Signal<const std::string&> documentOpened;  // full path of a file that was opened
+  ui::Signal<> propsInForce;                      // settings were read, or changed by setProps()
   ui::Signal<> documentShown;                     // another document came into the code view
   ui::Signal<> textChanged;
   ui::Signal<> selectionChanged;

@@ -113,6 +113,25 @@ bool folderExists(std::string_view path) {
   return !path.empty() && fs::is_directory(native(path), error);
 }
 
+std::vector<std::string> fileNames(std::string_view folder) {
+  std::vector<std::string> names;
+  std::error_code error;
+  for (fs::directory_iterator at(native(folder), error), end; !error && at != end; at.increment(error)) {
+    std::error_code unknown;
+    if (!at->is_regular_file(unknown)) continue;
+    const std::u8string name = at->path().filename().u8string();
+    names.emplace_back(name.begin(), name.end());
+  }
+  return names;
+}
+
+std::string tempFolder() {
+  const std::u8string path = fs::temp_directory_path().u8string();
+  std::string folder(path.begin(), path.end());
+  while (folder.size() > 1 && (folder.back() == '\\' || folder.back() == '/')) folder.pop_back();
+  return folder;
+}
+
 std::uintmax_t fileSize(std::string_view path) {
   std::error_code error;
   const auto size = fs::file_size(native(path), error);

@@ -5,12 +5,16 @@
 #include <cstdint>
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace base {
 
 bool fileExists(std::string_view path);          // an ordinary file
 std::uintmax_t fileSize(std::string_view path);  // bytes; 0 when it cannot be told
 bool folderExists(std::string_view path);        // a directory
+std::vector<std::string> fileNames(
+    std::string_view folder);  // of its ordinary files; none when it cannot be read
+std::string tempFolder();      // the user's own, for what need not last; without a "\\" at its end
 
 std::string readFile(std::string_view path);
 

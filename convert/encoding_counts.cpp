@@ -1,7 +1,5 @@
 #include "convert/encoding_counts.h"
 
-#include <cstdint>
-
 #include "base/utf8.h"
 
 namespace convert {
@@ -13,10 +11,6 @@ constexpr std::size_t kReferenceSize = 7;  // "&#4304;"
 
 bool isLatin(std::uint8_t byte) {
   return static_cast<std::uint8_t>((byte | 0x20) - 'a') < 26;
-}
-
-bool isLegacy(std::uint8_t byte) {
-  return byte >= 0xC0 && byte <= 0xE4 && byte != 0xC7 && byte != 0xCE && byte != 0xD5 && byte != 0xE2;
 }
 
 bool isGeorgianReference(std::string_view text) {
@@ -31,6 +25,10 @@ bool isGeorgianReference(std::string_view text) {
 
 }  // namespace
 
+bool isLegacyLetter(std::uint8_t byte) {
+  return byte >= 0xC0 && byte <= 0xE4 && byte != 0xC7 && byte != 0xCE && byte != 0xD5 && byte != 0xE2;
+}
+
 EncodingCounts countEncodings(std::string_view text) {
   EncodingCounts counts;
   for (std::size_t at = 0; at < text.size();) {
@@ -43,7 +41,7 @@ EncodingCounts countEncodings(std::string_view text) {
     } else if (const auto character = base::nextUtf8(text, at)) {
       counts.utf8 += *character >= kFirst && *character <= kLast ? 1 : 0;
     } else {
-      counts.legacy += isLegacy(byte) ? 1 : 0;
+      counts.legacy += isLegacyLetter(byte) ? 1 : 0;
       ++at;
     }
   }

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <cstddef>
+#include <cstdint>
 #include <string_view>
 
 namespace convert {
@@ -14,6 +15,9 @@ struct EncodingCounts {
   std::size_t latin = 0;       // ASCII letters, markup included
   bool operator==(const EncodingCounts&) const = default;
 };
+
+// A byte that is a letter in the legacy encoding, in a text that is in it.
+bool isLegacyLetter(std::uint8_t byte);
 
 // One pass. A byte of a well-formed UTF-8 character is no legacy letter.
 EncodingCounts countEncodings(std::string_view text);

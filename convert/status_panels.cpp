@@ -38,6 +38,7 @@ StatusPanels::StatusPanels(app::Workbench& bench, const Conversions& conversions
   bench.addCommands({std::move(toggle)});
   bench.addMenu({app::kViewMenu, {{mnuPreviewPane, {}, {}}}});
 
+  bench.propsInForce.connect([this] { showPreview(); });
   bench.selectionChanged.connect([this] { showPreview(); });
   bench.textChanged.connect([this] { countsStale_ = true; });
   bench.documentShown.connect([this] { countsStale_ = true; });

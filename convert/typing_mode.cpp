@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <array>
 #include <optional>
+#include <utility>
 
 #include "app/menu_names.h"
 #include "base/cp1252.h"
@@ -117,6 +118,7 @@ Typing::Typing(app::Workbench& bench, const LetterTables& tables) : bench_(bench
   bench.addCommands(std::move(commands));
   bench.addMenu(plan);
 
+  bench.propsInForce.connect([this] { followProps(); });
   bench.keyFilters.emplace_back([this](int key) {
     try {
       return keyPress(key);
@@ -130,12 +132,26 @@ Typing::Typing(app::Workbench& bench, const LetterTables& tables) : bench_(bench
 
 void Typing::choose(TypingMode mode) {
   mode_ = mode;
+  chosen_ = true;
+  showFont();
+  showMode();
+}
+
+void Typing::followProps() {
+  const int number = bench_.props().TypingModeAtStart;
+  if (!std::exchange(started_, true) && number > 0 && number <= static_cast<int>(modes().size())) {
+    choose(static_cast<TypingMode>(number - 1));
+  } else if (chosen_) {
+    showFont();
+  }
+}
+
+void Typing::showFont() {
   const app::PropsRecord& props = bench_.props();
-  const ModeRow& row = rowOf(mode);
-  const std::string& name = props.TypingFontName[static_cast<std::size_t>(mode)];
+  const ModeRow& row = rowOf(mode_);
+  const std::string& name = props.TypingFontName[static_cast<std::size_t>(mode_)];
   bench_.codeView().setFont({name.empty() ? row.font : name, props.EditorFontSize, props.EditorFontBold,
                              props.EditorFontItalic, row.characterSet});
-  showMode();
 }
 
 void Typing::showMode() {

@@ -35,12 +35,16 @@ class Typing {
 
  private:
   void choose(TypingMode mode);
+  void followProps();
+  void showFont();
   int keyPress(int key);
   void showMode();
 
   app::Workbench& bench_;
   const LetterTables& tables_;
   TypingMode mode_ = TypingMode::Latin;
+  bool started_ = false;
+  bool chosen_ = false;  // until then the code view keeps the editor's own font
 };
 
 }  // namespace convert

@@ -3,6 +3,8 @@
 #include "app/FrmH.h"
 #include "convert/attach.h"
 #include "desktop/about.h"
+#include "desktop/options.h"
+#include "desktop/preview.h"
 #include "desktop/printing.h"
 #include "editor/editor.h"
 #include "generators/generators.h"
@@ -18,6 +20,7 @@ struct Program::Parts {
     recent::attach(window);
     desktop::attachPrinting(window);
     desktop::attachAbout(window);
+    desktop::attachOptions(window);
   }
 
   app::FrmH window;
@@ -25,6 +28,7 @@ struct Program::Parts {
   std::unique_ptr<search::Search> finding = search::attach(window);
   std::unique_ptr<editor::Editor> editing = editor::attach(window);
   std::unique_ptr<generators::Generators> generating = generators::attach(window);
+  desktop::Preview previewing{window};
 };
 
 Program::Program(ui::Platform& platform, ui::CodeView& codeView)

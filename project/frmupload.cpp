@@ -14,10 +14,6 @@ namespace {
 
 using namespace ui::literals;
 
-constexpr const char* kSection = "FTP";
-constexpr int kLeastSilence = 2;
-constexpr int kMostSilence = 600;
-constexpr int kUsualSilence = 30;
 constexpr const char* kFilter = "All Files(*.*)|*.*|HTML(*.htm,*.html)|*.htm;*.html";
 
 std::string nameOf(const std::string& line) {
@@ -89,9 +85,9 @@ frmupload::frmupload(app::Workbench& bench, ui::Ftp& ftp)
   });
 
   OPA.choose();
-  CKpassive.setChecked(bench.platform().registryValue(kSection, "Passive") == "1");
-  const std::string silence = bench.platform().registryValue(kSection, "Silence");
-  Tsilence.setText(silence.empty() ? std::to_string(kUsualSilence) : silence);
+  CKpassive.setChecked(bench.props().FtpPassive);
+  const int silence = bench.props().FtpTimeout;
+  Tsilence.setText(std::to_string(silence > 0 ? silence : app::kUsualFtpTimeout));
   Command3.setEnabled(false);
   showFrame(false);
 }
@@ -277,13 +273,7 @@ void frmupload::Cupload_Click() {
     app::messageBox(bench_.platform(), "აირჩიეთ FTP ანგარიში; ახალი „პარამეტრებში“ იქმნება.", "FTP Upload");
     return;
   }
-  int silence = kUsualSilence;
-  std::from_chars(Tsilence.text().data(), Tsilence.text().data() + Tsilence.text().size(), silence);
-  ftp_.silence = std::clamp(silence, kLeastSilence, kMostSilence);
-  ftp_.passive = CKpassive.checked();
-  bench_.platform().setRegistryValue(kSection, "Silence", std::to_string(ftp_.silence));
-  bench_.platform().setRegistryValue(kSection, "Passive", ftp_.passive ? "1" : "0");
-  Tsilence.setText(std::to_string(ftp_.silence));
+  keepSettings();
   // What was kept open for another account must not take this one's files.
   if (line != connectedLine_) ftp_.FtpDisconnect();
   connectedLine_ = line;
@@ -292,6 +282,21 @@ void frmupload::Cupload_Click() {
   app::guarded(bench_.platform(), [&] { upload(accountFields(line)); });
   setRunning(false);
   if (closeBehindRun_) close();
+}
+
+void frmupload::keepSettings() {
+  int silence = app::kUsualFtpTimeout;
+  std::from_chars(Tsilence.text().data(), Tsilence.text().data() + Tsilence.text().size(), silence);
+  app::PropsRecord& props = bench_.props();
+  const app::PropsRecord before = props;
+  props.FtpTimeout =
+      static_cast<std::int16_t>(std::clamp<int>(silence, app::kLeastFtpTimeout, app::kMostFtpTimeout));
+  props.FtpPassive = CKpassive.checked();
+  Tsilence.setText(std::to_string(props.FtpTimeout));
+  ftp_.silence = props.FtpTimeout;
+  ftp_.passive = props.FtpPassive;
+  // What cannot be kept is still good for this run.
+  if (props != before) app::guarded(bench_.platform(), [this] { bench_.saveProps(); });
 }
 
 void frmupload::upload(const FtpFields& account) {

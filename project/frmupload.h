@@ -66,6 +66,7 @@ class frmupload : public ui::Form {
   void setRunning(bool on);
   void Cfile_Click();
   void Cupload_Click();
+  void keepSettings();
   void upload(const FtpFields& account);
   void appendLog(const std::string& line);
   std::string iniPath() const;

@@ -425,4 +425,57 @@
 #define mnuparzuch 40654
 #define PHTbar 40701 // ..40727: the buttons of the tag toolbar, in order
 
+// Options
+#define IDD_frmproperties 2200
+#define IDC_frmproperties_Tabs 2201
+#define IDC_frmproperties_Frame1 2202
+#define IDC_frmproperties_CKmaximized 2203
+#define IDC_frmproperties_CKposition 2204
+#define IDC_frmproperties_CKlast 2205
+#define IDC_frmproperties_CKshow 2206
+#define IDC_frmproperties_Lmode 2207
+#define IDC_frmproperties_CBmode 2208
+#define IDC_frmproperties_Lfont 2209
+#define IDC_frmproperties_CBfont 2210
+#define IDC_frmproperties_Lsize 2211
+#define IDC_frmproperties_Tsize 2212
+#define IDC_frmproperties_CKbold 2213
+#define IDC_frmproperties_CKitalic 2214
+#define IDC_frmproperties_Cback 2215
+#define IDC_frmproperties_Pback 2216
+#define IDC_frmproperties_Ctext 2217
+#define IDC_frmproperties_Ptext 2218
+#define IDC_frmproperties_CKwrap 2219
+#define IDC_frmproperties_CKdecode 2220
+#define IDC_frmproperties_Lsample 2221
+#define IDC_frmproperties_Psample 2222
+#define IDC_frmproperties_Lnbsp 2223
+#define IDC_frmproperties_OPbytes 2224
+#define IDC_frmproperties_OPreference 2225
+#define IDC_frmproperties_CKheader 2226
+#define IDC_frmproperties_Theader 2227
+#define IDC_frmproperties_CKbody 2228
+#define IDC_frmproperties_Tbody 2229
+#define IDC_frmproperties_Ltimeout 2230
+#define IDC_frmproperties_Ttimeout 2231
+#define IDC_frmproperties_CKpassive 2232
+#define IDC_frmproperties_CKbrowser 2233
+#define IDC_frmproperties_COK 2234
+#define IDC_frmproperties_CEXIT 2235
+#define IDC_frmproperties_Capply 2236
+#define IDC_frmproperties_Cdefault 2237
+#define IDC_frmproperties_Ltyping 2250 // ..2253: one a typing mode
+#define IDC_frmproperties_CBtyping 2254 // ..2257
+#define IDC_frmproperties_Ptyping 2258 // ..2261
+#define mnuproperties 40351
+
+// Preview
+#define IDD_frmpreview 2300
+#define IDC_frmpreview_Cback 2301
+#define IDC_frmpreview_Crefresh 2302
+#define IDC_frmpreview_Cbrowser 2303
+#define IDC_frmpreview_CEXIT 2304
+#define IDC_frmpreview_Wpage 2305
+#define mnuPreview 40310
+
 #endif

@@ -39,6 +39,9 @@ class Control {
   void setVisible(bool visible);
   void setFocus() { tell(Aspect::Focus); }
 
+  // Grows with a window that the user may size; set before the form is shown.
+  bool stretches = false;
+
   // Tool tip, and the name for screen readers where the control has no caption.
   Text hint;
 

@@ -46,6 +46,9 @@ class Platform {
   // Font families of the screen, sorted, UTF-8.
   virtual std::vector<std::string> fontNames() const { return {}; }
 
+  // A bundled font as a TrueType file; throws when the family is not one of them.
+  virtual std::string fontFile(std::string_view family) const = 0;
+
   // The program's folder (no trailing "\"), and its resources of type CUSTOM. A missing resource throws.
   virtual std::string programFolder() const = 0;
   virtual std::string resource(std::string_view name) const = 0;
@@ -71,6 +74,8 @@ class Platform {
 
   // The shell. False when it could not be done.
   virtual bool shellOpen(std::string_view path, std::string_view parameters) = 0;
+  // A page on the disk in the browser that the user has chosen, whatever program its kind is tied to.
+  virtual bool browse(std::string_view path) = 0;
   virtual bool startProcess(std::string_view commandLine) = 0;
   // What F1 does in the windows of forms.
   virtual void onHelp(std::function<void(const Form& form)>) {}

@@ -4,10 +4,12 @@
 #include "platform/win32/button_peers.h"
 #include "platform/win32/list_peers.h"
 #include "platform/win32/list_view_peer.h"
+#include "platform/win32/page_tabs_peer.h"
 #include "platform/win32/picture_peer.h"
 #include "platform/win32/status_peer.h"
 #include "platform/win32/text_peer.h"
 #include "platform/win32/tree_peer.h"
+#include "platform/win32/web_peer.h"
 
 namespace win32 {
 
@@ -78,6 +80,8 @@ std::unique_ptr<ControlPeer> makePeer(ui::Control& model, HWND window) {
   if (auto* bar = dynamic_cast<ui::StatusBar*>(&model)) return std::make_unique<StatusPeer>(*bar, window);
   if (auto* picture = dynamic_cast<ui::PictureBox*>(&model))
     return std::make_unique<PicturePeer>(*picture, window);
+  if (auto* tabs = dynamic_cast<ui::PageTabs*>(&model)) return std::make_unique<PageTabsPeer>(*tabs, window);
+  if (auto* web = dynamic_cast<ui::WebView*>(&model)) return std::make_unique<WebPeer>(*web, window);
   throw base::Error(base::ErrorNumber::InvalidCall, "control without a window of its kind");
 }
 

@@ -29,6 +29,8 @@ class ControlPeer : public ui::Peer {
   virtual void onCommand(int /*code*/) {}
   virtual LRESULT onNotify(const NMHDR&) { return 0; }
   virtual void dpiChanged(int /*dpi*/) {}
+  // A message for a window inside the control, before the dialog sees it; true: it is done with.
+  virtual bool translate(MSG&) { return false; }
   // A key pressed in the control, before the dialog looks at it; true: used.
   virtual bool onKey(int /*key*/) { return false; }
 
@@ -56,6 +58,8 @@ std::unique_ptr<ControlPeer> makePeer(ui::Control& model, HWND window);
 
 // Sent to the parent when a control was shown, hidden or has another text: it may have to be laid out anew.
 inline constexpr UINT kLayoutMessage = WM_APP + 1;
+// Its first parameter: many will come, and this was the last.
+inline constexpr WPARAM kHoldLayout = 1, kReleaseLayout = 2;
 
 std::wstring windowText(HWND window);
 

@@ -130,6 +130,9 @@ void DialogHost::show() {
 }
 
 bool DialogHost::translate(MSG& message) {
+  for (const auto& peer : peers_) {
+    if (peer->translate(message)) return true;
+  }
   if (message.message == WM_KEYDOWN || message.message == WM_SYSKEYDOWN) {
     if (form_.keyPressed(pressedKey(message.wParam))) return true;
     if (window_ == nullptr) return true;  // the key has closed it
@@ -202,11 +205,11 @@ INT_PTR DialogHost::handle(UINT message, WPARAM wParam, LPARAM lParam) {
       SetWindowLongPtrW(window_, DWLP_MSGRESULT,
                         menuCharacter(reinterpret_cast<HMENU>(lParam), static_cast<wchar_t>(LOWORD(wParam))));
       return TRUE;
+    case WM_SIZE:
+      if (ready_) layout_->stretch();
+      return FALSE;
     case kLayoutMessage:
-      if (ready_) {
-        layout_->arrange();
-        heightChanged();
-      }
+      if (ready_) layOut(wParam);
       return TRUE;
     case WM_DPICHANGED: {
       const int dpi = HIWORD(wParam);
@@ -217,6 +220,24 @@ INT_PTR DialogHost::handle(UINT message, WPARAM wParam, LPARAM lParam) {
     }
     default:
       return FALSE;
+  }
+}
+
+void DialogHost::layOut(WPARAM held) {
+  if (held == kHoldLayout) {
+    layoutHeld_ = true;
+    SendMessageW(window_, WM_SETREDRAW, FALSE, 0);
+  } else if (held == kReleaseLayout) {
+    layoutHeld_ = false;
+    SendMessageW(window_, WM_SETREDRAW, TRUE, 0);
+  }
+  // A window that the user has sized keeps its size.
+  const bool sized = (GetWindowLongPtrW(window_, GWL_STYLE) & WS_THICKFRAME) != 0;
+  if (layoutHeld_ || sized) return;
+  layout_->arrange();
+  heightChanged();
+  if (held == kReleaseLayout) {
+    RedrawWindow(window_, nullptr, nullptr, RDW_ERASE | RDW_FRAME | RDW_INVALIDATE | RDW_ALLCHILDREN);
   }
 }
 

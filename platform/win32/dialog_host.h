@@ -36,6 +36,7 @@ class DialogHost final : private ui::FormPeer {
   void center(HWND owner);
   void command(int id, int code);
   ControlPeer* peerOf(HWND window) const;
+  void layOut(WPARAM held);
   void destroy();
 
   void captionChanged() override;
@@ -48,6 +49,7 @@ class DialogHost final : private ui::FormPeer {
   HWND hints_ = nullptr;
   int dpi_ = 0;
   bool ready_ = false;
+  bool layoutHeld_ = false;
   std::vector<std::unique_ptr<ControlPeer>> peers_;
   std::optional<DialogLayout> layout_;
   std::optional<LoopWindow> loop_;

@@ -45,6 +45,19 @@ void DialogLayout::dpiChanged(int from, int to) {
   arrange();
 }
 
+void DialogLayout::stretch() const {
+  RECT client;
+  GetClientRect(dialog_, &client);
+  for (const auto& peer : peers_) {
+    if (!peer->model().stretches) continue;
+    const RECT& place = places_.at(peer->window());
+    SetWindowPos(peer->window(), nullptr, 0, 0,
+                 std::max<LONG>(0, place.right - place.left + client.right - client_.cx),
+                 std::max<LONG>(0, place.bottom - place.top + client.bottom - client_.cy),
+                 SWP_NOMOVE | SWP_NOZORDER | SWP_NOACTIVATE);
+  }
+}
+
 int DialogLayout::measuredHeight(HWND label, int width) const {
   const HDC screen = GetDC(label);
   const HGDIOBJ old = SelectObject(screen, reinterpret_cast<HFONT>(SendMessageW(label, WM_GETFONT, 0, 0)));

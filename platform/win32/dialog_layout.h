@@ -16,6 +16,8 @@ class DialogLayout {
   // From the template's places, so that it may be called after any change.
   void arrange() const;
   void dpiChanged(int from, int to);
+  // The user has sized the window: what stretches takes the difference to the template.
+  void stretch() const;
 
  private:
   struct Places;

@@ -1,7 +1,9 @@
 #include "platform/win32/fonts.h"
 
+#include <array>
 #include <set>
 
+#include "base/error.h"
 #include "platform/win32/dpi.h"
 #include "platform/win32/strings.h"
 #include "resources/ids.h"
@@ -40,21 +42,45 @@ int CALLBACK collectFont(const LOGFONTW* font, const TEXTMETRICW*, DWORD, LPARAM
   return 1;
 }
 
+struct Bundled {
+  std::string_view family;
+  int id;
+};
+constexpr std::array<Bundled, 4> kBundled = {{{"Zervo Sans", IDF_ZervoSans},
+                                              {"Zervo ISO", IDF_ZervoISO},
+                                              {"Zervo ASCII", IDF_ZervoASCII},
+                                              {"Zervo RUS", IDF_ZervoRUS}}};
+
+// As long as the program; empty when it is not there.
+std::string_view fileOf(int id) {
+  const HRSRC resource = FindResourceW(nullptr, MAKEINTRESOURCEW(id), MAKEINTRESOURCEW(10));  // RCDATA
+  if (resource == nullptr) return {};
+  return {static_cast<const char*>(LockResource(LoadResource(nullptr, resource))),
+          SizeofResource(nullptr, resource)};
+}
+
 }  // namespace
 
 BundledFonts::BundledFonts() {
-  for (const int id : {IDF_ZervoSans, IDF_ZervoISO, IDF_ZervoASCII, IDF_ZervoRUS}) {
-    const HRSRC resource = FindResourceW(nullptr, MAKEINTRESOURCEW(id), MAKEINTRESOURCEW(10));  // RCDATA
-    if (resource == nullptr) continue;
+  for (const Bundled& bundled : kBundled) {
+    const std::string_view file = fileOf(bundled.id);
+    if (file.empty()) continue;
     DWORD count = 0;
-    const HANDLE font = AddFontMemResourceEx(LockResource(LoadResource(nullptr, resource)),
-                                             SizeofResource(nullptr, resource), nullptr, &count);
+    const HANDLE font = AddFontMemResourceEx(const_cast<char*>(file.data()), static_cast<DWORD>(file.size()),
+                                             nullptr, &count);
     if (font != nullptr) fonts_.push_back(font);
   }
 }
 
 BundledFonts::~BundledFonts() {
   for (const HANDLE font : fonts_) RemoveFontMemResourceEx(font);
+}
+
+std::string bundledFontFile(std::string_view family) {
+  for (const Bundled& bundled : kBundled) {
+    if (bundled.family == family) return std::string(fileOf(bundled.id));
+  }
+  throw base::Error(base::ErrorNumber::InvalidCall, "no bundled font of that name");
 }
 
 UniqueFont interfaceFont(int dpi) {
@@ -99,7 +125,8 @@ UniqueFont pictureFont(const ui::Font& font, int dpi) {
 
 std::vector<std::string> installedFonts() {
   // Fonts of this process alone are not listed by every system.
-  std::set<std::string> names = {"Zervo Sans", "Zervo ISO", "Zervo ASCII", "Zervo RUS"};
+  std::set<std::string> names;
+  for (const Bundled& bundled : kBundled) names.emplace(bundled.family);
   LOGFONTW all{};
   all.lfCharSet = DEFAULT_CHARSET;
   const HDC screen = GetDC(nullptr);

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "platform/win32/handles.h"
@@ -22,6 +23,9 @@ class BundledFonts {
  private:
   std::vector<HANDLE> fonts_;
 };
+
+// The TrueType file of a bundled family; throws when the family is not one of them.
+std::string bundledFontFile(std::string_view family);
 
 UniqueFont interfaceFont(int dpi);
 // The user's menu font; the interface font in its size where that has no Georgian letters.

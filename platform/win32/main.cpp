@@ -32,7 +32,9 @@ int run() {
   program::Program program(platform, codeView);
   const win32::MainWindow window(program.window(), codeView);
   program.start(win32::utf8FromWide(commandLine()));
-  return win32::runMessageLoop([&program] { program.window().idle(); });
+  const int result = win32::runMessageLoop([&program] { program.window().idle(); });
+  platform.closeModeless();
+  return result;
 }
 
 }  // namespace

@@ -1,6 +1,7 @@
 #include "platform/win32/shell.h"
 
 #include <shellapi.h>
+#include <shlwapi.h>
 
 #include "platform/win32/handles.h"
 #include "platform/win32/strings.h"
@@ -13,6 +14,26 @@ bool shellOpen(HWND owner, std::string_view path, std::string_view parameters) {
       ShellExecuteW(owner, nullptr, wideFromUtf8(path).c_str(),
                     wideParameters.empty() ? nullptr : wideParameters.c_str(), nullptr, SW_SHOWNORMAL);
   return reinterpret_cast<INT_PTR>(result) > 32;  // the call's own way to say yes
+}
+
+bool browse(HWND owner, std::string_view path) {
+  std::wstring full(32768, L'\0');
+  full.resize(
+      GetFullPathNameW(wideFromUtf8(path).c_str(), static_cast<DWORD>(full.size()), full.data(), nullptr));
+  // What opens web addresses: pages on the disk may be tied to an editor.
+  wchar_t browser[MAX_PATH];
+  DWORD size = MAX_PATH;
+  if (SUCCEEDED(AssocQueryStringW(ASSOCF_NONE, ASSOCSTR_EXECUTABLE, L"http", L"open", browser, &size))) {
+    std::wstring url(full.size() * 9 + 16, L'\0');  // no character takes more
+    DWORD length = static_cast<DWORD>(url.size());
+    if (UrlCreateFromPathW(full.c_str(), url.data(), &length, 0) == S_OK) {
+      url.resize(length);
+      const HINSTANCE result =
+          ShellExecuteW(owner, nullptr, browser, (L"\"" + url + L"\"").c_str(), nullptr, SW_SHOWNORMAL);
+      if (reinterpret_cast<INT_PTR>(result) > 32) return true;
+    }
+  }
+  return shellOpen(owner, utf8FromWide(full), "");
 }
 
 bool startProcess(std::string_view commandLine) {

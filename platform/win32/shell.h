@@ -8,6 +8,8 @@
 namespace win32 {
 
 bool shellOpen(HWND owner, std::string_view path, std::string_view parameters);
+// A page on the disk in the default browser.
+bool browse(HWND owner, std::string_view path);
 bool startProcess(std::string_view commandLine);
 // Nothing happens where the system has no help viewer or the file is missing.
 void showHelp(HWND owner, std::string_view path, std::string_view topic);

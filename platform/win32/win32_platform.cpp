@@ -66,6 +66,10 @@ std::vector<std::string> Win32Platform::fontNames() const {
   return installedFonts();
 }
 
+std::string Win32Platform::fontFile(std::string_view family) const {
+  return bundledFontFile(family);
+}
+
 std::string Win32Platform::programFolder() const {
   return base::folderOf(programFile());
 }
@@ -109,6 +113,10 @@ std::unique_ptr<ui::Ftp> Win32Platform::makeFtp() {
 
 bool Win32Platform::shellOpen(std::string_view path, std::string_view parameters) {
   return win32::shellOpen(activeWindow(), path, parameters);
+}
+
+bool Win32Platform::browse(std::string_view path) {
+  return win32::browse(activeWindow(), path);
 }
 
 bool Win32Platform::startProcess(std::string_view commandLine) {

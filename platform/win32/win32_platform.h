@@ -20,6 +20,7 @@ class Win32Platform final : public ui::Platform {
   std::optional<std::string> pickFolder(const ui::Text& title) override;
   std::optional<base::Color> pickColor(base::Color first) override;
   std::vector<std::string> fontNames() const override;
+  std::string fontFile(std::string_view family) const override;
   std::string programFolder() const override;
   std::string resource(std::string_view name) const override;
   std::string registryValue(std::string_view section, std::string_view key) const override;
@@ -32,9 +33,13 @@ class Win32Platform final : public ui::Platform {
   std::unique_ptr<ui::Ftp> makeFtp() override;
   ui::Printer* printer() override { return &printer_; }
   bool shellOpen(std::string_view path, std::string_view parameters) override;
+  bool browse(std::string_view path) override;
   bool startProcess(std::string_view commandLine) override;
   void onHelp(std::function<void(const ui::Form&)> help) override { setHelp(std::move(help)); }
   void showHelpFile(std::string_view path, std::string_view topic) override;
+
+  // Before the forms go, which the windows refer to.
+  void closeModeless() { modeless_.clear(); }
 
  private:
   std::vector<std::unique_ptr<DialogHost>> modeless_;

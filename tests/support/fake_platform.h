@@ -62,6 +62,8 @@ class FakePlatform : public ui::Platform {
   std::vector<std::string> fonts;
   std::vector<std::string> fontNames() const override { return fonts; }
 
+  std::string fontFile(std::string_view family) const override { return "\xFFthe font " + std::string(family); }
+
   std::string folder;  // the program's
   std::string programFolder() const override { return folder; }
   std::map<std::string, std::string, std::less<>> resources;  // besides those of resources/custom
@@ -99,7 +101,11 @@ class FakePlatform : public ui::Platform {
   ui::Printer* device = nullptr;
   ui::Printer* printer() override { return device; }
 
-  std::vector<std::string> opened, started, helped;
+  std::vector<std::string> opened, browsed, started, helped;
+  bool browse(std::string_view path) override {
+    browsed.emplace_back(path);
+    return true;
+  }
   bool shellOpen(std::string_view path, std::string_view parameters) override {
     opened.push_back(std::string(path) + (parameters.empty() ? "" : " " + std::string(parameters)));
     return true;

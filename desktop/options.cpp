@@ -1,0 +1,25 @@
+#include "desktop/options.h"
+
+#include "app/menu_names.h"
+#include "desktop/frmproperties.h"
+#include "resources/ids.h"
+
+namespace desktop {
+
+void attachOptions(app::Workbench& bench) {
+  const auto show = [&bench] {
+    frmproperties form(bench);
+    bench.platform().showModal(form);
+    bench.codeView().setFocus();
+  };
+  std::vector<app::Command> rows(1);
+  rows[0].id = mnuproperties;
+  rows[0].name = "mnuproperties";
+  rows[0].caption = "&პარამეტრები...";
+  rows[0].run = show;
+  rows[0].help = "პროგრამის პარამეტრები";
+  bench.addCommands(std::move(rows));
+  bench.addMenu({app::kViewMenu, {{0, {}, {}}, {mnuproperties, {}, {}}}});
+}
+
+}  // namespace desktop

@@ -1,0 +1,31 @@
+// Preview: the shown page, unsaved text included, in the embedded browser or in the default one.
+#pragma once
+
+#include "app/workbench.h"
+#include "desktop/frmpreview.h"
+#include "desktop/preview_copy.h"
+
+namespace desktop {
+
+class Preview {
+ public:
+  // Adds its command; `bench` must outlive it. The temporary copy goes with it at the latest.
+  explicit Preview(app::Workbench& bench);
+  Preview(const Preview&) = delete;
+  Preview& operator=(const Preview&) = delete;
+
+ private:
+  void mnuPreview_Click();
+  bool showsPage();
+  void writeCopy();
+  void openBrowser();
+  void left();
+
+  app::Workbench& bench_;
+  frmpreview window_;
+  PreviewCopy copy_;
+  bool inBrowser_ = false;  // the copy is shown there: it may be read again at any time
+  bool noEngine_ = false;   // found out at the first preview
+};
+
+}  // namespace desktop

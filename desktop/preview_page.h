@@ -1,0 +1,27 @@
+// The text of a page as a browser gets it for the preview.
+#pragma once
+
+#include <functional>
+#include <string>
+#include <string_view>
+
+namespace desktop {
+
+// What the keyboard gives at the moment, as far as it tells what the page's letters mean.
+enum class PageLetters { Own, KeyboardLayout, Russian };
+
+// The letters of the legacy 8-bit encoding are the page's Georgian: more of them than of UTF-8, standing in
+// words (in Western languages they are single accented letters), and the page names no other encoding that
+// such bytes could be in.
+bool readsAsLegacy(std::string_view page);
+
+// `page` byte for byte, and in its head what a browser needs to show the Georgian letters of legacy fonts
+// with the bundled ones, and links from where the page really is. `folderUrl` is empty where the copy stands
+// beside the page. `fontFile` gives a bundled font by its family.
+std::string previewPage(std::string_view page, PageLetters letters, const std::string& folderUrl,
+                        const std::function<std::string(std::string_view family)>& fontFile);
+
+// The URL of a path; a folder's ends in "/" when the path ends in "\".
+std::string fileUrl(std::string_view path);
+
+}  // namespace desktop
