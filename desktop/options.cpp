@@ -15,7 +15,7 @@ void attachOptions(app::Workbench& bench) {
   std::vector<app::Command> rows(1);
   rows[0].id = mnuproperties;
   rows[0].name = "mnuproperties";
-  rows[0].caption = "&პარამეტრები...";
+  rows[0].caption = "|53|&პარამეტრები...";
   rows[0].run = show;
   rows[0].help = "პროგრამის პარამეტრები";
   bench.addCommands(std::move(rows));
