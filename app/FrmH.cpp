@@ -224,6 +224,7 @@ void FrmH::addOwnCommands() {
 void FrmH::addCommands(std::vector<Command> rows) {
   for (Command& row : rows) {
     const int id = row.id;
+    if (!row.run) throw std::logic_error("command without a handler");
     if (!commands_.emplace(id, std::move(row)).second) throw std::logic_error("command added twice");
   }
 }

@@ -28,7 +28,7 @@ std::string selectionPreview(std::string_view text, int start, int length, const
 
 StatusPanels::StatusPanels(app::Workbench& bench, const Conversions& conversions)
     : bench_(bench), conversions_(conversions) {
-  app::Command toggle{mnuPreviewPane, "mnuPreviewPane", "|46|მონიშნულის &გაშიფვრა", {}, [this] {
+  app::Command toggle{mnuPreviewPane, "mnuPreviewPane", "|46|მონიშნულის გაში&ფვრა", {}, [this] {
                         bench_.props().SelectionPreview = !bench_.props().SelectionPreview;
                         showPreview();
                         bench_.saveProps();

@@ -32,7 +32,7 @@ Generators::Generators(app::Workbench& bench) : bench_(bench), tableAndColor_(be
                   nullptr,
                   nullptr,
                   "გვერდები ფრეიმებით: განლაგება, თვისებები, ახალი დოკუმენტები"});
-  app::MenuPlan::Line submenu{0, "|85|&ფორმატები", {mnutempformat, 0}, "მონიშნულის ჩასმა საკუთარ ფორმატში"};
+  app::MenuPlan::Line submenu{0, "|85|ფორ&მატები", {mnutempformat, 0}, "მონიშნულის ჩასმა საკუთარ ფორმატში"};
   for (int id = mnuTFlist; id <= mnuTFlistLast; ++id) {
     const auto number = static_cast<std::size_t>(id - mnuTFlist);
     app::Command row{id, "mnuTFlist", "", {}, [this, number] { applyTemplate(number); }};
