@@ -9,6 +9,7 @@
 #include "base/text.h"
 #include "convert/attach.h"
 #include "desktop/frmproperties.h"
+#include "tests/support/fake_canvas.h"
 #include "tests/support/main_window.h"
 
 namespace {
@@ -200,25 +201,6 @@ TEST_F(OptionsTest, TheTypingModeOfTheSettingsIsThereAtStart) {
   EXPECT_EQ(T1.currentFont().characterSet, ui::CharacterSet::Russian);
 }
 
-// Remembers what was drawn.
-class Sketch : public ui::Canvas {
- public:
-  void fill(const ui::Rect&, base::Color color) override { ground = color; }
-  void frame(const ui::Rect&, base::Color, int) override {}
-  void line(ui::Point, ui::Point, base::Color) override {}
-  void text(const ui::Rect&, const ui::Text& words, base::Color color, const ui::TextStyle& style) override {
-    shown = words.bytes;
-    ink = color;
-    font = style.font;
-  }
-  ui::Size textSize(const ui::Text&, const ui::TextStyle&) override { return {}; }
-  void focusMark(const ui::Rect&) override {}
-  base::Color systemColor(ui::SystemColor) const override { return 0; }
-  base::Color ground = 0, ink = 0;
-  std::string shown;
-  ui::Font font;
-};
-
 TEST_F(OptionsTest, TheSampleFollowsTheFields) {
   start();
   platform.colorAnswers = {0x112233, 0x445566};
@@ -230,14 +212,16 @@ TEST_F(OptionsTest, TheSampleFollowsTheFields) {
     form.Cback.click();
     form.Ctext.click();
     form.Cback.click();  // cancelled
-    Sketch sketch;
-    form.Psample.paint(sketch);
-    EXPECT_EQ(sketch.ground, 0x112233U);
-    EXPECT_EQ(sketch.ink, 0x445566U);
-    EXPECT_EQ(sketch.font, (ui::Font{"Arial", 11, false, true, ui::CharacterSet::Ansi}));
-    EXPECT_NE(sketch.shown.find("\xD8\xC0\xD2\xC8\xD6\xCB\xC9"), std::string::npos);  // ქართული
-    form.Ptyping[0]->paint(sketch);
-    EXPECT_EQ(sketch.font.name, "Zervo RUS");
+    tests::FakeCanvas canvas;
+    form.Psample.userSize({300, 60});
+    form.Psample.paint(canvas);
+    form.Ptyping[0]->paint(canvas);
+    EXPECT_EQ(canvas.at({5, 5}), 0x112233U);
+    ASSERT_EQ(canvas.words.size(), 2U);
+    EXPECT_EQ(canvas.words[0].color, 0x445566U);
+    EXPECT_EQ(canvas.words[0].font, (ui::Font{"Arial", 11, false, true, ui::CharacterSet::Ansi}));
+    EXPECT_NE(canvas.words[0].text.find("\xD8\xC0\xD2\xC8\xD6\xCB\xC9"), std::string::npos);  // ქართული
+    EXPECT_EQ(canvas.words[1].font.name, "Zervo RUS");
     form.CEXIT.click();
   });
 }

@@ -15,7 +15,9 @@ class FakeCanvas : public ui::Canvas {
   };
   struct Words {
     ui::Rect place;
-    std::string text;  // as the user reads it
+    std::string text;  // as the user reads it; byte text as it is
+    base::Color color;
+    ui::Font font;
   };
   std::vector<Area> filled, framed;
   std::vector<Words> words;
@@ -23,8 +25,9 @@ class FakeCanvas : public ui::Canvas {
   void fill(const ui::Rect& area, base::Color color) override { filled.push_back({area, color}); }
   void frame(const ui::Rect& area, base::Color color, int) override { framed.push_back({area, color}); }
   void line(ui::Point, ui::Point, base::Color) override {}
-  void text(const ui::Rect& area, const ui::Text& text, base::Color, const ui::TextStyle&) override {
-    words.push_back({area, ui::display(text)});
+  void text(const ui::Rect& area, const ui::Text& text, base::Color color,
+            const ui::TextStyle& style) override {
+    words.push_back({area, ui::display(text), color, style.font});
   }
   ui::Size textSize(const ui::Text& text, const ui::TextStyle&) override {
     constexpr ui::Size kLetter{8, 15};
