@@ -47,7 +47,7 @@ class FrmH : public ui::MainForm, public Workbench {
 
   // Documents (FrmH_documents.cpp)
   void mnuOpen_Click();
-  void mnunewF_Click(const char* extension, const std::string& text);
+  void mnunewF_Click(const char* extension, const std::string& text) override;
   void mnuClose_Click();
   bool closeDocument(std::int16_t index);
   void ofnen(const std::string& path) override;

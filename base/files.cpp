@@ -138,6 +138,32 @@ std::uintmax_t fileSize(std::string_view path) {
   return error ? 0 : size;
 }
 
+std::vector<std::string> filesIn(std::string_view folder) {
+  std::vector<std::string> names;
+  std::error_code error;
+  fs::directory_iterator entry(native(folder), error);
+  while (!error && entry != fs::directory_iterator()) {
+    std::error_code unknown;
+    if (entry->is_regular_file(unknown)) {
+      try {
+        const std::u8string name = entry->path().filename().u8string();
+        names.emplace_back(name.begin(), name.end());
+      } catch (const std::system_error&) {  // no Unicode: nobody could open it by that name
+      }
+    }
+    entry.increment(error);
+  }
+  if (error) fail(error.default_error_condition().value(), folder);
+  return names;
+}
+
+void makeFolder(std::string_view path) {
+  if (fileExists(path)) fail(ENOTDIR, path);
+  std::error_code error;
+  fs::create_directory(native(path), error);
+  if (error) fail(error.default_error_condition().value(), path);
+}
+
 constexpr std::size_t kReadAhead = 1U << 16U;
 
 std::string readFile(std::string_view path) {

@@ -16,6 +16,11 @@ std::vector<std::string> fileNames(
     std::string_view folder);  // of its ordinary files; none when it cannot be read
 std::string tempFolder();      // the user's own, for what need not last; without a "\\" at its end
 
+// Names of the ordinary files of a folder, in no order.
+std::vector<std::string> filesIn(std::string_view folder);
+// Makes one folder in an existing one; does nothing when it is there.
+void makeFolder(std::string_view path);
+
 std::string readFile(std::string_view path);
 
 // The file holds exactly `bytes` afterwards. Written beside the target, flushed, then put in its place, so

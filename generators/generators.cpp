@@ -8,6 +8,7 @@
 #include "base/text.h"
 #include "generators/frmCSSstile.h"
 #include "generators/frmDesign.h"
+#include "generators/frmMatrix.h"
 #include "generators/frmtempformat.h"
 #include "generators/selection.h"
 #include "resources/ids.h"
@@ -55,6 +56,7 @@ Generators::Generators(app::Workbench& bench) : bench_(bench), tableAndColor_(be
                   "კურსორთან მდგომი წესის ან STYLE ატრიბუტის შედგენა"});
   bench.addCommands(std::move(rows));
   bench.addMenu({app::kTagsMenu, {{mnuDesign, {}, {}}, {mnuCSSstile, {}, {}}, {0, {}, {}}, submenu}});
+  addSavedPages(bench);
 }
 
 std::string Generators::keptFile() const {

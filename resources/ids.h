@@ -98,6 +98,7 @@
 #define mnuDesign 40801
 #define mnuTabColor 40802
 #define mnuTable 40803
+#define mnuMatrix 40804
 #define mnutempformat 40820
 #define mnuTFlist 40821     // the first template in the menu
 #define mnuTFlistLast 40899
@@ -126,6 +127,18 @@
 #define IDC_frmCSSstile_COK 2020
 #define IDC_frmCSSstile_CEXIT 2021
 #define mnuCSSstile 40810
+
+// Saved pages
+#define IDD_frmMatrix 1950
+#define IDC_frmMatrix_List1 1951
+#define IDC_frmMatrix_Tpreview 1952
+#define IDC_frmMatrix_Linfo 1953
+#define IDC_frmMatrix_Cnew 1954
+#define IDC_frmMatrix_Csave 1955
+#define IDC_frmMatrix_Crename 1956
+#define IDC_frmMatrix_Cdelete 1957
+#define IDC_frmMatrix_Csamples 1958
+#define IDC_frmMatrix_CEXIT 1959
 
 // FTP upload
 #define IDD_frmupload 2100

@@ -99,7 +99,8 @@ LRESULT TextPeer::handleOf(HWND window, UINT message, WPARAM wParam, LPARAM lPar
     onCommand(EN_CHANGE);
     return set;
   }
-  if (!holdsBytes()) return forward(window, message, wParam, lParam);
+  const bool readOnly = (GetWindowLongPtrW(window, GWL_STYLE) & ES_READONLY) != 0;
+  if (!holdsBytes() || readOnly) return forward(window, message, wParam, lParam);
   if (message == WM_PASTE) {
     enter(clipboardText(window));
     return 0;

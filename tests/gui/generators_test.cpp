@@ -1,4 +1,5 @@
-// The generators in the real program: pictures under the real mouse and keyboard, and what they insert.
+// The generators in the real program: pictures under the real mouse and keyboard, what they insert, and saved
+// pages.
 #include "tests/gui/fixture.h"
 
 namespace {
@@ -75,6 +76,68 @@ TEST_F(Generators, FramesetPagesAreNewDocuments) {
   zervo.command(mnuExit);
   EXPECT_NE(zervo.answer(IDC_frmBOXa_Cno), "");
   EXPECT_EQ(zervo.waitForEnd(), 0u);
+}
+
+// Legacy letters, bytes without a letter, and line ends of all kinds.
+std::string legacyPage() {
+  return "<HTML>\r\n<BODY>\xC0\xC1\xE4 \x81\x8D\n\x85 lone\r end</BODY>\r\n";
+}
+
+TEST_F(Generators, APageIsSavedAndMadeADocument) {
+  const auto pages = folder / L"Pages";
+  gui::Zervo zervo = open({file(L"old.html", legacyPage())});
+  zervo.command(mnuMatrix);
+  HWND form = gui::shownForm(L"frmMatrix");
+  EXPECT_FALSE(IsWindowEnabled(GetDlgItem(form, IDC_frmMatrix_Cnew)));
+  gui::press(form, IDC_frmMatrix_Csave);
+  HWND box = gui::shownForm(L"frmBOXa");
+  gui::fill(box, IDC_frmBOXa_Tanswer, L"ნიმუში");
+  gui::press(box, IDC_frmBOXa_COK);
+  const HWND list = GetDlgItem(form, IDC_frmMatrix_List1);
+  gui::waitFor("the page", [&] { return SendMessageW(list, LB_GETCOUNT, 0, 0) == 1; });
+  EXPECT_EQ(gui::readBytes(pages / L"ნიმუში.html"), legacyPage());
+  EXPECT_EQ(gui::Dialog(form).text(IDC_frmMatrix_Linfo), std::to_string(legacyPage().size()) + " ბაიტი");
+
+  // The preview shows its lines and takes nothing.
+  const HWND preview = GetDlgItem(form, IDC_frmMatrix_Tpreview);
+  EXPECT_EQ(SendMessageW(preview, EM_GETLINECOUNT, 0, 0), 5);
+  const std::string shown = gui::Dialog(form).text(IDC_frmMatrix_Tpreview);
+  gui::setClipboard(L"pasted");
+  SendMessageW(preview, WM_PASTE, 0, 0);
+  SendMessageW(preview, WM_CHAR, L'x', 1);
+  EXPECT_EQ(gui::Dialog(form).text(IDC_frmMatrix_Tpreview), shown);
+
+  // F2 renames.
+  PostMessageW(list, WM_KEYDOWN, VK_F2, 1);
+  box = gui::shownForm(L"frmBOXa");
+  gui::fill(box, IDC_frmBOXa_Tanswer, L"one");
+  gui::press(box, IDC_frmBOXa_COK);
+  gui::waitFor("the new name", [&] { return std::filesystem::exists(pages / L"one.html"); });
+  gui::press(form, IDC_frmMatrix_CEXIT);
+  zervo.waitUntilFree();
+  zervo.select(0, 0);
+  zervo.type('x');
+
+  zervo.command(mnuMatrix);
+  form = gui::shownForm(L"frmMatrix");
+  PostMessageW(GetDlgItem(form, IDC_frmMatrix_List1), WM_KEYDOWN, VK_RETURN, 1);
+  gui::waitFor("the new document", [&] { return zervo.caption() == "Zervo [nosaved1.HTML]"; });
+  zervo.waitUntilFree();
+  zervo.command(mnuMatrix);
+  form = gui::shownForm(L"frmMatrix");
+  gui::press(form, IDC_frmMatrix_Csave);
+  box = gui::shownForm(L"frmBOXa");
+  gui::fill(box, IDC_frmBOXa_Tanswer, L"two.htm");
+  gui::press(box, IDC_frmBOXa_COK);
+  gui::waitFor("the second page", [&] { return gui::readBytes(pages / L"two.htm") == legacyPage(); });
+
+  // Delete asks first.
+  gui::press(form, IDC_frmMatrix_Cdelete);
+  gui::press(gui::shownForm(L"frmBOXa"), IDC_frmBOXa_Cyes);
+  gui::waitFor("the end of the page", [&] { return !std::filesystem::exists(pages / L"two.htm"); });
+  EXPECT_TRUE(std::filesystem::exists(pages / L"one.html"));
+  gui::press(form, IDC_frmMatrix_CEXIT);
+  zervo.waitUntilFree();
 }
 
 }  // namespace
