@@ -4,6 +4,7 @@
 
 #include "app/mdlsaerto.h"
 #include "base/cp1252.h"
+#include "base/error.h"
 #include "base/files.h"
 
 namespace generators {
@@ -95,8 +96,16 @@ TemplateFormat frmtempformat::edited() const {
   return TemplateFormat::of(base::storedName(Tsaxeli.text()), Tfor.text(), Tnach.text());
 }
 
+// Behind the list, if a file can still hold it all.
+void frmtempformat::append(const TemplateFormats& more) {
+  if (templates_.size() + more.size() > kMostTemplates) {
+    throw base::Error(base::ErrorNumber::InvalidCall, "ფორმატები მეტისმეტად ბევრია.");
+  }
+  templates_.insert(templates_.end(), more.begin(), more.end());
+}
+
 void frmtempformat::Cadd_Click() {
-  templates_.push_back(edited());
+  append({edited()});
   showList(static_cast<int>(templates_.size()) - 1);
   changed_();
 }
@@ -130,8 +139,7 @@ std::string frmtempformat::folder() const {
 void frmtempformat::Copen_Click() {
   const auto paths = bench_.platform().openFiles({"gaxsna"_keyboard, kFilter, {}, false, folder()});
   if (paths.empty()) return;
-  const TemplateFormats loaded = decodeTemplates(base::readFile(paths[0]));
-  templates_.insert(templates_.end(), loaded.begin(), loaded.end());
+  append(decodeTemplates(base::readFile(paths[0])));
   showList(-1);
   changed_();
 }

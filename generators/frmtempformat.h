@@ -44,6 +44,7 @@ class frmtempformat : public ui::Form {
   void Cremove_Click();
   void Copen_Click();
   void Csave_Click();
+  void append(const TemplateFormats& more);
   void move(int by);
   void showList(int selected);
   void enableButtons();

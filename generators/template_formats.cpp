@@ -8,13 +8,20 @@
 namespace generators {
 namespace {
 
-// Counts and lengths are 16-bit numbers with a sign.
+// Bound and lengths are 16-bit numbers with a sign.
 constexpr std::size_t kMost = std::numeric_limits<std::int16_t>::max();
 
 std::string readText(base::BinaryReader& reader) {
   const std::uint16_t size = reader.u16();
   if (size > kMost) throw base::Error(base::ErrorNumber::BadFileFormat, "ფორმატების ფაილი დაზიანებულია.");
   return std::string(reader.raw(size));
+}
+
+void checkLength(const std::string& text) {
+  if (text.size() > kMost) {
+    throw base::Error(base::ErrorNumber::InvalidCall,
+                      "ფორმატის ტექსტი მეტისმეტად გრძელია (32767 ბაიტზე მეტი).");
+  }
 }
 
 }  // namespace
@@ -24,10 +31,8 @@ TemplateFormat TemplateFormat::of(std::string name, std::string_view beginning, 
     throw base::Error(base::ErrorNumber::InvalidCall, "ფორმატის ბოლო გამყოფ ნიშანს შეიცავს.");
   }
   TemplateFormat made{std::move(name), std::string(beginning).append(kTemplateSeparator).append(end)};
-  if (made.name.size() > kMost || made.text.size() > kMost) {
-    throw base::Error(base::ErrorNumber::InvalidCall,
-                      "ფორმატის ტექსტი მეტისმეტად გრძელია (32767 ბაიტზე მეტი).");
-  }
+  checkLength(made.name);
+  checkLength(made.text);
   return made;
 }
 
@@ -41,13 +46,14 @@ std::string TemplateFormat::end() const {
 }
 
 std::string encodeTemplates(const TemplateFormats& templates) {
-  if (templates.size() > kMost) {
+  if (templates.size() > kMostTemplates) {
     throw base::Error(base::ErrorNumber::InvalidCall, "ფორმატები მეტისმეტად ბევრია.");
   }
   base::BinaryWriter writer;
   writer.u16(static_cast<std::uint16_t>(templates.size() - 1));  // the upper bound; -1: none
   for (const TemplateFormat& format : templates) {
     for (const std::string& text : {format.name, format.text}) {
+      checkLength(text);
       writer.u16(static_cast<std::uint16_t>(text.size()));
       writer.raw(text);
     }

@@ -22,8 +22,10 @@ struct TemplateFormat {
 };
 
 using TemplateFormats = std::vector<TemplateFormat>;
+inline constexpr std::size_t kMostTemplates = 32768;  // the upper bound has 16 bits, one for the sign
 
-std::string encodeTemplates(const TemplateFormats& templates);  // throws base::Error when there are too many
+// Throws base::Error when there are too many, or when a name or text is longer than a file can say.
+std::string encodeTemplates(const TemplateFormats& templates);
 // What follows the last record is left alone. Throws base::Error(BadFileFormat) when the file is shorter than
 // it says.
 TemplateFormats decodeTemplates(std::string_view bytes);

@@ -1,13 +1,22 @@
 // Template formats: their files, the dialog, and how they are applied.
 #include <gtest/gtest.h>
 
+#include <array>
+#include <cstdint>
 #include <random>
 
 #include "generators/frmtempformat.h"
 #include "generators/generators.h"
 #include "tests/support/main_window.h"
 
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size);
+
 namespace {
+
+// Ends the test program when the rules are wrong about the bytes.
+void fuzz(const std::string& bytes) {
+  LLVMFuzzerTestOneInput(reinterpret_cast<const std::uint8_t*>(bytes.data()), bytes.size());
+}
 
 using generators::TemplateFormat;
 using generators::TemplateFormats;
@@ -28,28 +37,54 @@ TEST(Templates, FilesAreExact) {
 TEST(Templates, WhatNoFileCanHoldIsRefused) {
   EXPECT_ANY_THROW(TemplateFormat::of("n", "", "<\xA7$\xA7>"));
   EXPECT_ANY_THROW(TemplateFormat::of("n", std::string(32763, 'x'), ""));
-  EXPECT_NO_THROW(TemplateFormat::of("n", std::string(32762, 'x'), ""));
+  const TemplateFormat longest = TemplateFormat::of(std::string(32767, 'n'), std::string(32762, 'x'), "");
+  EXPECT_EQ(generators::decodeTemplates(generators::encodeTemplates({longest})), TemplateFormats{longest});
+  // Not made by of(): a length of 32768 would read as -32768, one of 65536 as 0.
+  for (const std::size_t size : {32768u, 65535u, 65536u}) {
+    EXPECT_ANY_THROW(generators::encodeTemplates({{"n", std::string(size, 'x')}}));
+    EXPECT_ANY_THROW(generators::encodeTemplates({{std::string(size, 'x'), ""}}));
+  }
+}
+
+TEST(Templates, TheLargestCountsAndLengths) {
+  const std::string most = "\xFF\x7F";  // 32767
+  const std::string empty(std::size_t{32768} * 4, '\0');
+  const TemplateFormats all = generators::decodeTemplates(most + empty);
+  EXPECT_EQ(all, TemplateFormats(32768));
+  EXPECT_EQ(generators::encodeTemplates(all), most + empty);
+  EXPECT_ANY_THROW(generators::encodeTemplates(TemplateFormats(32769)));
+  EXPECT_ANY_THROW(generators::decodeTemplates(most + empty.substr(1)));
+  // Lengths that add up to 2 GB in a file of some hundred bytes.
+  std::string claims = most;
+  for (int i = 0; i < 100; ++i) claims += most;
+  EXPECT_ANY_THROW(generators::decodeTemplates(claims));
 }
 
 TEST(Templates, DamagedFilesAreRefusedOrReadForWhatTheySay) {
-  for (const std::string& bad : {std::string(), std::string("\0", 1), std::string("\xFE\xFF", 2),
-                                 std::string("\xFF\x7F\0\0\0\0", 6), std::string("\0\0\xFF\xFF", 4)}) {
+  for (const std::string& bad :
+       {std::string("\xFE\xFF", 2), std::string("\0\0\xFF\xFF", 4), std::string("\0\0\0\0\0\x80", 6)}) {
     EXPECT_ANY_THROW(generators::decodeTemplates(bad));
   }
-  for (std::size_t size = 0; size < kOne.size(); ++size)
-    EXPECT_ANY_THROW(generators::decodeTemplates(kOne.substr(0, size)));
   const std::string good =
       generators::encodeTemplates({TemplateFormat::of("a", "<A>", "</A>"), TemplateFormat::of("", "", ""),
-                                   TemplateFormat::of("c", "x", "y")});
+                                   TemplateFormat::of("c", "x<\xA7$\xA7>", "y")});
+  for (std::size_t size = 0; size < good.size(); ++size) {
+    EXPECT_ANY_THROW(generators::decodeTemplates(good.substr(0, size)));
+    fuzz(good.substr(0, size));
+  }
   std::mt19937 random(1);
-  for (int round = 0; round < 3000; ++round) {
-    std::string bytes = good;
-    for (int i = 0; i < 3; ++i) bytes[random() % bytes.size()] = static_cast<char>(random());
-    try {
-      const std::string again = generators::encodeTemplates(generators::decodeTemplates(bytes));
-      EXPECT_TRUE(bytes.starts_with(again));
-    } catch (const std::exception&) {  // refused
+  constexpr std::array<char, 6> kEdges = {'\0', '\1', '\x7F', '\x80', '\xFF', '\xA7'};
+  for (int round = 0; round < 20000; ++round) {
+    std::string bytes = good + std::string(random() % 3, 'z');
+    const auto place = [&] { return random() % bytes.size(); };
+    for (std::uint32_t changes = random() % 4; changes > 0; --changes) {
+      const std::uint32_t way = random() % 4;
+      if (way == 0) bytes[place()] = static_cast<char>(random());
+      if (way == 1) bytes[place()] = kEdges[random() % kEdges.size()];
+      if (way == 2 && bytes.size() > 1) bytes.erase(place(), 1);
+      if (way == 3) bytes.insert(place(), good.substr(random() % good.size(), random() % 6));
     }
+    fuzz(bytes);
   }
 }
 
@@ -122,6 +157,24 @@ TEST_F(TemplateDialog, TheListIsEditedSavedAndLoaded) {
     platform.modal.push_back([](ui::Form& box) { press(dynamic_cast<app::frmBOXa&>(box), app::kAnswerOk); });
     form.Copen.click();
     EXPECT_EQ(part->templates().size(), 4u);
+    // What no file could hold enters neither the list nor the kept file, and the form stays for mending it.
+    const std::string kept = base::readFile(this->kept());
+    const auto refused = [&](const std::function<void()>& act) {
+      platform.modal.push_back(
+          [](ui::Form& box) { press(dynamic_cast<app::frmBOXa&>(box), app::kAnswerOk); });
+      act();
+      EXPECT_EQ(part->templates().size(), 4u);
+      EXPECT_EQ(base::readFile(this->kept()), kept);
+      EXPECT_FALSE(form.closed());
+    };
+    base::writeFile(file, "\xFF\x7F" + std::string(std::size_t{32768} * 4, '\0'));
+    platform.openAnswers.push_back({file});
+    refused([&] { form.Copen.click(); });
+    fill(form, "long", std::string(40000, 'x').c_str(), "");
+    refused([&] { form.COK.click(); });
+    form.List1.userSelect(0);
+    form.Tfor.userSet(std::string(40000, 'x'));
+    refused([&] { form.Cchange.click(); });
   });
   base::writeFile(kept(), "\x05");
   startAgain();
