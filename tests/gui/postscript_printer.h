@@ -75,7 +75,7 @@ class PostScriptPrinter {
   }
 
  private:
-  static constexpr const char* kDescription = R"(*PPD-Adobe: "4.3"
+  static constexpr const char* kDescription = R"ppd(*PPD-Adobe: "4.3"
 *FormatVersion: "4.3"
 *FileVersion: "1.0"
 *LanguageVersion: English
@@ -110,7 +110,7 @@ class PostScriptPrinter {
 *PaperDimension Letter/Letter: "612 792"
 *DefaultFont: Courier
 *Font Courier: Standard "(002.004S)" Standard ROM
-)";
+)ppd";
 
   std::filesystem::path output_;
   HANDLE handle_ = nullptr;
