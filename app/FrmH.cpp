@@ -25,7 +25,7 @@ void tidySeparators(std::vector<ui::MenuItem>& items) {
 
 FrmH::FrmH(ui::Platform& platform, ui::CodeView& codeView)
     : MainForm("FrmH", IDD_FrmH, codeView), platform_(platform) {
-  setCaption("Zervo");
+  showName("");
   platform_.onHelp([this](const ui::Form& form) {
     guarded(platform_, [&] { ShowHelp(platform_, "ka/" + std::string(form.name()) + ".htm"); });
   });
@@ -37,6 +37,31 @@ FrmH::FrmH(ui::Platform& platform, ui::CodeView& codeView)
               {kIconMedia, Sound},   {kIconPicture, Picture},  {kIconPictureData, Picture}};
   TV.nodeClicked.connect([this](int node) { guarded(platform_, [&] { TV_NodeClick(node); }); });
   TV.contextMenu.connect([this] { guarded(platform_, [&] { TV_ContextMenu(); }); });
+  TV.draggable = [this](int node) { return !busy_ && documentOfNode(node) >= 0; };
+  TV.canDropOn = [this](int node, int target) { return TV_CanDropOn(node, target); };
+  TV.droppedOn.connect([this](int node, int target) { perform([&] { TV_DroppedOn(node, target); }); });
+  TV.droppedInText.connect([this](int node) {
+    perform([&] {
+      documentDropped(documentOfNode(node));
+      T1.setFocus();
+    });
+  });
+  TS.hint = "გახსნილი დოკუმენტები";
+  TS.movable = true;
+  TS.chosen.connect([this](int tab) {
+    perform([&] {
+      const std::int16_t document = tabbed_[static_cast<std::size_t>(tab)];
+      if (document >= 0) showDocument(document);
+      T1.setFocus();
+    });
+    showTabs();
+  });
+  TS.closeAsked.connect([this](int tab) { perform([&] { TS_CloseAsked(tab); }); });
+  TS.moved.connect([this](int from, int to) { perform([&] { TS_Moved(from, to); }); });
+  leftPane = &TV;
+  above = &TS;
+  rightTabs = &Ttags;
+  rightPane = &Ltags;
   T1.changed.connect([this] { T1_Change(); });
   T1.selectionChanged.connect([this] { T1_SelChange(); });
   T1.keyDown.connect([this](int key) { keyDown(key); });
@@ -53,7 +78,6 @@ void FrmH::addOwnCommands() {
   const auto always = CommandRule();
   const auto selection = [](const CommandState& state) { return state.hasSelection; };
   const auto onDocument = [this](const CommandState&) { return selectedDocument() >= 0; };
-  const auto several = [](const CommandState& state) { return state.documents > 1; };
   addCommands({
       {mnunewF, "mnunewF", "|1|&ახალი გვერდი", ui::ctrl('N'), [this] { mnunewF_Click(".HTML", "<HTML>"); },
        always, nullptr, "ახალი HTML დოკუმენტი"},
@@ -150,35 +174,6 @@ void FrmH::addOwnCommands() {
        [this] { T1.select(0, static_cast<int>(T1.text().size())); },
        [](const CommandState& state) { return state.hasText; }, nullptr, "მთელი ტექსტის მონიშვნა"},
 
-      {mnuWordWrap,
-       "mnuWordWrap",
-       "|45|სტრიქონების &გადატანა",
-       {},
-       [this] {
-         Props.WordWrap = !Props.WordWrap;
-         T1.setWordWrap(Props.WordWrap);
-         saveProps();
-       },
-       always,
-       [this] { return Props.WordWrap; },
-       "გრძელი სტრიქონების გადატანა ფანჯრის სიგანეზე"},
-      {mnuNextDocument,
-       "mnuNextDocument",
-       "|47|&შემდეგი დოკუმენტი",
-       {ui::kKeyTab, true, false, false},
-       [this] { step(1); },
-       several,
-       nullptr,
-       "სიის შემდეგი დოკუმენტი"},
-      {mnuPreviousDocument,
-       "mnuPreviousDocument",
-       "|48|&წინა დოკუმენტი",
-       {ui::kKeyTab, true, true, false},
-       [this] { step(-1); },
-       several,
-       nullptr,
-       "სიის წინა დოკუმენტი"},
-
       {mnuHelp,
        "mnuHelp",
        "|54|&დახმარება",
@@ -217,7 +212,7 @@ void FrmH::addOwnCommands() {
   addMenu({kTypingMenu, {}});
   addMenu({kTagsMenu, {}});
   addMenu({kLinesMenu, {}});
-  addMenu({kViewMenu, {{mnuWordWrap, {}, {}}, {mnuNextDocument, {}, {}}, {mnuPreviousDocument, {}, {}}}});
+  addViewCommands();
   addMenu({kHelpMenu, {{mnuHelp, {}, {}}, {mnuAbout, {}, {}}}});
 }
 
@@ -363,6 +358,7 @@ void FrmH::TV_NodeClick(int node) {
 
 void FrmH::T1_Change() {
   if (!Loading) FileChanged = true;
+  if (FileChanged != shownChanged_) showName(shownName_);
   textChanged();
 }
 

@@ -8,9 +8,11 @@
 #include <vector>
 
 #include "app/frmBOXa.h"
+#include "app/mdlsaerto.h"
 #include "app/workbench.h"
 #include "resources/ids.h"
 #include "ui/main_form.h"
+#include "ui/tab_strip.h"
 
 namespace app {
 
@@ -19,6 +21,9 @@ class FrmH : public ui::MainForm, public Workbench {
   FrmH(ui::Platform& platform, ui::CodeView& codeView);
 
   ui::TreeView TV{*this, IDC_FrmH_TV};
+  ui::TabStrip TS{*this, IDC_FrmH_TS};        // the documents that have text
+  ui::TabStrip Ttags{*this, IDC_FrmH_Ttags};  // the tag palette: its groups and
+  ui::ListBox Ltags{*this, IDC_FrmH_Ltags};   // the codes of the chosen one
   ui::StatusBar Status{*this,
                        IDC_FrmH_Status,
                        {{"kMain", -1, {}, false},
@@ -64,6 +69,9 @@ class FrmH : public ui::MainForm, public Workbench {
   void WEB_Open(const std::string& path) override;
   void mnuCloseWEB_Click();
 
+  // Moves a document with all that belongs to it to another place in the list (FrmH_tabs.cpp).
+  void moveDocument(std::int16_t from, std::int16_t to);
+
   // Work on the document of the selected node (FrmH_tree.cpp)
   void mnuwebAdd_Click();
   void mnuwebRemove_Click();
@@ -90,13 +98,17 @@ class FrmH : public ui::MainForm, public Workbench {
   bool runCommand(int id) override;
   bool commandChecked(int id) override;
   void setPanel(std::string_view key, ui::Text text) override;
+  void perform(const std::function<void()>& action) override {
+    if (!busy_) guarded(platform_, action);
+  }
+  Palette palette() override { return {Ttags, Ltags}; }
 
   // MainForm
   void menuOpening() override;
   void command(int id) override { runCommand(id); }
   void menuHighlighted(const ui::Text& help) override;
   void filesDropped(const std::vector<std::string>& paths) override;
-  void idle() override { Workbench::idle(); }
+  void idle() override;
 
  private:
   void addOwnCommands();
@@ -105,6 +117,16 @@ class FrmH : public ui::MainForm, public Workbench {
   void refreshItems(std::vector<ui::MenuItem>& items, const CommandState& state);
   void TV_NodeClick(int node);
   void TV_ContextMenu();
+  bool TV_CanDropOn(int node, int target) const;
+  void TV_DroppedOn(int node, int target);
+  std::int16_t documentOfNode(int node) const;  // -1: a root
+  void addViewCommands();                       // FrmH_view.cpp, like the next three
+  void togglePane(ui::Control& pane);
+  void restorePanes();
+  void keepPanes();
+  void TS_CloseAsked(int tab);
+  void TS_Moved(int from, int to);
+  void showTabs();
   std::int16_t selectedDocument() const;  // of the tree's selected node; -1: none
   void T1_Change();
   void T1_SelChange();
@@ -112,6 +134,7 @@ class FrmH : public ui::MainForm, public Workbench {
   void step(int direction);  // to the next or previous document with text
 
   void showCaption();
+  void showName(const std::string& name);  // in the caption, with the mark of unsaved changes
   bool isShown(std::int16_t index) const { return index < 0 || index == CurrentItemIndex; }
   std::string titleOf(std::int16_t index);
   std::optional<std::int16_t> recordOf(const std::string& path);
@@ -142,7 +165,10 @@ class FrmH : public ui::MainForm, public Workbench {
   std::map<int, Command> commands_;
   std::vector<MenuPlan> menuPlans_;
   std::string commandLine_;
-  ui::Text mainText_;  // of the panel "kMain", which shows the help of a menu item in between
+  std::string shownName_;             // in the caption
+  bool shownChanged_ = false;         // the caption bears the mark
+  std::vector<std::int16_t> tabbed_;  // position in the list, by tab of TS; -1: the shown one has none
+  ui::Text mainText_;                 // of the panel "kMain", which shows the help of a menu item in between
   // While a long command lets window events run, no other command may begin.
   class BusyBlock {
    public:
@@ -157,7 +183,7 @@ class FrmH : public ui::MainForm, public Workbench {
 
   bool busy_ = false;
   bool reopenHeldBack_ = false;  // ReopenLastFile is set, but off for this run
-  bool switching_ = false;  // a switch of documents is under way: its own clicks are not followed
+  bool switching_ = false;       // a switch of documents is under way: its own clicks are not followed
 };
 
 }  // namespace app

@@ -215,6 +215,7 @@ void FrmH::step(int direction) {
 // opened is the one that is marked.
 void FrmH::Treefulen() {
   TV.setNodes(treeNodes(WebProject));
+  showTabs();
   if (CurrentItemIndex < 0) return;
   const std::string shown = std::to_string(CurrentItemIndex);
   for (std::size_t i = TV.nodes().size(); i-- > 0;) {
@@ -225,8 +226,14 @@ void FrmH::Treefulen() {
 }
 
 void FrmH::showCaption() {
-  const std::string shown = CurrentFilePath.empty() ? titleOf(CurrentItemIndex) : CurrentFilePath;
-  setCaption(shown.empty() ? "Zervo" : "Zervo [" + shown + "]");
+  showName(CurrentFilePath.empty() ? titleOf(CurrentItemIndex) : CurrentFilePath);
+}
+
+void FrmH::showName(const std::string& name) {
+  shownName_ = name;
+  shownChanged_ = FileChanged;
+  setCaption("Zervo" + (name.empty() ? "" : " [" + name + "]") + (FileChanged ? kChangedMark : ""));
+  showTabs();
 }
 
 std::string FrmH::titleOf(std::int16_t index) {

@@ -1,7 +1,4 @@
 // The main window's start and close: entry routine, load sequence, prompts before the end.
-#include <charconv>
-#include <cmath>
-
 #include "app/FrmH.h"
 #include "app/mdlsaerto.h"
 #include "base/error.h"
@@ -15,15 +12,6 @@ namespace {
 using ui::operator""_keyboard;
 
 constexpr std::string_view kBetweenFiles = "\" \"";
-
-// Registry numbers are single-precision decimals; a comma may stand for the point. Nothing when unreadable.
-std::optional<int> registryNumber(const std::string& text) {
-  const std::string number = base::replaceAll(text, ",", ".");
-  float value = 0;
-  const auto read = std::from_chars(number.data(), number.data() + number.size(), value);
-  if (read.ec != std::errc() || std::abs(value) > 1e6F) return std::nullopt;
-  return static_cast<int>(std::lround(value));
-}
 
 }  // namespace
 
@@ -55,8 +43,11 @@ void FrmH::load() {
   } else if (Props.RememberPosition) {
     const auto left = registryNumber(platform_.registryValue("winpoze", "X"));
     const auto top = registryNumber(platform_.registryValue("winpoze", "Y"));
-    if (left && top) window->setPlace({*left, *top});
+    const auto width = registryNumber(platform_.registryValue("winpoze", "W"));
+    const auto height = registryNumber(platform_.registryValue("winpoze", "H"));
+    if (left && top) window->setPlace({*left, *top, width.value_or(0), height.value_or(0)});
   }
+  restorePanes();
 
   Loading = true;
   buildMenus();
@@ -111,7 +102,7 @@ void FrmH::comandopen(const std::string& first, const std::string& list) {
       FileChanged = false;
       documentShown();
     });
-    setCaption("Zervo [" + first + "]");
+    showName(first);
   }
   Loading = false;
 }
@@ -167,7 +158,10 @@ bool FrmH::queryClose() {
     const ui::WindowPlace place = window->place();
     platform_.setRegistryValue("winpoze", "X", std::to_string(place.left));
     platform_.setRegistryValue("winpoze", "Y", std::to_string(place.top));
+    platform_.setRegistryValue("winpoze", "W", std::to_string(place.width));
+    platform_.setRegistryValue("winpoze", "H", std::to_string(place.height));
   }
+  keepPanes();
   if (Props.ReopenLastFile) {
     const std::string last = WebProject.WEBopened ? projectFile() : CurrentFilePath;
     if (!last.empty()) platform_.setRegistryValue("LastFile", "FN", last);

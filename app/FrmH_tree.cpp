@@ -9,10 +9,28 @@
 
 namespace app {
 
-std::int16_t FrmH::selectedDocument() const {
-  if (TV.selected() < 0) return -1;
-  const std::string& tag = TV.nodes()[static_cast<std::size_t>(TV.selected())].tag;
+std::int16_t FrmH::documentOfNode(int node) const {
+  if (node < 0) return -1;
+  const std::string& tag = TV.nodes()[static_cast<std::size_t>(node)].tag;
   return static_cast<std::int16_t>(tag.empty() ? -1 : std::stoi(tag));
+}
+
+std::int16_t FrmH::selectedDocument() const {
+  return documentOfNode(TV.selected());
+}
+
+// Among its like: a root lists its documents kind by kind, each in the order of the list.
+bool FrmH::TV_CanDropOn(int node, int target) const {
+  const std::int16_t from = documentOfNode(node);
+  const std::int16_t to = documentOfNode(target);
+  if (from < 0 || to < 0 || from == to) return false;
+  const auto& nodes = TV.nodes();
+  const auto at = [&](int i) -> const ui::TreeView::Node& { return nodes[static_cast<std::size_t>(i)]; };
+  return at(node).parent == at(target).parent && at(node).icon == at(target).icon;
+}
+
+void FrmH::TV_DroppedOn(int node, int target) {
+  if (TV_CanDropOn(node, target)) moveDocument(documentOfNode(node), documentOfNode(target));
 }
 
 void FrmH::TV_ContextMenu() {

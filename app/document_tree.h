@@ -25,6 +25,9 @@ enum TreeIcon : int {
   kIconPictureData = 34,  // a picture that a project brought with its bytes
 };
 
+// Behind the name of a document in caption and tab.
+inline constexpr const char* kChangedMark = " *";
+
 // Records whose bytes are no text: pictures that the list holds by name alone.
 bool isImage(const Ithem& record);
 

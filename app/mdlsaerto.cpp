@@ -1,6 +1,8 @@
 #include "app/mdlsaerto.h"
 
 #include <array>
+#include <charconv>
+#include <cmath>
 
 #include "base/error.h"
 #include "base/files.h"
@@ -49,6 +51,14 @@ PropsRecord ReadProps(ui::Platform& platform) {
 
 void WriteProps(ui::Platform& platform, const PropsRecord& props) {
   base::writeFile(propsPath(platform), encodeProps(props));
+}
+
+std::optional<int> registryNumber(const std::string& text) {
+  const std::string number = base::replaceAll(text, ",", ".");
+  float value = 0;
+  const auto read = std::from_chars(number.data(), number.data() + number.size(), value);
+  if (read.ec != std::errc() || std::abs(value) > 1e6F) return std::nullopt;
+  return static_cast<int>(std::lround(value));
 }
 
 void ShowHelp(ui::Platform& platform, std::string_view topic) {

@@ -19,6 +19,10 @@ namespace app {
 PropsRecord ReadProps(ui::Platform& platform);
 void WriteProps(ui::Platform& platform, const PropsRecord& props);  // throws base::Error
 
+// A number of the registry as it was written there: a single-precision decimal, in which a comma may stand
+// for the point. Nothing when unreadable.
+std::optional<int> registryNumber(const std::string& text);
+
 // Opens Zervo.chm; nothing happens when it is missing. An empty topic opens the default page.
 void ShowHelp(ui::Platform& platform, std::string_view topic);
 

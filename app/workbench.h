@@ -10,11 +10,19 @@
 #include "app/document_list.h"
 #include "app/props_record.h"
 #include "ui/code_view.h"
+#include "ui/controls.h"
 #include "ui/platform.h"
 #include "ui/signal.h"
+#include "ui/tab_strip.h"
 #include "ui/tool_bar.h"
 
 namespace app {
+
+// The panel beside the code view: tabs of groups above the list of the chosen one.
+struct Palette {
+  ui::TabStrip& groups;
+  ui::ListBox& items;
+};
 
 class Workbench {
  public:
@@ -58,12 +66,18 @@ class Workbench {
   // A panel of the status bar: "kMain", "kPosition", "kCounts", "kMode", "kPreview".
   virtual void setPanel(std::string_view key, ui::Text text) = 0;
 
+  // What the user did without a command, as a command does it: not while one runs, and errors are shown.
+  virtual void perform(const std::function<void()>& action) = 0;
+  virtual Palette palette() = 0;  // the tag palette, for the subsystem that fills it
+
   // Layout of the frameset that is being designed; -1: none.
   int framesetLayout = -1;
 
-  ui::Signal<const std::string&> documentOpened;  // full path of a file that was opened
-  ui::Signal<> propsInForce;                      // settings were read, or changed by setProps()
-  ui::Signal<> documentShown;                     // another document came into the code view
+  ui::Signal<const std::string&> documentOpened;         // full path of a file that was opened
+  ui::Signal<> propsInForce;                             // settings were read, or changed by setProps()
+  ui::Signal<> documentShown;                            // another document came into the code view
+  ui::Signal<std::int16_t, std::int16_t> documentMoved;  // from where to where in the list
+  ui::Signal<std::int16_t> documentDropped;              // from the tree into the code view, at its caret
   ui::Signal<> textChanged;
   ui::Signal<> selectionChanged;
   ui::Signal<> idle;

@@ -4,17 +4,22 @@
 #include <memory>
 
 #include "editor/colouring.h"
+#include "editor/document_reference.h"
 #include "editor/line_commands.h"
 #include "editor/tag_commands.h"
+#include "editor/tag_palette.h"
 
 namespace editor {
 
 struct Editor {
-  explicit Editor(app::Workbench& bench) : colouring(bench), tags(bench), lines(bench) {}
+  explicit Editor(app::Workbench& bench) : colouring(bench), tags(bench), lines(bench), palette(bench) {
+    takeDroppedDocuments(bench);
+  }
 
   Colouring colouring;
   TagCommands tags;
   LineCommands lines;
+  TagPalette palette;
 };
 
 // Adds commands, menus, toolbar and key handlers. The result must live as long as the workbench is used.

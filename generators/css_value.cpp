@@ -123,23 +123,6 @@ bool isUrl(std::string_view part) {
   return base::equalNoCase(part.substr(0, 4), "url(");
 }
 
-std::string escaped(std::string_view path) {
-  constexpr std::string_view kDigits = "0123456789ABCDEF";
-  std::string address;
-  for (const char c : path) {
-    const bool plain = isDigit(c) || (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z') ||
-                       std::string_view("/:.-_~").find(c) != std::string_view::npos;
-    if (plain) {
-      address += c;
-    } else {
-      address += '%';
-      address += kDigits[static_cast<unsigned char>(c) >> 4];
-      address += kDigits[static_cast<unsigned char>(c) & 15];
-    }
-  }
-  return address;
-}
-
 }  // namespace
 
 std::optional<std::string> unitOf(std::string_view value) {
@@ -247,21 +230,6 @@ TypedValue typedValue(std::string_view text) {
     if (before.ends_with('!')) return {std::string(trim(before.substr(0, before.size() - 1))), true};
   }
   return {std::string(all), false};
-}
-
-std::string addressOf(std::string_view folder, std::string_view path) {
-  // Up to the last folder that both share, then up from one and down to the other.
-  std::vector<std::string> from = base::split(folder, "\\");
-  std::vector<std::string> to = base::split(path, "\\");
-  if (!from.empty() && from.back().empty()) from.pop_back();
-  std::size_t shared = 0;
-  while (shared < from.size() && shared + 1 < to.size() && base::equalNoCase(from[shared], to[shared]))
-    ++shared;
-  if (shared == 0) return "file:///" + escaped(base::join(to, "/"));
-  std::string address;
-  for (std::size_t i = shared; i < from.size(); ++i) address += "../";
-  to.erase(to.begin(), to.begin() + static_cast<std::ptrdiff_t>(shared));
-  return address + escaped(base::join(to, "/"));
 }
 
 }  // namespace generators

@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "app/mdlsaerto.h"
+#include "base/address.h"
 #include "base/cp1252.h"
 #include "base/path.h"
 #include "base/text.h"
@@ -334,7 +335,7 @@ void frmCSSstile::Cfile_Click() {
   if (shown == nullptr) return;
   const auto paths = bench_.platform().openFiles({"სურათის არჩევა", kPictures, {}, false, documentFolder()});
   if (paths.empty()) return;
-  setValue(withUrl(propertyOf(*shown), valueOf(*shown), addressOf(documentFolder(), paths[0])));
+  setValue(withUrl(propertyOf(*shown), valueOf(*shown), base::addressOf(documentFolder(), paths[0])));
 }
 
 std::string frmCSSstile::documentFolder() const {

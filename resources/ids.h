@@ -15,6 +15,9 @@
 #define IDC_FrmH_T1 1001
 #define IDC_FrmH_TV 1002
 #define IDC_FrmH_Status 1003
+#define IDC_FrmH_TS 1004    // tabs of the open documents
+#define IDC_FrmH_Ttags 1005 // groups of the tag palette
+#define IDC_FrmH_Ltags 1006 // the codes of the chosen group
 
 // Message, input and choice box
 #define IDD_frmBOXa 1100
@@ -258,6 +261,8 @@
 #define mnuPreviewPane 40302
 #define mnuNextDocument 40303
 #define mnuPreviousDocument 40304
+#define mnuTree 40305
+#define mnuTagPalette 40306
 #define mnuPageSetup 40341
 #define mnuPrintPreview 40342
 #define mnuPrint 40343

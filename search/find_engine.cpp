@@ -4,6 +4,7 @@
 #include <cstring>
 #include <limits>
 
+#include "app/document_list.h"
 #include "base/error.h"
 #include "base/text.h"
 
@@ -156,6 +157,10 @@ void HitList::documentRemoved(int document) {
       --group.document;
     }
   }
+}
+
+void HitList::documentMoved(int from, int to) {
+  for (Group& group : groups_) group.document = app::placeAfterMove(group.document, from, to);
 }
 
 void HitList::documentNumbered(int document) {

@@ -83,6 +83,7 @@ class HitList {
 
   // A document left the list: its hits are gone, later documents have moved down.
   void documentRemoved(int document);
+  void documentMoved(int from, int to);
   void allDocumentsRemoved();
   // The document without a number, -1, got one.
   void documentNumbered(int document);

@@ -72,6 +72,7 @@ frmsuch::frmsuch(app::Workbench& bench) : Form("frmsuch", IDD_frmsuch), bench_(b
     documentsChanged();
   });
   documents.ItemRemoved.connect([this](std::int16_t index, std::int16_t) { documentRemoved(index); });
+  bench_.documentMoved.connect([this](std::int16_t from, std::int16_t to) { documentMoved(from, to); });
   documents.ColectionDeleted.connect([this] {
     hits.allDocumentsRemoved();
     oldTexts_.clear();
@@ -396,6 +397,15 @@ void frmsuch::documentRemoved(int document) {
       --target;
     }
   }
+  documentsChanged();
+}
+
+void frmsuch::documentMoved(int from, int to) {
+  if (parkedAt_ >= 0) hits.documentNumbered(parkedAt_);  // the shown document had just got its place
+  parkedAt_ = -1;
+  hits.documentMoved(from, to);
+  oldTexts_.documentMoved(from, to);
+  for (int& target : targets_) target = app::placeAfterMove(target, from, to);
   documentsChanged();
 }
 

@@ -102,6 +102,7 @@ class frmsuch : public ui::Form {
   void followEdits();  // the text may have become shorter since the last step
   void documentsChanged();
   void documentRemoved(int document);
+  void documentMoved(int from, int to);
   bool allFiles() const { return CKalfil.enabled() && CKalfil.checked(); }
   Comparison comparison() const;
   std::string searched(const std::string& text);  // as the document would have it

@@ -1,5 +1,7 @@
 #include "search/old_texts.h"
 
+#include "app/document_list.h"
+
 namespace search {
 
 void OldTexts::documentRemoved(int document) {
@@ -7,6 +9,10 @@ void OldTexts::documentRemoved(int document) {
   for (Entry& entry : entries_) {
     if (entry.document > document) --entry.document;
   }
+}
+
+void OldTexts::documentMoved(int from, int to) {
+  for (Entry& entry : entries_) entry.document = app::placeAfterMove(entry.document, from, to);
 }
 
 }  // namespace search

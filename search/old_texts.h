@@ -28,6 +28,7 @@ class OldTexts {
   std::vector<Entry> take() { return std::exchange(entries_, {}); }
 
   void documentRemoved(int document);
+  void documentMoved(int from, int to);
 
  private:
   std::vector<Entry> entries_;

@@ -139,6 +139,12 @@ class ListBox : public Control {
   using Control::Control;
   Signal<> selectionChanged;
   Signal<> doubleClicked;
+  // A row may be dragged into the code view: the caret is where it was dropped then, or the selection stays,
+  // when it was dropped on that. Off without `draggable`, which is set before the form is shown.
+  bool draggable = false;
+  Signal<int> droppedInText;
+  // A key pressed in the list, before the list sees it; true: handled. Main window only.
+  std::function<bool(const Shortcut&)> keyPressed;
   const std::vector<Text>& items() const { return items_; }
   void setItems(std::vector<Text> items);  // deselects
   int selected() const { return selected_; }
@@ -209,6 +215,12 @@ class TreeView : public Control {
   // A node was clicked, or chosen with the keyboard; the argument is its index.
   Signal<int> nodeClicked;
   Signal<> contextMenu;  // asked for on the selected node
+  // A node may be dragged into the code view, as a row of a ListBox, or onto another node. No dragging
+  // without `draggable`, no dropping on nodes without `canDropOn`.
+  std::function<bool(int node)> draggable;
+  std::function<bool(int node, int target)> canDropOn;
+  Signal<int> droppedInText;
+  Signal<int, int> droppedOn;
 
   const std::vector<Node>& nodes() const { return nodes_; }
   void setNodes(std::vector<Node> nodes);  // shown expanded; deselects

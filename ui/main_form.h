@@ -17,6 +17,15 @@ enum class WindowState { Normal, Maximized };
 struct WindowPlace {  // of the restored window, in pixels of the virtual screen
   int left;
   int top;
+  int width = 0;  // 0: as it is
+  int height = 0;
+};
+
+// How wide the user has made the panes beside the code view, in 1/96 inch; what is too little or too much for
+// the window is shown narrower or wider.
+struct PaneWidths {
+  int left = 210;
+  int right = 190;
 };
 
 // The window behind a main form.
@@ -27,7 +36,9 @@ class MainPeer {
   virtual void setState(WindowState state) = 0;
   virtual WindowPlace place() const = 0;
   virtual void setPlace(WindowPlace place) = 0;  // moved into the nearest screen when outside all
-  virtual void menusChanged() = 0;               // rows, not states: states are asked before they show
+  virtual PaneWidths paneWidths() const = 0;
+  virtual void setPaneWidths(PaneWidths widths) = 0;
+  virtual void menusChanged() = 0;  // rows, not states: states are asked before they show
 };
 
 class MainForm : public Form {
@@ -35,6 +46,12 @@ class MainForm : public Form {
   MainForm(const char* name, int id, CodeView& codeView) : Form(name, id), T1(codeView) {}
 
   CodeView& T1;  // not owned
+
+  // Where its controls stand around the code view; a hidden one leaves its room to the others. Null: none.
+  Control* leftPane = nullptr;
+  Control* above = nullptr;      // as high as it wants to be
+  Control* rightTabs = nullptr;  // above the right pane, hidden and shown with it
+  Control* rightPane = nullptr;
 
   // Menu bar; each top item has items. Enabled and checked are brought up to date by menuOpening().
   std::vector<MenuItem> menus;

@@ -1,12 +1,15 @@
 #include "platform/win32/control_peer.h"
 
 #include "base/error.h"
+#include "platform/win32/accessible_name.h"
 #include "platform/win32/button_peers.h"
 #include "platform/win32/list_peers.h"
 #include "platform/win32/list_view_peer.h"
 #include "platform/win32/page_tabs_peer.h"
 #include "platform/win32/picture_peer.h"
 #include "platform/win32/status_peer.h"
+#include "platform/win32/strings.h"
+#include "platform/win32/tab_strip_peer.h"
 #include "platform/win32/text_peer.h"
 #include "platform/win32/tree_peer.h"
 #include "platform/win32/web_peer.h"
@@ -27,6 +30,7 @@ void ControlPeer::addStyle(LONG_PTR style) const {
 }
 
 void ControlPeer::begin() {
+  if (model_.caption().empty() && !model_.hint.empty()) setAccessibleName(window_, wideFromText(model_.hint));
   prepare();
   begun_ = true;
   for (const ui::Aspect what : {ui::Aspect::Items, ui::Aspect::Text, ui::Aspect::Value, ui::Aspect::Selection,
@@ -80,6 +84,8 @@ std::unique_ptr<ControlPeer> makePeer(ui::Control& model, HWND window) {
   if (auto* bar = dynamic_cast<ui::StatusBar*>(&model)) return std::make_unique<StatusPeer>(*bar, window);
   if (auto* picture = dynamic_cast<ui::PictureBox*>(&model))
     return std::make_unique<PicturePeer>(*picture, window);
+  if (auto* strip = dynamic_cast<ui::TabStrip*>(&model))
+    return std::make_unique<TabStripPeer>(*strip, window);
   if (auto* tabs = dynamic_cast<ui::PageTabs*>(&model)) return std::make_unique<PageTabsPeer>(*tabs, window);
   if (auto* web = dynamic_cast<ui::WebView*>(&model)) return std::make_unique<WebPeer>(*web, window);
   throw base::Error(base::ErrorNumber::InvalidCall, "control without a window of its kind");

@@ -9,6 +9,7 @@
 #include "platform/win32/menus.h"
 #include "platform/win32/picture_peer.h"
 #include "platform/win32/pointer.h"
+#include "platform/win32/pressed_key.h"
 #include "platform/win32/strings.h"
 #include "ui/controls.h"
 
@@ -25,11 +26,6 @@ std::function<void(const ui::Form&)>& help() {
 
 void setHelp(std::function<void(const ui::Form&)> wanted) {
   help() = std::move(wanted);
-}
-
-ui::Shortcut pressedKey(WPARAM key) {
-  const auto down = [](int modifier) { return GetKeyState(modifier) < 0; };
-  return {static_cast<int>(key), down(VK_CONTROL), down(VK_SHIFT), down(VK_MENU)};
 }
 
 DialogHost::DialogHost(ui::Form& form, HWND owner, Kind kind) : form_(form), kind_(kind) {

@@ -55,9 +55,6 @@ class DialogHost final : private ui::FormPeer {
   std::optional<LoopWindow> loop_;
 };
 
-// The key of a WM_KEYDOWN message with the modifiers held now.
-ui::Shortcut pressedKey(WPARAM key);
-
 // What F1 does in the window of a form that does not use the key itself; none: nothing.
 void setHelp(std::function<void(const ui::Form&)> help);
 

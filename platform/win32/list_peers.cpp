@@ -1,9 +1,56 @@
 #include "platform/win32/list_peers.h"
 
+#include <utility>
+
 #include "platform/win32/dpi.h"
+#include "platform/win32/drag.h"
+#include "platform/win32/pressed_key.h"
 #include "platform/win32/strings.h"
 
 namespace win32 {
+
+ListPeer::ListPeer(ui::ListBox& model, HWND window) : ControlPeer(model, window), list_(model) {
+  if (list_.draggable) watch(window);
+}
+
+void ListPeer::detach() {
+  unwatch(window());
+  ControlPeer::detach();
+}
+
+bool ListPeer::onKey(int key) {
+  return list_.keyPressed && list_.keyPressed(pressedKey(static_cast<WPARAM>(key)));
+}
+
+LRESULT ListPeer::handleOf(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
+  const POINT point{GET_X_LPARAM(lParam), GET_Y_LPARAM(lParam)};
+  switch (message) {
+    case WM_LBUTTONDOWN: {
+      const LRESULT row = send(LB_ITEMFROMPOINT, 0, lParam);
+      pressed_ = HIWORD(row) == 0 && LOWORD(row) < list_.items().size() ? LOWORD(row) : -1;
+      pressedAt_ = point;
+      break;
+    }
+    case WM_MOUSEMOVE:
+      // The list itself would go on choosing rows while the button is down.
+      if (pressed_ < 0 || (wParam & MK_LBUTTON) == 0) break;
+      if (beyondClick(pressedAt_, point)) dragRow();
+      return 0;
+    case WM_LBUTTONUP:
+      pressed_ = -1;
+      break;
+    default:
+      break;
+  }
+  return forward(window, message, wParam, lParam);
+}
+
+void ListPeer::dragRow() {
+  const int row = std::exchange(pressed_, -1);
+  // The list's own click ends where it began.
+  forward(window(), WM_LBUTTONUP, 0, MAKELPARAM(pressedAt_.x, pressedAt_.y));
+  if (drag(window()) != nullptr) list_.droppedInText(row);
+}
 
 void ListPeer::onCommand(int code) {
   if (code == LBN_SELCHANGE) list_.userSelect(static_cast<int>(send(LB_GETCURSEL)));

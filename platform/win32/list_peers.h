@@ -2,20 +2,29 @@
 #pragma once
 
 #include "platform/win32/control_peer.h"
+#include "platform/win32/subclass.h"
 #include "ui/controls.h"
 
 namespace win32 {
 
-class ListPeer final : public ControlPeer {
+class ListPeer final : public ControlPeer, private Subclass<ListPeer> {
  public:
-  ListPeer(ui::ListBox& model, HWND window) : ControlPeer(model, window), list_(model) {}
+  ListPeer(ui::ListBox& model, HWND window);
+  void detach() override;
   void onCommand(int code) override;
+  bool onKey(int key) override;
 
  protected:
   void show(ui::Aspect what) override;
 
  private:
+  friend class Subclass<ListPeer>;
+  LRESULT handleOf(HWND window, UINT message, WPARAM wParam, LPARAM lParam);
+  void dragRow();
+
   ui::ListBox& list_;
+  int pressed_ = -1;  // the row on which the button went down
+  POINT pressedAt_{};
 };
 
 class ComboPeer final : public ControlPeer {

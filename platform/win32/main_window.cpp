@@ -8,16 +8,15 @@
 #include "platform/win32/drop_target.h"
 #include "platform/win32/fonts.h"
 #include "platform/win32/pointer.h"
+#include "platform/win32/pressed_key.h"
 #include "platform/win32/strings.h"
+#include "platform/win32/tab_strip_peer.h"
 #include "resources/ids.h"
 
 namespace win32 {
 namespace {
 
 // In 1/96 inch.
-constexpr int kSplitterWidth = 5;
-constexpr int kLeastTree = 60;
-constexpr int kLeastCode = 200;
 constexpr SIZE kFirstSize = {960, 680};
 constexpr SIZE kLeastSize = {420, 260};
 
@@ -60,13 +59,20 @@ void MainWindow::makeChildren() {
       return CreateWindowExW(exStyle, className, L"", WS_CHILD | WS_VISIBLE | style, 0, 0, 0, 0, hwnd(),
                              reinterpret_cast<HMENU>(static_cast<INT_PTR>(control->id())), nullptr, nullptr);
     };
+    const auto add = [&](const wchar_t* className, DWORD style, DWORD exStyle) {
+      peers_.push_back(makePeer(*control, make(className, style, exStyle)));
+    };
     if (dynamic_cast<ui::TreeView*>(control) != nullptr) {
-      tree_ =
-          make(WC_TREEVIEWW, WS_TABSTOP | TVS_HASLINES | TVS_HASBUTTONS | TVS_LINESATROOT | TVS_SHOWSELALWAYS,
-               WS_EX_CLIENTEDGE);
-      peers_.push_back(makePeer(*control, tree_));
+      add(WC_TREEVIEWW, WS_TABSTOP | TVS_HASLINES | TVS_HASBUTTONS | TVS_LINESATROOT | TVS_SHOWSELALWAYS,
+          WS_EX_CLIENTEDGE);
+    } else if (dynamic_cast<ui::TabStrip*>(control) != nullptr) {
+      // Documents may be many, and scroll; the groups beside the code view are all to be seen.
+      const DWORD rows = control == form_.rightTabs ? TCS_MULTILINE : TCS_SINGLELINE | TCS_TOOLTIPS;
+      add(WC_TABCONTROLW, WS_CLIPSIBLINGS | TCS_FOCUSNEVER | rows, 0);
+    } else if (dynamic_cast<ui::ListBox*>(control) != nullptr) {
+      add(WC_LISTBOXW, WS_TABSTOP | WS_VSCROLL | LBS_NOTIFY | LBS_NOINTEGRALHEIGHT, WS_EX_CLIENTEDGE);
     } else if (dynamic_cast<ui::StatusBar*>(control) != nullptr) {
-      peers_.push_back(makePeer(*control, make(STATUSCLASSNAMEW, SBARS_SIZEGRIP, 0)));
+      add(STATUSCLASSNAMEW, SBARS_SIZEGRIP, 0);
       status_ = static_cast<StatusPeer*>(peers_.back().get());
     }
   }
@@ -85,38 +91,66 @@ void MainWindow::setFonts(int dpi) {
   UniqueFont font = interfaceFont(dpi);
   for (const auto& peer : peers_) {
     SendMessageW(peer->window(), WM_SETFONT, reinterpret_cast<WPARAM>(font.get()), TRUE);
+    peer->dpiChanged(dpi);
   }
   font_ = std::move(font);  // the old one goes when nobody uses it any more
   if (toolBar_) toolBar_->setDpi(dpi);
   view_.setDpi(dpi);
 }
 
-RECT MainWindow::splitter() const {
-  RECT client;
-  GetClientRect(hwnd(), &client);
-  const int dpi = dpiOf(hwnd());
+Columns MainWindow::columns() const {
+  RECT area;
+  GetClientRect(hwnd(), &area);
   const auto heightOf = [](HWND window) {
     RECT place{};
     if (window != nullptr) GetWindowRect(window, &place);
     return place.bottom - place.top;
   };
-  client.top += toolBar_ ? heightOf(toolBar_->hwnd()) : 0;
-  client.bottom -= status_ == nullptr ? 0 : heightOf(status_->window());
-  const int most = std::max<int>(scaled(kLeastTree, dpi), client.right - scaled(kLeastCode, dpi));
-  client.left = tree_ == nullptr ? 0 : std::clamp(scaled(treeWidth_, dpi), scaled(kLeastTree, dpi), most);
-  client.right = client.left + (tree_ == nullptr ? 0 : scaled(kSplitterWidth, dpi));
-  return client;
+  area.top += toolBar_ ? heightOf(toolBar_->hwnd()) : 0;
+  area.bottom -= status_ == nullptr ? 0 : heightOf(status_->window());
+  const auto shown = [](const ui::Control* pane) { return pane != nullptr && pane->visible(); };
+  return columnsOf(area, dpiOf(hwnd()), widths_, shown(form_.leftPane), shown(form_.rightPane));
+}
+
+// The tabs, as high as they need, and below them what takes the rest; null: the code view.
+void MainWindow::layOutColumn(const RECT& column, ControlPeer* tabs, HWND below) {
+  const int width = static_cast<int>(column.right - column.left);
+  RECT rest = column;
+  if (tabs != nullptr && tabs->model().visible()) {
+    rest.top = std::min(column.bottom, column.top + static_cast<TabStripPeer*>(tabs)->heightFor(width));
+    MoveWindow(tabs->window(), column.left, column.top, width, rest.top - column.top, TRUE);
+  }
+  if (below == nullptr) {
+    view_.setBounds(rest);
+  } else {
+    MoveWindow(below, rest.left, rest.top, width, rest.bottom - rest.top, TRUE);
+  }
 }
 
 void MainWindow::layOut() {
   if (status_ != nullptr) status_->fit();
   if (toolBar_) toolBar_->fit();
-  RECT client;
-  GetClientRect(hwnd(), &client);
-  const RECT bar = splitter();
-  const int height = std::max<int>(0, bar.bottom - bar.top);
-  if (tree_ != nullptr) MoveWindow(tree_, 0, bar.top, bar.left, height, TRUE);
-  view_.setBounds({bar.right, bar.top, std::max(client.right, bar.right), bar.top + height});
+  const Columns place = columns();
+  if (const ControlPeer* left = peerOf(form_.leftPane)) {
+    MoveWindow(left->window(), place.left.left, place.left.top, place.left.right - place.left.left,
+               place.left.bottom - place.left.top, TRUE);
+  }
+  layOutColumn(place.middle, peerOf(form_.above), nullptr);
+  if (const ControlPeer* right = peerOf(form_.rightPane)) {
+    layOutColumn(place.right, peerOf(form_.rightTabs), right->window());
+  }
+}
+
+void MainWindow::setPaneWidths(ui::PaneWidths widths) {
+  widths_ = widths;
+  layOut();
+}
+
+ControlPeer* MainWindow::peerOf(const ui::Control* control) const {
+  for (const auto& peer : peers_) {
+    if (&peer->model() == control) return peer.get();
+  }
+  return nullptr;
 }
 
 ControlPeer* MainWindow::peerOf(HWND window) const {
@@ -136,15 +170,27 @@ void MainWindow::showContextMenu(POINT screen) {
   if (command != 0) form_.command(command);
 }
 
-// Code view, tree, tool bar.
+// What F6 goes through, beginning with the code view.
+std::vector<HWND> MainWindow::panes() const {
+  std::vector<HWND> all = {view_.hwnd()};
+  for (const ui::Control* pane : {form_.leftPane, form_.rightPane}) {
+    const ControlPeer* peer = peerOf(pane);
+    if (peer != nullptr && pane->visible()) all.push_back(peer->window());
+  }
+  if (toolBar_) all.push_back(toolBar_->hwnd());
+  return all;
+}
+
 void MainWindow::nextPane() {
-  const HWND focus = GetFocus();
-  if (focus == view_.hwnd() && tree_ != nullptr) {
-    SetFocus(tree_);
-  } else if (toolBar_ && focus != toolBar_->hwnd()) {
+  const std::vector<HWND> all = panes();
+  const auto at = std::find(all.begin(), all.end(), GetFocus());
+  const HWND next = at == all.end() || at + 1 == all.end() ? all.front() : *(at + 1);
+  if (next == view_.hwnd()) {
+    view_.setFocus();
+  } else if (toolBar_ && next == toolBar_->hwnd()) {
     toolBar_->focus();
   } else {
-    view_.setFocus();
+    SetFocus(next);
   }
 }
 
@@ -153,6 +199,13 @@ bool MainWindow::translate(MSG& message) {
   if (message.message != WM_KEYDOWN && message.message != WM_SYSKEYDOWN) return false;
   const ui::Shortcut pressed = pressedKey(message.wParam);
   if (form_.keyPressed(pressed)) return true;
+  if (ControlPeer* peer = peerOf(message.hwnd)) {
+    if (peer->onKey(pressed.key)) return true;
+    if (pressed == ui::Shortcut{VK_ESCAPE, false, false, false}) {
+      view_.setFocus();
+      return true;
+    }
+  }
   const bool functionKey = pressed.key >= ui::kKeyF1 && pressed.key < ui::kKeyF1 + 24;
   // A bare key belongs to the control, even where a menu names it (Del).
   if (!pressed.ctrl && !pressed.alt && !functionKey) return false;
@@ -196,33 +249,45 @@ std::optional<LRESULT> MainWindow::handleMenu(UINT message, WPARAM wParam, LPARA
 }
 
 std::optional<LRESULT> MainWindow::handleSplitter(UINT message, LPARAM lParam) {
-  const RECT bar = splitter();
+  POINT point{GET_X_LPARAM(lParam), GET_Y_LPARAM(lParam)};
+  if (message == WM_SETCURSOR) {
+    GetCursorPos(&point);
+    ScreenToClient(hwnd(), &point);
+  }
+  const Columns place = columns();
+  const Splitter under = PtInRect(&place.leftSplitter, point) != 0    ? Splitter::Left
+                         : PtInRect(&place.rightSplitter, point) != 0 ? Splitter::Right
+                                                                      : Splitter::None;
   switch (message) {
     case WM_LBUTTONDOWN:
-      if (PtInRect(&bar, {GET_X_LPARAM(lParam), GET_Y_LPARAM(lParam)}) == 0) return std::nullopt;
-      draggingSplitter_ = true;
+      if (under == Splitter::None) return std::nullopt;
+      dragged_ = under;
       SetCapture(hwnd());
       return 0;
-    case WM_MOUSEMOVE:
-      if (!draggingSplitter_) return std::nullopt;
-      treeWidth_ = MulDiv(GET_X_LPARAM(lParam), kBaseDpi, dpiOf(hwnd()));
+    case WM_MOUSEMOVE: {
+      if (dragged_ == Splitter::None) return std::nullopt;
+      const int dpi = dpiOf(hwnd());
+      const bool left = dragged_ == Splitter::Left;
+      const LONG wanted = left ? point.x - place.left.left : place.right.right - point.x;
+      (left ? widths_.left : widths_.right) = MulDiv(static_cast<int>(wanted), kBaseDpi, dpi);
+      // As far as it could go: what lies behind must not have to be pulled back first.
+      const Columns now = columns();
+      const RECT& pane = left ? now.left : now.right;
+      (left ? widths_.left : widths_.right) = MulDiv(static_cast<int>(pane.right - pane.left), kBaseDpi, dpi);
       layOut();
       return 0;
+    }
     case WM_LBUTTONUP:
-      if (draggingSplitter_) ReleaseCapture();
+      if (dragged_ != Splitter::None) ReleaseCapture();
       return 0;
     case WM_CAPTURECHANGED:
-      draggingSplitter_ = false;
+      dragged_ = Splitter::None;
       return 0;
-    case WM_SETCURSOR: {
+    case WM_SETCURSOR:
       if (showHourglass()) return TRUE;
-      POINT point;
-      GetCursorPos(&point);
-      ScreenToClient(hwnd(), &point);
-      if (PtInRect(&bar, point) == 0 || LOWORD(lParam) != HTCLIENT) return std::nullopt;
+      if (under == Splitter::None || LOWORD(lParam) != HTCLIENT) return std::nullopt;
       SetCursor(LoadCursorW(nullptr, IDC_SIZEWE));
       return TRUE;
-    }
     default:
       return std::nullopt;
   }
@@ -340,8 +405,9 @@ ui::WindowPlace MainWindow::place() const {
   WINDOWPLACEMENT placement{};
   placement.length = sizeof placement;
   GetWindowPlacement(hwnd(), &placement);
-  return {static_cast<int>(placement.rcNormalPosition.left),
-          static_cast<int>(placement.rcNormalPosition.top)};
+  const RECT& frame = placement.rcNormalPosition;
+  return {static_cast<int>(frame.left), static_cast<int>(frame.top),
+          static_cast<int>(frame.right - frame.left), static_cast<int>(frame.bottom - frame.top)};
 }
 
 void MainWindow::setPlace(ui::WindowPlace place) {
@@ -350,6 +416,8 @@ void MainWindow::setPlace(ui::WindowPlace place) {
   GetWindowPlacement(hwnd(), &placement);
   RECT& frame = placement.rcNormalPosition;
   OffsetRect(&frame, place.left - frame.left, place.top - frame.top);
+  if (place.width > 0) frame.right = frame.left + place.width;
+  if (place.height > 0) frame.bottom = frame.top + place.height;
   if (MonitorFromRect(&frame, MONITOR_DEFAULTTONULL) == nullptr) {
     MONITORINFO monitor{};
     monitor.cbSize = sizeof monitor;

@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "platform/win32/control_peer.h"
+#include "platform/win32/main_columns.h"
 #include "platform/win32/menus.h"
 #include "platform/win32/message_loop.h"
 #include "platform/win32/rich_edit_code_view.h"
@@ -34,11 +35,14 @@ class MainWindow final : public WindowBase<MainWindow>, private ui::FormPeer, pr
   void makeChildren();
   void setFonts(int dpi);
   void layOut();
-  RECT splitter() const;
+  Columns columns() const;
+  void layOutColumn(const RECT& column, ControlPeer* tabs, HWND below);
+  std::vector<HWND> panes() const;
   void nextPane();
   void showContextMenu(POINT screen);
   void dropFiles(const std::vector<std::string>& paths) { form_.filesDropped(paths); }
   ControlPeer* peerOf(HWND window) const;
+  ControlPeer* peerOf(const ui::Control* control) const;
 
   void captionChanged() override;
   void close() override;
@@ -46,6 +50,8 @@ class MainWindow final : public WindowBase<MainWindow>, private ui::FormPeer, pr
   void setState(ui::WindowState state) override;
   ui::WindowPlace place() const override;
   void setPlace(ui::WindowPlace place) override;
+  ui::PaneWidths paneWidths() const override { return widths_; }
+  void setPaneWidths(ui::PaneWidths widths) override;
   void menusChanged() override;
 
   ui::MainForm& form_;
@@ -56,12 +62,11 @@ class MainWindow final : public WindowBase<MainWindow>, private ui::FormPeer, pr
   StatusPeer* status_ = nullptr;
   bool inMenu_ = false;
   bool menusStale_ = false;
-  HWND tree_ = nullptr;
   std::unique_ptr<ToolBar> toolBar_;
   UniqueFont font_;
   ui::WindowState state_ = ui::WindowState::Normal;
-  int treeWidth_ = 210;  // in 1/96 inch
-  bool draggingSplitter_ = false;
+  ui::PaneWidths widths_;
+  enum class Splitter { None, Left, Right } dragged_ = Splitter::None;
 };
 
 }  // namespace win32

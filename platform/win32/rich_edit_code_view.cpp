@@ -9,6 +9,7 @@
 #include "base/text.h"
 #include "platform/win32/clipboard.h"
 #include "platform/win32/dpi.h"
+#include "platform/win32/drag.h"
 #include "platform/win32/drop_target.h"
 #include "platform/win32/fonts.h"
 #include "platform/win32/memory_room.h"
@@ -539,12 +540,23 @@ bool RichEditCodeView::removeLongSelection() {
   return true;
 }
 
-void RichEditCodeView::dropText(const std::wstring& text, POINT screen) {
+int RichEditCodeView::positionAt(POINT screen) const {
   POINTL point{screen.x, screen.y};
   MapWindowPoints(nullptr, edit_, reinterpret_cast<POINT*>(&point), 1);
-  const int at = static_cast<int>(send(EM_CHARFROMPOS, 0, reinterpret_cast<LPARAM>(&point)));
+  return static_cast<int>(send(EM_CHARFROMPOS, 0, reinterpret_cast<LPARAM>(&point)));
+}
+
+void RichEditCodeView::dropText(const std::wstring& text, POINT screen) {
+  const int at = positionAt(screen);
   setSelection({at, at});
   enter(text);
+}
+
+// What is dropped on the selection goes around it, elsewhere the caret moves there.
+void RichEditCodeView::dropHere(POINT screen) {
+  const int at = positionAt(screen);
+  const Range selected = selection();
+  if (at < selected.from || at >= selected.to) setSelection({at, at});
 }
 
 LRESULT RichEditCodeView::handleOf(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
@@ -609,6 +621,9 @@ LRESULT RichEditCodeView::handleEdit(UINT message, WPARAM wParam, LPARAM lParam)
       if (filesDropped) filesDropped(paths);
       return 0;
     }
+    case kDragMessage:
+      if (wParam == kDragDrop) dropHere({GET_X_LPARAM(lParam), GET_Y_LPARAM(lParam)});
+      return wParam != kDragLeave ? 1 : 0;
     case WM_CONTEXTMENU: {
       POINT point{GET_X_LPARAM(lParam), GET_Y_LPARAM(lParam)};
       if (lParam == -1) {  // by keyboard: at the caret

@@ -69,7 +69,9 @@ class RichEditCodeView final : public ui::CodeView, private Subclass<RichEditCod
   void handleParent(UINT message, WPARAM wParam, LPARAM lParam);
   bool handleKeyDown(int key);
   void handleCharacter(wchar_t character, LPARAM lParam);
+  int positionAt(POINT screen) const;
   void dropText(const std::wstring& text, POINT screen);
+  void dropHere(POINT screen);
 
   LRESULT send(UINT message, WPARAM wParam = 0, LPARAM lParam = 0) const {
     return SendMessageW(edit_, message, wParam, lParam);

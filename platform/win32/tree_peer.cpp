@@ -1,6 +1,9 @@
 #include "platform/win32/tree_peer.h"
 
+#include <utility>
+
 #include "platform/win32/dpi.h"
+#include "platform/win32/drag.h"
 #include "platform/win32/file_icons.h"
 #include "platform/win32/strings.h"
 
@@ -10,6 +13,8 @@ namespace {
 // To the tree itself: a node was chosen. Posted, because what follows may rebuild the tree, which it does not
 // stand while it tells of the choice.
 constexpr UINT kChosenMessage = WM_APP + 2;
+// A node is being dragged; posted for the same reason.
+constexpr UINT kDraggedMessage = WM_APP + 3;
 
 }  // namespace
 
@@ -24,6 +29,8 @@ void TreePeer::detach() {
 
 LRESULT TreePeer::handleOf(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
   if (message == WM_SETFONT) showIcons();  // also comes when the window moves to a screen of another density
+  if (message == kDragMessage) return dragOver(wParam, {GET_X_LPARAM(lParam), GET_Y_LPARAM(lParam)}) ? 1 : 0;
+  if (message == kDraggedMessage) dragNode(static_cast<int>(wParam));
   if (message != kChosenMessage) return forward(window, message, wParam, lParam);
   if (wParam < tree_.nodes().size()) tree_.userSelect(static_cast<int>(wParam));
   return 0;
@@ -93,6 +100,31 @@ void TreePeer::selectUnderPointer() {
   if (hit.hItem != nullptr) send(TVM_SELECTITEM, TVGN_CARET, reinterpret_cast<LPARAM>(hit.hItem));
 }
 
+void TreePeer::dragNode(int node) {
+  dragged_ = node;
+  droppedOn_ = -1;
+  const HWND taken = drag(window());
+  dragged_ = -1;
+  if (taken == window()) {
+    tree_.droppedOn(node, droppedOn_);
+  } else if (taken != nullptr) {
+    tree_.droppedInText(node);
+  }
+}
+
+bool TreePeer::dragOver(WPARAM step, POINT screen) {
+  TVHITTESTINFO hit{};
+  hit.pt = screen;
+  ScreenToClient(window(), &hit.pt);
+  if (step != kDragLeave) send(TVM_HITTEST, 0, reinterpret_cast<LPARAM>(&hit));
+  const int target = hit.hItem != nullptr ? nodeOf(hit.hItem) : -1;
+  const bool takes = dragged_ >= 0 && target >= 0 && tree_.canDropOn && tree_.canDropOn(dragged_, target);
+  const HTREEITEM marked = takes && step == kDragOver ? hit.hItem : nullptr;
+  send(TVM_SELECTITEM, TVGN_DROPHILITE, reinterpret_cast<LPARAM>(marked));
+  if (takes && step == kDragDrop) droppedOn_ = target;
+  return takes;
+}
+
 LRESULT TreePeer::onNotify(const NMHDR& header) {
   if (mirroring()) return 0;
   const auto choose = [this](HTREEITEM item) {
@@ -112,6 +144,13 @@ LRESULT TreePeer::onNotify(const NMHDR& header) {
       send(TVM_HITTEST, 0, reinterpret_cast<LPARAM>(&hit));
       const bool onNode = (hit.flags & TVHT_ONITEM) != 0;
       if (onNode && hit.hItem == TreeView_GetSelection(window())) choose(hit.hItem);
+      break;
+    }
+    case TVN_BEGINDRAGW: {
+      const int node = nodeOf(reinterpret_cast<const NMTREEVIEWW&>(header).itemNew.hItem);
+      if (node >= 0 && tree_.draggable && tree_.draggable(node)) {
+        PostMessageW(window(), kDraggedMessage, static_cast<WPARAM>(node), 0);
+      }
       break;
     }
     case NM_RCLICK:

@@ -25,11 +25,15 @@ class TreePeer final : public ControlPeer, private Subclass<TreePeer> {
   void showNodes();
   void showIcons();
   void selectUnderPointer();
+  void dragNode(int node);
+  bool dragOver(WPARAM step, POINT screen);  // a node of this tree is over it; true: it may be dropped there
   int nodeOf(HTREEITEM item) const;
 
   ui::TreeView& tree_;
   std::vector<HTREEITEM> items_;  // by node
   UniqueImages images_;
+  int dragged_ = -1;
+  int droppedOn_ = -1;
 };
 
 }  // namespace win32

@@ -3,6 +3,7 @@
 
 #include <filesystem>
 
+#include "base/address.h"
 #include "base/binary.h"
 #include "base/cp1252.h"
 #include "base/error.h"
@@ -49,6 +50,12 @@ TEST(Paths, JoinAndTakeApart) {
   EXPECT_EQ(base::lastThree("a.web"), "WEB");
   EXPECT_EQ(base::lastThree("a"), "A");
   EXPECT_TRUE(base::samePath("C:/X\\a", "c:\\x/A"));
+}
+
+TEST(Addresses, AreFromThePageToTheFile) {
+  EXPECT_EQ(base::addressOf("C:\\site\\a", "c:\\Site\\img\\b (1).png"), "../img/b%20%281%29.png");
+  EXPECT_EQ(base::addressOf("C:\\site", "C:\\site\\\xE1\x83\x90.gif"), "%E1%83%90.gif");
+  EXPECT_EQ(base::addressOf("", "D:\\x.gif"), "file:///D:/x.gif");
 }
 
 TEST(Files, OverwritingKeepsALongerTail) {

@@ -85,9 +85,6 @@ TEST(CssValues, AChoiceTakesItsPlaceAmongWhatIsThere) {
   EXPECT_EQ(generators::typedValue(" red ! Important ").value, "red");
   EXPECT_TRUE(generators::typedValue(" red ! Important ").important);
   EXPECT_EQ(generators::typedValue("unimportant").value, "unimportant");
-  EXPECT_EQ(generators::addressOf("C:\\site\\a", "c:\\Site\\img\\b (1).png"), "../img/b%20%281%29.png");
-  EXPECT_EQ(generators::addressOf("C:\\site", "C:\\site\\\xE1\x83\x90.gif"), "%E1%83%90.gif");
-  EXPECT_EQ(generators::addressOf("", "D:\\x.gif"), "file:///D:/x.gif");
 }
 
 class StyleDialog : public tests::MainWindowTest {

@@ -20,8 +20,9 @@ class PostScriptPrinter {
   // print at each edge.
   PostScriptPrinter(const std::filesystem::path& folder, std::filesystem::path output)
       : output_(std::move(output)) {
-    std::wstring description = (folder / L"zervotest.ppd").wstring();
-    std::ofstream(description) << kDescription;
+    const std::filesystem::path ppd = folder / L"zervotest.ppd";
+    std::ofstream(ppd) << kDescription;
+    std::wstring description = ppd.wstring();
     DRIVER_INFO_3W driver{};
     driver.cVersion = 3;
     driver.pName = const_cast<wchar_t*>(kName);

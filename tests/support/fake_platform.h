@@ -62,7 +62,9 @@ class FakePlatform : public ui::Platform {
   std::vector<std::string> fonts;
   std::vector<std::string> fontNames() const override { return fonts; }
 
-  std::string fontFile(std::string_view family) const override { return "\xFFthe font " + std::string(family); }
+  std::string fontFile(std::string_view family) const override {
+    return "\xFFthe font " + std::string(family);
+  }
 
   std::string folder;  // the program's
   std::string programFolder() const override { return folder; }

@@ -21,11 +21,14 @@ class FakeMainPeer : public ui::MainPeer {
   void setState(ui::WindowState newState) override { state = newState; }
   ui::WindowPlace place() const override { return at; }
   void setPlace(ui::WindowPlace place) override { at = place; }
+  ui::PaneWidths paneWidths() const override { return widths; }
+  void setPaneWidths(ui::PaneWidths newWidths) override { widths = newWidths; }
   void menusChanged() override {}
 
   int shown = 0;
   ui::WindowState state = ui::WindowState::Normal;
   ui::WindowPlace at{0, 0};
+  ui::PaneWidths widths;
 };
 
 class MainWindowTest : public testing::Test {
