@@ -38,6 +38,7 @@ void FrmH::mnuOpen_Click() {
   ui::FileDialog dialog;
   dialog.title = "Open";
   dialog.filter = kOpenFilter;
+  dialog.kind = "documents";
   const auto chosen = platform_.openFiles(dialog);
   if (!chosen.empty()) ofnen(chosen.front());
 }

@@ -53,6 +53,7 @@ bool FrmH::SaveDocument(const std::string& path, std::int16_t index, SaveKind ki
     ui::FileDialog dialog;
     dialog.title = "Save";
     dialog.filter = kSaveFilter;
+    dialog.kind = "documents";
     dialog.name = titleOf(own);
     const auto chosen = platform_.saveFile(dialog);
     if (!chosen || chosen->empty()) return false;

@@ -50,6 +50,7 @@ void FrmH::mnuwebAdd_Click() {
   ui::FileDialog dialog;
   dialog.title = "Open";
   dialog.filter = "All Files(*.*)|*.*";
+  dialog.kind = "documents";
   dialog.multiple = true;
   const auto chosen = platform_.openFiles(dialog);
   if (chosen.empty()) return;

@@ -8,6 +8,7 @@
 namespace editor {
 namespace {
 
+constexpr const char* kKind = "pairs";
 constexpr const char* kFilter = "Text(*.txt)|*.txt|All Files(*.*)|*.*";
 
 }  // namespace
@@ -60,12 +61,12 @@ void frmxascvla::setPairs(const std::vector<ReplacePair>& pairs) {
 }
 
 void frmxascvla::Cload_Click() {
-  const auto paths = bench_.platform().openFiles({"წყვილების სია", kFilter, {}});
+  const auto paths = bench_.platform().openFiles({"წყვილების სია", kFilter, {}, false, {}, kKind});
   if (!paths.empty()) setPairs(parsePairs(base::readFile(paths[0])));
 }
 
 void frmxascvla::Csave_Click() {
-  const auto path = bench_.platform().saveFile({"წყვილების სია", kFilter, {}});
+  const auto path = bench_.platform().saveFile({"წყვილების სია", kFilter, {}, false, {}, kKind});
   if (path) base::writeFile(*path, formatPairs(pairs()));
 }
 

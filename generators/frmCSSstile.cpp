@@ -333,7 +333,8 @@ void frmCSSstile::Ccolor_Click() {
 void frmCSSstile::Cfile_Click() {
   const Row* const shown = row();
   if (shown == nullptr) return;
-  const auto paths = bench_.platform().openFiles({"სურათის არჩევა", kPictures, {}, false, documentFolder()});
+  const auto paths =
+      bench_.platform().openFiles({"სურათის არჩევა", kPictures, {}, false, documentFolder(), "pictures"});
   if (paths.empty()) return;
   setValue(withUrl(propertyOf(*shown), valueOf(*shown), base::addressOf(documentFolder(), paths[0])));
 }

@@ -223,8 +223,12 @@ std::string frmDesign::pathInPage(const std::string& path) const {
 }
 
 void frmDesign::TBimage_Click() {
-  const auto paths = bench_.platform().openFiles(
-      {"ფონის სურათი", "JPG(*.jpg)|*.jpg|GIF(*.gif)|*.gif", {}, false, bench_.documents().WEBpath});
+  const auto paths = bench_.platform().openFiles({"ფონის სურათი",
+                                                  "JPG(*.jpg)|*.jpg|GIF(*.gif)|*.gif",
+                                                  {},
+                                                  false,
+                                                  bench_.documents().WEBpath,
+                                                  "pictures"});
   if (paths.empty()) return;
   background().image = pathInPage(paths[0]);
   touched_ = true;
@@ -232,8 +236,12 @@ void frmDesign::TBimage_Click() {
 }
 
 void frmDesign::CHfile_Click() {
-  const auto paths = bench_.platform().openFiles(
-      {"ფრეიმის გვერდი", "HTML-HTM(*.HTML,*.HTM)|*.html;*.htm", {}, false, bench_.documents().WEBpath});
+  const auto paths = bench_.platform().openFiles({"ფრეიმის გვერდი",
+                                                  "HTML-HTM(*.HTML,*.HTM)|*.html;*.htm",
+                                                  {},
+                                                  false,
+                                                  bench_.documents().WEBpath,
+                                                  "frames"});
   if (paths.empty()) return;
   Frame& frame = design_.frames[static_cast<std::size_t>(selected_)];
   frame.existingFile = paths[0];

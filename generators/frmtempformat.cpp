@@ -12,6 +12,7 @@ namespace {
 
 using ui::operator""_keyboard;
 
+constexpr const char* kKind = "templates";
 constexpr const char* kFilter = "Temp Formats(*.TFF)|*.TFF";
 
 }  // namespace
@@ -137,7 +138,7 @@ std::string frmtempformat::folder() const {
 }
 
 void frmtempformat::Copen_Click() {
-  const auto paths = bench_.platform().openFiles({"gaxsna"_keyboard, kFilter, {}, false, folder()});
+  const auto paths = bench_.platform().openFiles({"gaxsna"_keyboard, kFilter, {}, false, folder(), kKind});
   if (paths.empty()) return;
   append(decodeTemplates(base::readFile(paths[0])));
   showList(-1);
@@ -145,7 +146,7 @@ void frmtempformat::Copen_Click() {
 }
 
 void frmtempformat::Csave_Click() {
-  const auto path = bench_.platform().saveFile({"Cawera"_keyboard, kFilter, {}, false, folder()});
+  const auto path = bench_.platform().saveFile({"Cawera"_keyboard, kFilter, {}, false, folder(), kKind});
   if (path) base::overwriteFile(*path, encodeTemplates(templates_));
 }
 

@@ -169,6 +169,7 @@ void frmWEB::addFiles() {
   ui::FileDialog dialog;
   dialog.title = infoTexts()[1];
   dialog.filter = kFilter;
+  dialog.kind = "project";
   dialog.multiple = true;
   const auto chosen = bench_.platform().openFiles(dialog);
   if (chosen.size() + LV.items().size() > kMostFiles) {

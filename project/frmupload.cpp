@@ -240,6 +240,7 @@ void frmupload::Cfile_Click() {
   ui::FileDialog dialog;
   dialog.title = "faili"_keyboard;
   dialog.filter = kFilter;
+  dialog.kind = "upload";
   const auto chosen = bench_.platform().openFiles(dialog);
   if (chosen.empty()) return;
   Tfile.setText(chosen[0]);

@@ -116,6 +116,7 @@ void frmrecentfile::openNew() {
   ui::FileDialog dialog;
   dialog.title = Copen.caption();
   dialog.filter = kFilter;
+  dialog.kind = "documents";
   const auto chosen = bench_.platform().openFiles(dialog);
   if (!chosen.empty()) finish(chosen.front());
 }

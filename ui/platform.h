@@ -24,6 +24,7 @@ struct FileDialog {
   std::string name;  // proposed file name
   bool multiple = false;
   std::string folder = {};  // where it opens; empty: where the system likes
+  std::string kind = {};    // dialogs of one kind open where the last of them ended; empty: not remembered
 };
 
 class Platform {

@@ -33,11 +33,11 @@ MainWindow::MainWindow(ui::MainForm& form, RichEditCodeView& view) : form_(form)
            windowClass.hbrBackground = reinterpret_cast<HBRUSH>(static_cast<INT_PTR>(COLOR_BTNFACE + 1));
          });
   if (hwnd() == nullptr) throw base::Error(base::ErrorNumber::OutOfMemory, systemMessage(GetLastError()));
-  const int dpi = dpiOf(hwnd());
+  dpi_ = dpiOf(hwnd());
   RECT work;
   SystemParametersInfoW(SPI_GETWORKAREA, 0, &work, 0);
-  SetWindowPos(hwnd(), nullptr, 0, 0, std::min<int>(scaled(kFirstSize.cx, dpi), work.right - work.left),
-               std::min<int>(scaled(kFirstSize.cy, dpi), work.bottom - work.top),
+  SetWindowPos(hwnd(), nullptr, 0, 0, std::min<int>(scaled(kFirstSize.cx, dpi_), work.right - work.left),
+               std::min<int>(scaled(kFirstSize.cy, dpi_), work.bottom - work.top),
                SWP_NOMOVE | SWP_NOZORDER | SWP_NOACTIVATE);
   makeChildren();
   loop_.emplace(hwnd(), [this](MSG& message) { return translate(message); });
@@ -77,25 +77,25 @@ void MainWindow::makeChildren() {
     }
   }
   if (!form_.toolBar.empty()) {
-    toolBar_ = std::make_unique<ToolBar>(hwnd(), form_.toolBar, dpiOf(hwnd()), [this] { view_.setFocus(); });
+    toolBar_ = std::make_unique<ToolBar>(hwnd(), form_.toolBar, dpi_, [this] { view_.setFocus(); });
   }
   view_.place(hwnd(), IDC_FrmH_T1);
   takeDrops(hwnd(), {[this](const std::vector<std::string>& paths) { dropFiles(paths); }, nullptr});
   view_.filesDropped = [this](const std::vector<std::string>& paths) { dropFiles(paths); };
   view_.contextMenu = [this](POINT screen) { showContextMenu(screen); };
-  setFonts(dpiOf(hwnd()));
+  setFonts();
   for (const auto& peer : peers_) peer->begin();
 }
 
-void MainWindow::setFonts(int dpi) {
-  UniqueFont font = interfaceFont(dpi);
+void MainWindow::setFonts() {
+  UniqueFont font = interfaceFont(dpi_);
   for (const auto& peer : peers_) {
     SendMessageW(peer->window(), WM_SETFONT, reinterpret_cast<WPARAM>(font.get()), TRUE);
-    peer->dpiChanged(dpi);
+    peer->dpiChanged(dpi_);
   }
   font_ = std::move(font);  // the old one goes when nobody uses it any more
-  if (toolBar_) toolBar_->setDpi(dpi);
-  view_.setDpi(dpi);
+  if (toolBar_) toolBar_->setDpi(dpi_);
+  view_.setDpi(dpi_);
 }
 
 Columns MainWindow::columns() const {
@@ -109,7 +109,7 @@ Columns MainWindow::columns() const {
   area.top += toolBar_ ? heightOf(toolBar_->hwnd()) : 0;
   area.bottom -= status_ == nullptr ? 0 : heightOf(status_->window());
   const auto shown = [](const ui::Control* pane) { return pane != nullptr && pane->visible(); };
-  return columnsOf(area, dpiOf(hwnd()), widths_, shown(form_.leftPane), shown(form_.rightPane));
+  return columnsOf(area, dpi_, widths_, shown(form_.leftPane), shown(form_.rightPane));
 }
 
 // The tabs, as high as they need, and below them what takes the rest; null: the code view.
@@ -266,14 +266,14 @@ std::optional<LRESULT> MainWindow::handleSplitter(UINT message, LPARAM lParam) {
       return 0;
     case WM_MOUSEMOVE: {
       if (dragged_ == Splitter::None) return std::nullopt;
-      const int dpi = dpiOf(hwnd());
       const bool left = dragged_ == Splitter::Left;
       const LONG wanted = left ? point.x - place.left.left : place.right.right - point.x;
-      (left ? widths_.left : widths_.right) = MulDiv(static_cast<int>(wanted), kBaseDpi, dpi);
+      (left ? widths_.left : widths_.right) = MulDiv(static_cast<int>(wanted), kBaseDpi, dpi_);
       // As far as it could go: what lies behind must not have to be pulled back first.
       const Columns now = columns();
       const RECT& pane = left ? now.left : now.right;
-      (left ? widths_.left : widths_.right) = MulDiv(static_cast<int>(pane.right - pane.left), kBaseDpi, dpi);
+      (left ? widths_.left : widths_.right) =
+          MulDiv(static_cast<int>(pane.right - pane.left), kBaseDpi, dpi_);
       layOut();
       return 0;
     }
@@ -311,9 +311,8 @@ LRESULT MainWindow::handle(UINT message, WPARAM wParam, LPARAM lParam) {
       layOut();
       return 0;
     case WM_GETMINMAXINFO: {
-      const int dpi = dpiOf(hwnd());
-      reinterpret_cast<MINMAXINFO*>(lParam)->ptMinTrackSize = {scaled(kLeastSize.cx, dpi),
-                                                               scaled(kLeastSize.cy, dpi)};
+      reinterpret_cast<MINMAXINFO*>(lParam)->ptMinTrackSize = {scaled(kLeastSize.cx, dpi_),
+                                                               scaled(kLeastSize.cy, dpi_)};
       return 0;
     }
     case WM_SETFOCUS:
@@ -345,7 +344,8 @@ LRESULT MainWindow::handle(UINT message, WPARAM wParam, LPARAM lParam) {
       return 0;
     case WM_DPICHANGED: {
       const auto& wanted = *reinterpret_cast<const RECT*>(lParam);
-      setFonts(HIWORD(wParam));
+      dpi_ = HIWORD(wParam);
+      setFonts();
       SetWindowPos(hwnd(), nullptr, wanted.left, wanted.top, wanted.right - wanted.left,
                    wanted.bottom - wanted.top, SWP_NOZORDER | SWP_NOACTIVATE);
       menusChanged();  // the bar is measured once
@@ -373,7 +373,7 @@ LRESULT MainWindow::handle(UINT message, WPARAM wParam, LPARAM lParam) {
 void MainWindow::lookChanged(UINT message, WPARAM wParam, LPARAM lParam) {
   menuLookChanged();
   for (const auto& peer : peers_) SendMessageW(peer->window(), message, wParam, lParam);
-  if (toolBar_) toolBar_->setDpi(dpiOf(hwnd()));
+  if (toolBar_) toolBar_->setDpi(dpi_);
   menusChanged();
 }
 

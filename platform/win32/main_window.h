@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "platform/win32/control_peer.h"
+#include "platform/win32/dpi.h"
 #include "platform/win32/main_columns.h"
 #include "platform/win32/menus.h"
 #include "platform/win32/message_loop.h"
@@ -33,7 +34,7 @@ class MainWindow final : public WindowBase<MainWindow>, private ui::FormPeer, pr
   LRESULT handleCommand(WPARAM wParam, LPARAM lParam);
   bool translate(MSG& message);
   void makeChildren();
-  void setFonts(int dpi);
+  void setFonts();
   void layOut();
   Columns columns() const;
   void layOutColumn(const RECT& column, ControlPeer* tabs, HWND below);
@@ -65,6 +66,7 @@ class MainWindow final : public WindowBase<MainWindow>, private ui::FormPeer, pr
   std::unique_ptr<ToolBar> toolBar_;
   UniqueFont font_;
   ui::WindowState state_ = ui::WindowState::Normal;
+  int dpi_ = kBaseDpi;  // of the screen that the window is on
   ui::PaneWidths widths_;
   enum class Splitter { None, Left, Right } dragged_ = Splitter::None;
 };

@@ -7,6 +7,7 @@
 #include "base/cp1252.h"
 #include "base/error.h"
 #include "base/text.h"
+#include "platform/win32/accessible_name.h"
 #include "platform/win32/clipboard.h"
 #include "platform/win32/dpi.h"
 #include "platform/win32/drag.h"
@@ -132,6 +133,7 @@ void RichEditCodeView::makeControl() {
     DestroyWindow(old);
   }
   watch(edit_);
+  setAccessibleName(edit_, L"კოდი");
   send(EM_EXLIMITTEXT, 0, 0x7FFFFFFE);
   send(EM_SETUNDOLIMIT, 0);  // see EditHistory
   // No exchange of fonts or keyboards by the characters, no tables out of "+--+".

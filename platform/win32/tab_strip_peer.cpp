@@ -68,6 +68,7 @@ void TabStripPeer::showTabs() {
     }
   }
   pressed_ = closing_ = -1;
+  InvalidateRect(window(), nullptr, TRUE);  // tabs that moved leave their edges behind
 }
 
 LRESULT TabStripPeer::onNotify(const NMHDR& header) {

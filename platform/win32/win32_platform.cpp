@@ -14,6 +14,7 @@
 #include "platform/win32/resources.h"
 #include "platform/win32/shell.h"
 #include "platform/win32/strings.h"
+#include "ui/recent_folders.h"
 
 namespace win32 {
 
@@ -47,11 +48,19 @@ int Win32Platform::popupMenu(const std::vector<ui::MenuItem>& items) {
 }
 
 std::vector<std::string> Win32Platform::openFiles(const ui::FileDialog& dialog) {
-  return win32::openFiles(activeWindow(), dialog);
+  ui::FileDialog there = dialog;
+  there.folder = ui::folderToOpen(*this, dialog);
+  std::vector<std::string> paths = win32::openFiles(activeWindow(), there);
+  if (!paths.empty()) ui::rememberFolder(*this, dialog, paths.front());
+  return paths;
 }
 
 std::optional<std::string> Win32Platform::saveFile(const ui::FileDialog& dialog) {
-  return win32::saveFile(activeWindow(), dialog);
+  ui::FileDialog there = dialog;
+  there.folder = ui::folderToOpen(*this, dialog);
+  const auto path = win32::saveFile(activeWindow(), there);
+  if (path) ui::rememberFolder(*this, dialog, *path);
+  return path;
 }
 
 std::optional<std::string> Win32Platform::pickFolder(const ui::Text& title) {
