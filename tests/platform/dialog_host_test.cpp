@@ -6,7 +6,6 @@
 #include <functional>
 
 #include "platform/win32/clipboard.h"
-#include "platform/win32/fonts.h"
 #include "platform/win32/strings.h"
 #include "resources/ids.h"
 #include "tests/platform/sample_ids.h"
@@ -67,7 +66,6 @@ class DialogHost : public testing::Test {
   }
 
   tests::TestWindow owner_;
-  win32::BundledFonts fonts_;
   SampleForm form_;
   std::optional<win32::DialogHost> host_;
 };

@@ -1,6 +1,9 @@
 // What the program's own start does for its one thread.
 #include <gtest/gtest.h>
 
+#include <optional>
+
+#include "platform/win32/fonts.h"
 #include "platform/win32/windows_api.h"
 // windows_api.h first
 #include <ole2.h>
@@ -13,8 +16,15 @@ class UiThread : public testing::Environment {
     OleInitialize(nullptr);
     constexpr INITCOMMONCONTROLSEX wanted{sizeof wanted, ICC_WIN95_CLASSES | ICC_STANDARD_CLASSES};
     InitCommonControlsEx(&wanted);
+    fonts_.emplace();
   }
-  void TearDown() override { OleUninitialize(); }
+  void TearDown() override {
+    fonts_.reset();
+    OleUninitialize();
+  }
+
+ private:
+  std::optional<win32::BundledFonts> fonts_;
 };
 
 const auto* const environment = testing::AddGlobalTestEnvironment(new UiThread);

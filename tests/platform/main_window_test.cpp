@@ -5,6 +5,7 @@
 
 #include <optional>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "platform/win32/drag.h"
@@ -47,6 +48,11 @@ class SampleMain : public ui::MainForm {
 class MainWindow : public testing::Test {
  protected:
   MainWindow() { form.window->show(); }
+  ~MainWindow() override {
+    window.reset();
+    MSG left;  // with the window the program would end: not so the tests
+    while (PeekMessageW(&left, nullptr, 0, 0, PM_REMOVE) != FALSE) DispatchMessageW(&left);
+  }
   HWND item(int id) { return GetDlgItem(handle(), id); }
   HWND handle() { return FindWindowW(L"frmsamplemain", nullptr); }
   RECT placeOf(int id) {
@@ -84,7 +90,7 @@ class MainWindow : public testing::Test {
 
   win32::RichEditCodeView view;
   SampleMain form{view};
-  win32::MainWindow window{form, view};
+  std::optional<win32::MainWindow> window{std::in_place, form, view};
 };
 
 TEST_F(MainWindow, PanesStandSideBySideAndHiddenOnesGiveTheirRoom) {
