@@ -16,7 +16,7 @@ Preview::Preview(app::Workbench& bench) : bench_(bench) {
   std::vector<app::Command> rows(1);
   rows[0].id = mnuPreview;
   rows[0].name = "mnuPreview";
-  rows[0].caption = "|49|გვერდის &გადახედვა";
+  rows[0].caption = "|49|გვ&ერდის გადახედვა";
   rows[0].shortcut = {ui::kKeyF1 + 4, false, false, false};
   rows[0].run = [this] { mnuPreview_Click(); };
   rows[0].enabled = [this](const app::CommandState& state) { return state.hasText && showsPage(); };

@@ -187,7 +187,7 @@ void addSavedPages(app::Workbench& bench) {
   };
   bench.addCommands({{mnuMatrix,
                       "mnuMatrix",
-                      "შენახული &გვერდები...",
+                      "|89|შენა&ხული გვერდები...",
                       {},
                       run,
                       nullptr,

@@ -82,9 +82,9 @@ TEST_F(FrmsuchTest, ShowsItsTexts) {
     return *std::find_if(edit.begin(), edit.end(),
                          [&](const ui::MenuItem& known) { return known.command == command; });
   };
-  EXPECT_EQ(item(mnusuch).caption, "ÞÄÁÍÀ ÃÀ ÛÄÝÅËÀ"_legacy);
+  EXPECT_EQ(ui::menuCaption(item(mnusuch).caption).text, "ÞÄÁÍÀ ÃÀ ÛÄÝÅËÀ"_legacy);
   EXPECT_EQ(item(mnusuch).shortcut, ui::ctrl('F'));
-  EXPECT_EQ(item(mnumarkfinddel).caption, "ÌÀÒÊÉÒÄÁÖËÉ ÐÏÅÍÀ ÃÀ ßÀÛËÀ"_legacy);
+  EXPECT_EQ(ui::menuCaption(item(mnumarkfinddel).caption).text, "ÌÀÒÊÉÒÄÁÖËÉ ÐÏÅÍÀ ÃÀ ßÀÛËÀ"_legacy);
 }
 
 TEST_F(FrmsuchTest, TakesTheSelectionOfOneLine) {
