@@ -47,11 +47,13 @@ def main():
         there = {str(path.relative_to(top)) for path in top.rglob("*") if path.is_file()}
         pages = {language: {path.name for path in (top / language).glob("*.htm")} for language in ("ka", "en")}
         check(pages["ka"] == pages["en"], f"in one language only: {pages['ka'] ^ pages['en']}")
-        ids = (source / "resources/ids.h").read_text()
-        forms = {name for name in re.findall(r"#define IDD_(frm\w+)", ids) if "_" not in name}
-        check(len(forms) > 10, "no forms found in ids.h")
+        forms = {path.stem for path in (source / "resources/dialogs").glob("*.rc")}
+        check(len(forms) > 10, "no dialogs found")
         for form in forms:
-            check(form + ".htm" in pages["ka"], f"{form} has no page")
+            for language, names in pages.items():
+                check(form + ".htm" in names, f"{language}: {form} has no page")
+        for page in pages["ka"]:
+            check(not page.startswith("frm") or page[:-4] in forms, f"{page} is about a dialog that is not there")
         for language, names in pages.items():
             for name in names:
                 file = f"{language}/{name}"

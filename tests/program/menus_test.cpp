@@ -1,43 +1,14 @@
 // The menus of the whole program, put together as it ships.
 #include <gtest/gtest.h>
 
-#include <functional>
 #include <set>
 
-#include "program/program.h"
-#include "tests/support/main_window.h"
+#include "tests/support/whole_program.h"
 #include "ui/menu_icons.h"
 
 namespace {
 
-using Items = std::vector<ui::MenuItem>;
-
-class Menus : public testing::Test {
- protected:
-  Menus() {
-    platform.folder = folder.makeFolder("program");
-    program = std::make_unique<program::Program>(platform, T1);
-    program->window().window = &peer;
-    program->start("");
-  }
-  // Every menu with its caption, submenus too.
-  void each(const Items& items, const std::string& name,
-            const std::function<void(const Items&, const std::string&)>& visit) {
-    visit(items, name);
-    for (const ui::MenuItem& item : items) {
-      if (!item.items.empty()) each(item.items, name + " > " + shown(item), visit);
-    }
-  }
-  static std::string shown(const ui::MenuItem& item) {
-    return ui::display(ui::menuCaption(item.caption).text);
-  }
-
-  tests::TempFolder folder;
-  tests::FakePlatform platform;
-  tests::MemoryCodeView T1;
-  tests::FakeMainPeer peer;
-  std::unique_ptr<program::Program> program;
-};
+class Menus : public tests::WholeProgram {};
 
 // The letters marked with "&", as the user reads them.
 std::u32string marked(const std::string& caption) {
