@@ -7,6 +7,8 @@
 
 #include <filesystem>
 #include <fstream>
+#include <map>
+#include <regex>
 #include <string>
 #include <system_error>
 
@@ -73,6 +75,14 @@ class PostScriptPrinter {
       ++found;
     }
     return found;
+  }
+
+  // How often each glyph is drawn, by its name; where the font has no names, by its number.
+  static std::map<std::string, int> glyphs(const std::string& job) {
+    static const std::regex shown("/(\\S+) glyphshow");
+    std::map<std::string, int> times;
+    for (std::sregex_iterator at(job.begin(), job.end(), shown), end; at != end; ++at) ++times[(*at)[1]];
+    return times;
   }
 
  private:
