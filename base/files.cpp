@@ -1,40 +1,17 @@
 #include "base/files.h"
 
 #include <cerrno>
-#include <chrono>
 #include <cstdio>
 #include <cstring>
-#include <filesystem>
 #include <memory>
-#include <thread>
+#include <new>
+#include <stdexcept>
 
-#ifdef _WIN32
-#include <io.h>
-#else
-#include <unistd.h>
-#endif
-
+#include "base/disk.h"
 #include "base/error.h"
-#include "base/text.h"
 
 namespace base {
 namespace {
-
-namespace fs = std::filesystem;
-
-// Beyond this length Windows wants the "\\?\" form of an absolute path.
-[[maybe_unused]] constexpr std::size_t kLongPath = 240;
-
-fs::path native(std::string_view path) {
-#ifdef _WIN32
-  std::string text = replaceAll(path, "/", "\\");
-  const bool absolute = text.size() > 2 && text[1] == ':' && text[2] == '\\';
-  if (absolute && text.size() >= kLongPath) text.insert(0, "\\\\?\\");
-#else
-  std::string text = replaceAll(path, "\\", "/");
-#endif
-  return {std::u8string(text.begin(), text.end())};
-}
 
 // The system's reason as a sentence; `path` is named since the user may have many files open.
 [[noreturn]] void fail(int code, std::string_view path) {
@@ -67,22 +44,9 @@ struct CloseFile {
 using File = std::unique_ptr<std::FILE, CloseFile>;
 
 File open(std::string_view path, bool write) {
-#ifdef _WIN32
-  File file(_wfopen(native(path).c_str(), write ? L"wb" : L"rb"));
-#else
-  File file(std::fopen(native(path).c_str(), write ? "wb" : "rb"));
-#endif
+  File file(disk::open(path, write));
   if (!file) fail(errno, path);
   return file;
-}
-
-int flushToDisk(std::FILE* file) {
-  if (std::fflush(file) != 0) return errno;
-#ifdef _WIN32
-  return _commit(_fileno(file)) == 0 ? 0 : errno;
-#else
-  return fsync(fileno(file)) == 0 ? 0 : errno;
-#endif
 }
 
 // A file that is gone again unless it is put in its place.
@@ -91,10 +55,7 @@ class TemporaryFile {
   explicit TemporaryFile(std::string_view target) : path_(std::string(target) + ".zervo-tmp") {}
   TemporaryFile(const TemporaryFile&) = delete;
   TemporaryFile& operator=(const TemporaryFile&) = delete;
-  ~TemporaryFile() {
-    std::error_code ignored;
-    fs::remove(native(path_), ignored);
-  }
+  ~TemporaryFile() { disk::remove(path_); }
   const std::string& path() const { return path_; }
 
  private:
@@ -104,64 +65,39 @@ class TemporaryFile {
 }  // namespace
 
 bool fileExists(std::string_view path) {
-  std::error_code error;
-  return !path.empty() && fs::is_regular_file(native(path), error);
+  return disk::look(path).kind == disk::Kind::File;
 }
 
 bool folderExists(std::string_view path) {
-  std::error_code error;
-  return !path.empty() && fs::is_directory(native(path), error);
+  return disk::look(path).kind == disk::Kind::Folder;
+}
+
+std::uintmax_t fileSize(std::string_view path) {
+  return disk::look(path).size;
 }
 
 std::vector<std::string> fileNames(std::string_view folder) {
   std::vector<std::string> names;
-  std::error_code error;
-  for (fs::directory_iterator at(native(folder), error), end; !error && at != end; at.increment(error)) {
-    std::error_code unknown;
-    if (!at->is_regular_file(unknown)) continue;
-    const std::u8string name = at->path().filename().u8string();
-    names.emplace_back(name.begin(), name.end());
-  }
+  disk::fileNames(folder, names);
   return names;
-}
-
-std::string tempFolder() {
-  const std::u8string path = fs::temp_directory_path().u8string();
-  std::string folder(path.begin(), path.end());
-  while (folder.size() > 1 && (folder.back() == '\\' || folder.back() == '/')) folder.pop_back();
-  return folder;
-}
-
-std::uintmax_t fileSize(std::string_view path) {
-  std::error_code error;
-  const auto size = fs::file_size(native(path), error);
-  return error ? 0 : size;
 }
 
 std::vector<std::string> filesIn(std::string_view folder) {
   std::vector<std::string> names;
-  std::error_code error;
-  fs::directory_iterator entry(native(folder), error);
-  while (!error && entry != fs::directory_iterator()) {
-    std::error_code unknown;
-    if (entry->is_regular_file(unknown)) {
-      try {
-        const std::u8string name = entry->path().filename().u8string();
-        names.emplace_back(name.begin(), name.end());
-      } catch (const std::system_error&) {  // no Unicode: nobody could open it by that name
-      }
-    }
-    entry.increment(error);
-  }
-  if (error) fail(error.default_error_condition().value(), folder);
+  if (const int code = disk::fileNames(folder, names)) fail(code, folder);
   return names;
+}
+
+std::string tempFolder() {
+  std::string folder = disk::tempFolder();
+  while (folder.size() > 1 && (folder.back() == '\\' || folder.back() == '/')) folder.pop_back();
+  return folder;
 }
 
 void makeFolder(std::string_view path) {
   if (fileExists(path)) fail(ENOTDIR, path);
-  std::error_code error;
-  fs::create_directory(native(path), error);
-  if (error) fail(error.default_error_condition().value(), path);
+  const int code = disk::makeFolder(path);
+  if (code != 0 && !folderExists(path)) fail(code, path);
 }
 
 constexpr std::size_t kReadAhead = 1U << 16U;
@@ -169,14 +105,12 @@ constexpr std::size_t kReadAhead = 1U << 16U;
 std::string readFile(std::string_view path) {
   if (folderExists(path)) fail(EISDIR, path);
   const File file = open(path, false);
-  std::error_code error;
-  const auto size = fs::file_size(native(path), error);
   std::string bytes;
   try {
     // Straight into the text. The file may have grown or shrunk since, so its size is no more than a guess.
     std::setvbuf(file.get(), nullptr, _IONBF, 0);
     std::size_t done = 0;
-    for (std::size_t room = error ? 0 : size + 1;; room = done + kReadAhead) {
+    for (std::size_t room = fileSize(path) + 1;; room = done + kReadAhead) {
       bytes.resize(room);
       done += std::fread(bytes.data() + done, 1, room - done, file.get());
       if (done < room) break;
@@ -192,11 +126,10 @@ std::string readFile(std::string_view path) {
 }
 
 void writeFile(std::string_view path, std::string_view bytes) {
-  if (folderExists(path)) fail(EISDIR, path);
+  const disk::Look old = disk::look(path);
+  if (old.kind == disk::Kind::Folder) fail(EISDIR, path);
   // Replacing by name would slip past a read-only mark that a plain write respects.
-  std::error_code error;
-  const auto permissions = fs::status(native(path), error).permissions();
-  if (fileExists(path) && (permissions & fs::perms::owner_write) == fs::perms::none) fail(EACCES, path);
+  if (old.kind == disk::Kind::File && old.readOnly) fail(EACCES, path);
 
   const TemporaryFile temporary(path);
   int code = 0;
@@ -206,7 +139,7 @@ void writeFile(std::string_view path, std::string_view bytes) {
     if (std::fwrite(bytes.data(), 1, bytes.size(), file.get()) != bytes.size()) {
       code = errno != 0 ? errno : ENOSPC;
     }
-    if (code == 0) code = flushToDisk(file.get());
+    if (code == 0) code = disk::flush(file.get());
   }
   if (code != 0) fail(code, path);
   renameFile(temporary.path(), path);
@@ -226,45 +159,34 @@ void copyFile(std::string_view from, std::string_view to) {
 }
 
 void renameFile(std::string_view from, std::string_view to) {
-  std::error_code error;
-  fs::rename(native(from), native(to), error);
-  if (error) fail(error.default_error_condition().value(), to);
+  if (const int code = disk::rename(from, to)) fail(code, to);
 }
 
 void removeFile(std::string_view path) {
-  std::error_code error;
-  fs::remove(native(path), error);
-  if (error) fail(error.default_error_condition().value(), path);
+  const int code = disk::remove(path);
+  if (code != 0 && code != ENOENT) fail(code, path);
 }
 
 FileLock::FileLock(std::string_view path) {
-  using namespace std::chrono_literals;
+  constexpr int kTries = 60;
+  constexpr int kPause = 10;  // milliseconds; Windows makes up to 16 of them
   const std::string name = std::string(path) + ".lock";
-  const auto until = std::chrono::steady_clock::now() + 1s;
-  while (true) {
-    std::error_code error;
+  for (int i = 0; i < kTries; ++i) {
     // Making a folder is atomic everywhere, and nobody's file can be harmed by it.
-    if (fs::create_directory(native(name), error)) {
-      lockFile_ = name;
-      return;
-    }
-    if (error) return;
-    if (std::chrono::steady_clock::now() > until) {
-      fs::remove(native(name), error);  // left behind by a copy that died
-      return;
-    }
-    std::this_thread::sleep_for(10ms);
+    const int code = disk::makeFolder(name);
+    if (code == 0) lockFile_ = name;
+    if (code != EEXIST) return;
+    disk::pause(kPause);
   }
+  disk::remove(name);  // left behind by a copy that died
 }
 
 FileLock::~FileLock() {
-  std::error_code ignored;
-  if (!lockFile_.empty()) fs::remove(native(lockFile_), ignored);
+  if (!lockFile_.empty()) disk::remove(lockFile_);
 }
 
 bool sameFile(std::string_view a, std::string_view b) {
-  std::error_code error;
-  return fs::equivalent(native(a), native(b), error) && !error;
+  return disk::same(a, b);
 }
 
 }  // namespace base
