@@ -1,10 +1,11 @@
 ; The installer: for one user, without administrator's rights. Made by tools/make_package.py, which defines VERSION, FROM
-; (folder of the files, as they shall stand) and OUT.
+; (folder of the files, as they shall stand) and OUT. Silent: "setup.exe /S [/OFFER]", the latter for the file types.
 Unicode true
 SetCompressor /SOLID lzma
 SetDateSave off
 RequestExecutionLevel user
 !include "MUI2.nsh"
+!include "FileFunc.nsh"
 
 Name "Zervo"
 OutFile "${OUT}"
@@ -53,11 +54,6 @@ LangString RUNNING ${LANG_ENGLISH} "Zervo is running. Close it and try again."
   closed:
 !macroend
 
-Function .onInit
-  !insertmacro MUI_LANGDLL_DISPLAY
-  !insertmacro WaitUntilClosed
-FunctionEnd
-
 Function un.onInit
   !insertmacro MUI_UNGETLANGUAGE
   !insertmacro WaitUntilClosed
@@ -101,7 +97,7 @@ SectionEnd
   WriteRegStr HKCU "Software\Zervo\Capabilities\FileAssociations" "${EXTENSION}" "Zervo.Document"
 !macroend
 
-Section /o "$(FILES)"
+Section /o "$(FILES)" SECTION_FILES
   WriteRegStr HKCU "Software\Classes\Zervo.Document" "" "Zervo"
   WriteRegStr HKCU "Software\Classes\Zervo.Document\DefaultIcon" "" "$INSTDIR\Zervo.exe,0"
   WriteRegStr HKCU "Software\Classes\Zervo.Document\shell\open\command" "" '"$INSTDIR\Zervo.exe" "%1"'
@@ -114,6 +110,16 @@ Section /o "$(FILES)"
   !insertmacro Offer ".web"
   System::Call 'shell32::SHChangeNotify(i 0x08000000, i 0, p 0, p 0)'
 SectionEnd
+
+Function .onInit
+  !insertmacro MUI_LANGDLL_DISPLAY
+  !insertmacro WaitUntilClosed
+  ${GetParameters} $0
+  ClearErrors
+  ${GetOptions} $0 "/OFFER" $1
+  IfErrors +2
+    SectionSetFlags ${SECTION_FILES} ${SF_SELECTED}
+FunctionEnd
 
 !macro Withdraw EXTENSION
   DeleteRegValue HKCU "Software\Classes\${EXTENSION}\OpenWithProgids" "Zervo.Document"
