@@ -62,7 +62,8 @@ FunctionEnd
 Section "$(PROGRAM)"
   SectionIn RO
   SetOutPath "$INSTDIR\samples"
-  File "${FROM}\samples\*"
+  File "${FROM}\samples\vepkhistqaosani-legacy.html"
+  File "${FROM}\samples\vepkhistqaosani-latin.txt"
   SetOutPath "$INSTDIR"
   File "${FROM}\Zervo.exe"
   File "${FROM}\Zervo.chm"
