@@ -4,7 +4,7 @@ namespace editor {
 
 frmabzac::frmabzac() : Form("frmabzac", IDD_frmabzac) {
   setCaption("აბზაცი");
-  OPnone.setCaption("&გასწორების გარეშე");
+  OPnone.setCaption("გას&წორების გარეშე");
   OPleft.setCaption("&მარცხნივ");
   OPcenter.setCaption("&ცენტრში");
   OPright.setCaption("მა&რჯვნივ");

@@ -36,8 +36,8 @@ void frmDesign::setTexts() {
   TBcler.setCaption("გასუფთავე&ბა");
   Pfram.hint = "ფრეიმები";
   PFOP.setCaption("თვისებები");
-  LSTpage.setCaption("ფრეიმების გვერდის სა&ხელი:");
-  Lrows.setCaption("სტ&რიქონები:");
+  LSTpage.setCaption("ფრეიმების გვერდის სახ&ელი:");
+  Lrows.setCaption("ს&ტრიქონები:");
   Lcols.setCaption("სვეტებ&ი:");
   CKborder.setCaption("&ჩარჩო");
   LTramwidth.setCaption("&დაშორება:");
@@ -45,10 +45,10 @@ void frmDesign::setTexts() {
   Lsource.setCaption("გვერდის ფაილი (&1):");
   CHfile.setCaption("ფ&აილი...");
   CHfile.hint = "არსებული ფაილი ამ ფრეიმისთვის";
-  Lskrol.setCaption("&გადახვევა:");
+  Lskrol.setCaption("გადახ&ვევა:");
   CKresice.setCaption("ზომის შეცვლა შესაძლებელია (&2)");
-  Limage.setCaption("ფონის სურათ&ის გზა:");
-  CKwasercaichen.setCaption("უძრა&ვი ფონი");
+  Limage.setCaption("ფონის სუ&რათის გზა:");
+  CKwasercaichen.setCaption("უ&ძრავი ფონი");
   COK.setCaption("შექ&მნა");
   CEXIT.setCaption("და&ხურვა");
   CBskrol.setItems({kScrolling[0], kScrolling[1], kScrolling[2]});

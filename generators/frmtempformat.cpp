@@ -24,7 +24,7 @@ frmtempformat::frmtempformat(app::Workbench& bench, TemplateFormats& templates, 
       changed_(std::move(changed)) {
   setCaption("Temp Formats");
   Lsaxeli.setCaption("&სახელი:");
-  Lfor.setCaption("და&საწყისი:");
+  Lfor.setCaption("დასაწყ&ისი:");
   Lnach.setCaption("დასას&რული:");
   Cadd.setCaption("ჩა&მატება");
   Cchange.setCaption("შე&ცვლა");

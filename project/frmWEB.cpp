@@ -78,7 +78,7 @@ int fileIcon(const std::string& name) {
 frmWEB::frmWEB(app::Workbench& bench) : Form("frmWEB", IDD_frmWEB), bench_(bench), infoButton_(kNoButton) {
   setCaption("New WEB");
   Lpname.setCaption("პროექტის &სახელი:");
-  Lwebpath.setCaption("პროექტის სა&ქაღალდე:");
+  Lwebpath.setCaption("პროექტის საქაღალ&დე:");
   Label1.setCaption("პროექტის &ფაილები:");
   Tpname.hint = "პროექტის სახელი";
   Twebpath.hint = "პროექტის საქაღალდე";

@@ -1,31 +1,31 @@
 #include "platform/win32/accessible_name.h"
 
-#include <initguid.h>
-// After initguid.h, which makes it define its names.
-#include <oleacc.h>
-
 namespace win32 {
 namespace {
 
-// An edit field's own text is what it holds; for all others that show none it is free to be the name, and is
-// read even by programs that know nothing of annotations.
+// The text of other controls, which do not show it, is free to be their name.
 bool holdsText(HWND window) {
-  const LRESULT code = SendMessageW(window, WM_GETDLGCODE, 0, 0);
-  return (code & (DLGC_HASSETSEL | DLGC_WANTCHARS)) == (DLGC_HASSETSEL | DLGC_WANTCHARS);
+  wchar_t kind[16] = L"";
+  GetClassNameW(window, kind, 16);
+  return _wcsicmp(kind, L"Edit") == 0 || _wcsicmp(kind, L"ComboBox") == 0 ||
+         _wcsnicmp(kind, L"RichEdit", 8) == 0;
 }
 
 }  // namespace
 
-void setAccessibleName(HWND window, const std::wstring& name) {
-  if (!holdsText(window)) SetWindowTextW(window, name.c_str());
-  IAccPropServices* services = nullptr;
-  if (FAILED(CoCreateInstance(CLSID_AccPropServices, nullptr, CLSCTX_INPROC_SERVER, IID_IAccPropServices,
-                              reinterpret_cast<void**>(&services)))) {
-    return;
+HWND setAccessibleName(HWND control, const std::wstring& name, HWND label) {
+  if (!holdsText(control)) {
+    SetWindowTextW(control, name.c_str());
+    return nullptr;
   }
-  services->SetHwndPropStr(window, static_cast<DWORD>(OBJID_CLIENT), CHILDID_SELF, PROPID_ACC_NAME,
-                           name.c_str());
-  services->Release();
+  if (label == nullptr) {
+    label = CreateWindowExW(0, L"STATIC", name.c_str(), WS_CHILD | SS_NOPREFIX, 0, 0, 0, 0,
+                            GetParent(control), nullptr, nullptr, nullptr);
+  }
+  const HWND before = GetWindow(control, GW_HWNDPREV);
+  SetWindowPos(label, before != nullptr ? before : HWND_TOP, 0, 0, 0, 0,
+               SWP_NOMOVE | SWP_NOSIZE | SWP_NOACTIVATE);
+  return label;
 }
 
 }  // namespace win32

@@ -7,7 +7,8 @@
 
 namespace win32 {
 
-// Nothing happens where the system does not know such names. Needs COM.
-void setAccessibleName(HWND window, const std::wstring& name);
+// A field that holds text is named by the label before it: it gets a hidden one. `label` is that of an
+// earlier window of the same control, to be used again; the label is returned, null for other controls.
+HWND setAccessibleName(HWND control, const std::wstring& name, HWND label = nullptr);
 
 }  // namespace win32

@@ -3,6 +3,7 @@
 #include "platform/win32/dpi.h"
 #include "platform/win32/strings.h"
 #include "resources/ids.h"
+#include "ui/mnemonics.h"
 
 namespace win32 {
 namespace {
@@ -13,8 +14,15 @@ constexpr int kProgramSize = 48;  // of the program's picture, in 1/96 inch
 
 void CaptionPeer::show(ui::Aspect what) {
   if (what != ui::Aspect::Text) return;
-  SetWindowTextW(window(), wideFromText(model().caption()).c_str());
+  const std::string caption = ui::withMnemonic(ui::display(model().caption()), mnemonic_);
+  SetWindowTextW(window(), wideFromUtf8(caption).c_str());
   SendMessageW(GetParent(window()), kLayoutMessage, 0, 0);
+}
+
+void CaptionPeer::setMnemonic(char32_t letter) {
+  if (letter == mnemonic_) return;
+  mnemonic_ = letter;
+  show(ui::Aspect::Text);
 }
 
 void IconPeer::prepare() {

@@ -12,14 +12,22 @@ namespace win32 {
 class CaptionPeer : public ControlPeer {
  public:
   using ControlPeer::ControlPeer;
+  // Whether the control is pressed by the letter of its caption; a label only leads to what follows it.
+  virtual bool isPressed() const { return true; }
+  // The letter, where the caption marks none itself.
+  void setMnemonic(char32_t letter);
 
  protected:
   void show(ui::Aspect what) override;
+
+ private:
+  char32_t mnemonic_ = 0;
 };
 
 class LabelPeer final : public CaptionPeer {
  public:
   LabelPeer(ui::Label& model, HWND window) : CaptionPeer(model, window) {}
+  bool isPressed() const override { return false; }
 };
 
 class IconPeer final : public ControlPeer {

@@ -16,6 +16,18 @@
 
 namespace win32 {
 
+namespace {
+
+bool hasLabel(HWND window) {
+  const HWND before = GetWindow(window, GW_HWNDPREV);
+  wchar_t kind[16] = L"";
+  if (before != nullptr) GetClassNameW(before, kind, 16);
+  // An empty one is filled later, with something else than a name.
+  return _wcsicmp(kind, L"Static") == 0 && GetWindowTextLengthW(before) > 0;
+}
+
+}  // namespace
+
 ControlPeer::ControlPeer(ui::Control& model, HWND window) : model_(model), window_(window) {
   model_.attach(this);
 }
@@ -30,7 +42,9 @@ void ControlPeer::addStyle(LONG_PTR style) const {
 }
 
 void ControlPeer::begin() {
-  if (model_.caption().empty() && !model_.hint.empty()) setAccessibleName(window_, wideFromText(model_.hint));
+  if (model_.caption().empty() && !model_.hint.empty() && !hasLabel(window_)) {
+    setAccessibleName(window_, wideFromText(model_.hint));
+  }
   prepare();
   begun_ = true;
   for (const ui::Aspect what : {ui::Aspect::Items, ui::Aspect::Text, ui::Aspect::Value, ui::Aspect::Selection,

@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "base/error.h"
+#include "platform/win32/button_peers.h"
 #include "platform/win32/dialog_template.h"
 #include "platform/win32/dpi.h"
 #include "platform/win32/errors.h"
@@ -12,6 +13,7 @@
 #include "platform/win32/pressed_key.h"
 #include "platform/win32/strings.h"
 #include "ui/controls.h"
+#include "ui/mnemonics.h"
 
 namespace win32 {
 
@@ -64,6 +66,7 @@ void DialogHost::bind() {
   form_.open(this);
   form_.load();
   for (const auto& peer : peers_) peer->begin();
+  giveMnemonics();
   captionChanged();
   addHints();
   if (form_.defaultButton != nullptr) {
@@ -73,6 +76,20 @@ void DialogHost::bind() {
   layout_->arrange();
   ready_ = true;
   heightChanged();
+}
+
+// Many captions are kept without a letter; the keyboard gets one all the same.
+void DialogHost::giveMnemonics() {
+  std::vector<CaptionPeer*> captioned;
+  std::vector<ui::MnemonicCaption> captions;
+  for (const auto& peer : peers_) {
+    auto* const caption = dynamic_cast<CaptionPeer*>(peer.get());
+    if (caption == nullptr) continue;
+    captioned.push_back(caption);
+    captions.push_back({ui::display(caption->model().caption()), caption->isPressed()});
+  }
+  const std::u32string letters = ui::freeMnemonics(captions);
+  for (std::size_t i = 0; i < captioned.size(); ++i) captioned[i]->setMnemonic(letters[i]);
 }
 
 void DialogHost::addHints() {

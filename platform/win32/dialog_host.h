@@ -33,6 +33,7 @@ class DialogHost final : private ui::FormPeer {
   bool translate(MSG& message);
   void bind();
   void addHints();
+  void giveMnemonics();
   void center(HWND owner);
   void command(int id, int code);
   ControlPeer* peerOf(HWND window) const;

@@ -133,7 +133,7 @@ void RichEditCodeView::makeControl() {
     DestroyWindow(old);
   }
   watch(edit_);
-  setAccessibleName(edit_, L"კოდი");
+  name_ = setAccessibleName(edit_, L"კოდი", GetParent(name_) == parent_ ? name_ : nullptr);
   send(EM_EXLIMITTEXT, 0, 0x7FFFFFFE);
   send(EM_SETUNDOLIMIT, 0);  // see EditHistory
   // No exchange of fonts or keyboards by the characters, no tables out of "+--+".

@@ -101,6 +101,7 @@ class RichEditCodeView final : public ui::CodeView, private Subclass<RichEditCod
   UniqueWindow shelter_;
   HWND parent_ = nullptr;
   HWND edit_ = nullptr;
+  HWND name_ = nullptr;  // the hidden label before it
   int id_ = 0;
   int dpi_ = 0;
   ui::Font font_;

@@ -116,13 +116,15 @@ TEST_F(Session, ToolbarWorksWithKeysAlone) {
   zervo.select(0, 4);
   const HWND bar = FindWindowExW(zervo.window(), nullptr, TOOLBARCLASSNAMEW, nullptr);
   ASSERT_NE(bar, nullptr);
-  EXPECT_EQ(SendMessageW(bar, TB_BUTTONCOUNT, 0, 0), 27);
+  EXPECT_EQ(SendMessageW(bar, TB_BUTTONCOUNT, 0, 0), 28);
   EXPECT_EQ(SendMessageW(bar, TB_GETBUTTONSIZE, 0, 0), MAKELONG(24, 24));
   const HWND view = zervo.control(IDC_FrmH_T1);
   SetForegroundWindow(zervo.window());
   waitFor("the focus in the code view", [&] { return focusOf(zervo) == view; });
   PostMessageW(view, WM_KEYDOWN, VK_F6, 1);
   waitFor("the focus in the tree", [&] { return focusOf(zervo) == zervo.control(IDC_FrmH_TV); });
+  PostMessageW(focusOf(zervo), WM_KEYDOWN, VK_F6, 1);
+  waitFor("the focus in the palette", [&] { return focusOf(zervo) == zervo.control(IDC_FrmH_Ltags); });
   PostMessageW(focusOf(zervo), WM_KEYDOWN, VK_F6, 1);
   waitFor("the focus in the toolbar", [&] { return focusOf(zervo) == bar; });
   for (const int pressed : {VK_END, VK_RIGHT, VK_RIGHT, VK_RETURN}) {  // round to the second button

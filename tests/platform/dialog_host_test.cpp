@@ -6,6 +6,7 @@
 #include <functional>
 
 #include "platform/win32/clipboard.h"
+#include "platform/win32/handles.h"
 #include "platform/win32/strings.h"
 #include "resources/ids.h"
 #include "tests/platform/sample_ids.h"

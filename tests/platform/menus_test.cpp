@@ -7,7 +7,7 @@
 #include <vector>
 
 #include "platform/win32/dpi.h"
-#include "platform/win32/fonts.h"
+#include "platform/win32/handles.h"
 #include "platform/win32/main_window.h"
 #include "platform/win32/vector_icons.h"
 #include "platform/win32/win32_platform.h"

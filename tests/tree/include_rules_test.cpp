@@ -48,7 +48,7 @@ std::string topFolder(const std::string& path) {
 }
 
 bool mayKnowWindows(const std::string& path) {
-  return topFolder(path) == "platform" || path == "base/disk_windows.cpp" || path.starts_with("tests/gui/") ||
+  return topFolder(path) == "platform" || path.starts_with("tests/gui/") ||
          path.starts_with("tests/platform/");
 }
 

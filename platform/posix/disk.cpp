@@ -1,5 +1,5 @@
 // The system's disk where the rules and their tests run without Windows.
-#ifndef _WIN32
+#include "base/disk.h"
 
 #include <unistd.h>
 
@@ -9,7 +9,6 @@
 #include <system_error>
 #include <thread>
 
-#include "base/disk.h"
 #include "base/text.h"
 
 namespace base::disk {
@@ -89,5 +88,3 @@ void pause(int milliseconds) {
 }
 
 }  // namespace base::disk
-
-#endif

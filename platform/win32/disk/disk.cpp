@@ -1,18 +1,13 @@
 // The disk of Windows.
-#ifdef _WIN32
+#include "base/disk.h"
 
-#ifndef UNICODE
-#define UNICODE
-#endif
-#include <windows.h>
-// After windows.h, as the other headers of the system.
 #include <io.h>
 
 #include <cerrno>
 #include <utility>
 
-#include "base/disk.h"
 #include "base/text.h"
+#include "platform/win32/windows_api.h"
 
 namespace base::disk {
 namespace {
@@ -176,5 +171,3 @@ void pause(int milliseconds) {
 }
 
 }  // namespace base::disk
-
-#endif
