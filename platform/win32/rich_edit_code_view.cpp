@@ -3,6 +3,7 @@
 #include <richedit.h>
 
 #include <algorithm>
+#include <utility>
 
 #include "base/cp1252.h"
 #include "base/error.h"
@@ -623,6 +624,11 @@ LRESULT RichEditCodeView::handleEdit(UINT message, WPARAM wParam, LPARAM lParam)
       if (filesDropped) filesDropped(paths);
       return 0;
     }
+    case WM_PAINT: {
+      const LRESULT result = forward(edit_, message, wParam, lParam);
+      paintNewBars();
+      return result;
+    }
     case kDragMessage:
       if (wParam == kDragDrop) dropHere({GET_X_LPARAM(lParam), GET_Y_LPARAM(lParam)});
       return wParam != kDragLeave ? 1 : 0;
@@ -642,6 +648,12 @@ LRESULT RichEditCodeView::handleEdit(UINT message, WPARAM wParam, LPARAM lParam)
       break;
   }
   return forward(edit_, message, wParam, lParam);
+}
+
+// Wine's control makes room for a scroll bar and leaves it unpainted.
+void RichEditCodeView::paintNewBars() {
+  const LONG_PTR bars = GetWindowLongPtrW(edit_, GWL_STYLE) & (WS_HSCROLL | WS_VSCROLL);
+  if (std::exchange(bars_, bars) != bars) RedrawWindow(edit_, nullptr, nullptr, RDW_FRAME | RDW_INVALIDATE);
 }
 
 // True: the control shall not see it. Of its shortcuts only moving and deleting stay; the rest are commands.

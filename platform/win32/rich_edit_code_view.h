@@ -72,6 +72,7 @@ class RichEditCodeView final : public ui::CodeView, private Subclass<RichEditCod
   int positionAt(POINT screen) const;
   void dropText(const std::wstring& text, POINT screen);
   void dropHere(POINT screen);
+  void paintNewBars();
 
   LRESULT send(UINT message, WPARAM wParam = 0, LPARAM lParam = 0) const {
     return SendMessageW(edit_, message, wParam, lParam);
@@ -109,6 +110,7 @@ class RichEditCodeView final : public ui::CodeView, private Subclass<RichEditCod
   std::optional<base::Color> textColor_;
   bool wrap_ = false;
   wchar_t highSurrogate_ = 0;
+  LONG_PTR bars_ = 0;  // styles of the scroll bars that are painted
 
   LineEnd lineEnd_ = LineEnd::CrLf;
   // The text as last read or written. When stale, the user has changed it since, and sync() enters that into

@@ -40,7 +40,10 @@ inline void press(HWND form, int button) {
 
 class Session : public testing::Test {
  protected:
-  Session() { std::filesystem::copy_file(builtProgram(), folder / L"Zervo.exe"); }
+  Session() {
+    std::filesystem::copy_file(builtProgram(), folder / L"Zervo.exe");
+    RegDeleteTreeW(HKEY_CURRENT_USER, L"Software\\Zervo");  // nothing is left of an earlier run
+  }
 
   std::filesystem::path file(const std::wstring& name, std::string_view bytes) {
     writeBytes(folder / name, bytes);
