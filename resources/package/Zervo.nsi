@@ -22,6 +22,8 @@ VIAddVersionKey "LegalCopyright" ""
 !define UNINSTALL_KEY "Software\Microsoft\Windows\CurrentVersion\Uninstall\Zervo"
 !define MUI_ICON "${FROM}\..\zervo.ico"
 !define MUI_UNICON "${FROM}\..\zervo.ico"
+; The whole width for their names.
+!define MUI_COMPONENTSPAGE_NODESC
 !define MUI_FINISHPAGE_RUN "$INSTDIR\Zervo.exe"
 !insertmacro MUI_PAGE_COMPONENTS
 !insertmacro MUI_PAGE_DIRECTORY
