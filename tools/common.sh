@@ -37,12 +37,14 @@ wine_kind() {
   fi
 }
 
-# Configures (when needed) and builds one preset; its output goes to a log that is shown when it fails.
+# Configures (when needed) and builds one preset, or some targets of it: build_preset PRESET [TARGET...]
+# The output goes to a log that is shown when it fails.
 build_preset() {
   local preset=$1 log="$zervo_build/logs/build-$1.log" start=$SECONDS
+  shift
   mkdir -p "$zervo_build/logs"
   if (cd "$zervo_top" && cmake --preset "$preset" -B "$zervo_build/$preset" &&
-      cmake --build "$zervo_build/$preset" -j "$zervo_jobs") >"$log" 2>&1; then
+      cmake --build "$zervo_build/$preset" -j "$zervo_jobs" ${1:+--target "$@"}) >"$log" 2>&1; then
     say "built $preset in $((SECONDS - start)) s"
   else
     grep -E 'error|Error|FAILED' -A 5 "$log" | head -60
