@@ -22,7 +22,8 @@ SAMPLES = ["vepkhistqaosani-legacy.html", "vepkhistqaosani-latin.txt"]
 def gather(build, folder):
     (folder / "samples").mkdir(parents=True)
     for file in [build / "Zervo.exe", build / "Zervo.chm", TOP / "resources/props.ini",
-                 TOP / "resources/package/README.txt", TOP / "resources/fonts/LICENSE-DejaVu.txt"]:
+                 TOP / "resources/package/README.txt", TOP / "resources/package/LICENSE-libraries.txt",
+                 TOP / "resources/fonts/LICENSE-DejaVu.txt"]:
         shutil.copyfile(file, folder / file.name)
     for sample in SAMPLES:
         shutil.copyfile(TOP / "samples" / sample, folder / "samples" / sample)
