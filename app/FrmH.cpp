@@ -335,12 +335,11 @@ bool FrmH::commandChecked(int id) {
 }
 
 void FrmH::setPanel(std::string_view key, ui::Text text) {
-  if (key == "kMain") mainText_ = text;
   Status.setPanel(key, std::move(text));
 }
 
 void FrmH::menuHighlighted(const ui::Text& help) {
-  Status.setPanel("kMain", help.empty() ? mainText_ : help);
+  Status.setWhole(help);
 }
 
 void FrmH::filesDropped(const std::vector<std::string>& paths) {

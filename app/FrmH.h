@@ -168,7 +168,6 @@ class FrmH : public ui::MainForm, public Workbench {
   std::string shownName_;             // in the caption
   bool shownChanged_ = false;         // the caption bears the mark
   std::vector<std::int16_t> tabbed_;  // position in the list, by tab of TS; -1: the shown one has none
-  ui::Text mainText_;                 // of the panel "kMain", which shows the help of a menu item in between
   // While a long command lets window events run, no other command may begin.
   class BusyBlock {
    public:

@@ -159,6 +159,12 @@ void StatusBar::setPanel(std::string_view key, Text text) {
   }
 }
 
+void StatusBar::setWhole(Text text) {
+  if (text == whole_) return;
+  whole_ = std::move(text);
+  tell(Aspect::Value);
+}
+
 const Text& StatusBar::panel(std::string_view key) const {
   for (const Panel& panel : panels_) {
     if (panel.key == key) return panel.text;

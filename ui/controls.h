@@ -247,9 +247,13 @@ class StatusBar : public Control {
   const std::vector<Panel>& panels() const { return panels_; }
   void setPanel(std::string_view key, Text text);
   const Text& panel(std::string_view key) const;
+  // Stands over the whole bar in place of the panels; empty: the panels again.
+  void setWhole(Text text);
+  const Text& whole() const { return whole_; }
 
  private:
   std::vector<Panel> panels_;
+  Text whole_;
 };
 
 }  // namespace ui

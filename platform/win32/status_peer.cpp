@@ -29,7 +29,14 @@ void StatusPeer::fit() {
   send(SB_SETPARTS, ends.size(), reinterpret_cast<LPARAM>(ends.data()));
 }
 
+void StatusPeer::showWhole() {
+  const bool whole = !bar_.whole().empty();
+  send(SB_SIMPLE, whole ? TRUE : FALSE);
+  if (whole) send(SB_SETTEXTW, SB_SIMPLEID, reinterpret_cast<LPARAM>(wideFromText(bar_.whole()).c_str()));
+}
+
 void StatusPeer::show(ui::Aspect what) {
+  if (what == ui::Aspect::Value) showWhole();
   if (what != ui::Aspect::Text) return;
   WPARAM part = 0;
   for (const auto& panel : bar_.panels()) {

@@ -16,6 +16,8 @@ class StatusPeer final : public ControlPeer {
   void show(ui::Aspect what) override;
 
  private:
+  void showWhole();
+
   ui::StatusBar& bar_;
 };
 

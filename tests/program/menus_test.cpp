@@ -103,8 +103,9 @@ TEST_F(Menus, HelpStandsInTheStatusBarOnlyWhileAnItemIsMarked) {
   auto& H = dynamic_cast<app::FrmH&>(program->window());
   H.setPanel("kMain", "before");
   H.menuHighlighted("help");
-  EXPECT_EQ(H.Status.panel("kMain"), ui::Text("help"));
+  EXPECT_EQ(H.Status.whole(), ui::Text("help"));
   H.menuHighlighted({});
+  EXPECT_TRUE(H.Status.whole().empty());
   EXPECT_EQ(H.Status.panel("kMain"), ui::Text("before"));
 }
 
