@@ -216,7 +216,9 @@ void frmupload::saveAccounts() {
   }
 }
 
+// The accounts stand where the log is.
 void frmupload::showFrame(bool on) {
+  Tinf.setVisible(!on);
   FR2.setVisible(on);
   List1.setVisible(on);
   for (std::size_t i = 0; i < Text2.size(); ++i) {
@@ -279,6 +281,7 @@ void frmupload::Cupload_Click() {
   if (line != connectedLine_) ftp_.FtpDisconnect();
   connectedLine_ = line;
   stop_ = closeBehindRun_ = false;
+  showFrame(false);  // the log is wanted now
   setRunning(true);
   app::guarded(bench_.platform(), [&] { upload(accountFields(line)); });
   setRunning(false);

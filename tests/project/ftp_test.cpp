@@ -98,7 +98,13 @@ TEST_F(Upload, OneFileIsSentAndLoggedAndTheConnectionClosed) {
     form.Cupload.click();  // no file: nothing happens
     form.Tfile.userSet(page);
     form.OPB.userChoose();
+    EXPECT_TRUE(form.Tinf.visible());
+    form.Command4.click();
+    EXPECT_FALSE(form.Tinf.visible()) << "the accounts have its place";
+    EXPECT_TRUE(form.FR2.visible());
     form.Cupload.click();
+    EXPECT_TRUE(form.Tinf.visible()) << "a run is seen";
+    EXPECT_FALSE(form.FR2.visible());
     EXPECT_FALSE(form.Command3.enabled());
     EXPECT_TRUE(form.Cupload.enabled());
   });
