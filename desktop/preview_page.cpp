@@ -169,7 +169,8 @@ std::string previewPage(std::string_view page, PageLetters letters, const std::s
       style += fontFace(name, keyboardFont());
       if (legacy) {
         const std::string element = "font[face*=\"" + name + "\"]";
-        style += "body " + element + ",body " + element + " *{font-family:\"" + name + "\" !important}\r\n";
+        style.append("body ").append(element).append(",body ").append(element);
+        style.append(" *{font-family:\"").append(name).append("\" !important}\r\n");
       }
     }
   }

@@ -79,7 +79,7 @@ class Platform {
   virtual bool browse(std::string_view path) = 0;
   virtual bool startProcess(std::string_view commandLine) = 0;
   // What F1 does in the windows of forms.
-  virtual void onHelp(std::function<void(const Form& form)>) {}
+  virtual void onHelp(const std::function<void(const Form& form)>&) {}
   virtual void showHelpFile(std::string_view path, std::string_view topic) = 0;  // empty topic: default page
 };
 

@@ -35,7 +35,7 @@ class Win32Platform final : public ui::Platform {
   bool shellOpen(std::string_view path, std::string_view parameters) override;
   bool browse(std::string_view path) override;
   bool startProcess(std::string_view commandLine) override;
-  void onHelp(std::function<void(const ui::Form&)> help) override { setHelp(std::move(help)); }
+  void onHelp(const std::function<void(const ui::Form&)>& help) override { setHelp(help); }
   void showHelpFile(std::string_view path, std::string_view topic) override;
 
   // Before the forms go, which the windows refer to.
