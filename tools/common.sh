@@ -53,10 +53,11 @@ build_preset() {
   fi
 }
 
-# The downloads from a build folder, with the date of the commit: make_packages BUILD_FOLDER OUTPUT_FOLDER
+# The downloads from a build folder, with the date of the commit unless SOURCE_DATE_EPOCH is given:
+#   make_packages BUILD_FOLDER OUTPUT_FOLDER
 make_packages() {
   local version
   version=$(sed -n 's/^project(Zervo VERSION \([0-9.]*\).*/\1/p' "$zervo_top/CMakeLists.txt")
-  SOURCE_DATE_EPOCH=$(git -C "$zervo_top" log -1 --format=%ct 2>/dev/null || echo 0) \
+  SOURCE_DATE_EPOCH=${SOURCE_DATE_EPOCH:-$(git -C "$zervo_top" log -1 --format=%ct 2>/dev/null || echo 0)} \
     /usr/bin/python3 "$zervo_top/tools/make_package.py" "$1" "$version" "$2"
 }
