@@ -1,9 +1,10 @@
 #include "ui/drawing.h"
 
+#include <algorithm>
 #include <cmath>
+#include <cstdlib>
 #include <numbers>
 #include <optional>
-#include <sstream>
 #include <stdexcept>
 
 #include "ui/menu_icons.h"
@@ -15,10 +16,10 @@ constexpr std::string_view kInks = "tbrgovpyc";  // in the order of Ink
 
 class Reader {
  public:
-  Reader(std::string_view drawing, int depth) : words_{std::string(drawing)}, depth_(depth) {}
+  Reader(std::string_view drawing, int depth) : rest_(drawing), depth_(depth) {}
 
   std::vector<Shape> read() {
-    for (std::string word; words_ >> word;) {
+    for (std::string word = next(); !word.empty(); word = next()) {
       if (word.size() != 1) fail(word);
       const std::size_t ink = kInks.find(word[0]);
       if (ink != std::string_view::npos) {
@@ -33,9 +34,19 @@ class Reader {
  private:
   [[noreturn]] static void fail(const std::string& what) { throw std::logic_error("no drawing: " + what); }
 
+  void skipBlanks() { rest_.remove_prefix(std::min(rest_.find_first_not_of(" \n"), rest_.size())); }
+  // The next word; empty at the end.
+  std::string next() {
+    skipBlanks();
+    const std::string word(rest_.substr(0, rest_.find_first_of(" \n")));
+    rest_.remove_prefix(word.size());
+    return word;
+  }
   double number() {
-    double value = 0;
-    if (!(words_ >> value)) fail("a number is missing");
+    const std::string word = next();
+    char* end = nullptr;
+    const double value = std::strtod(word.c_str(), &end);
+    if (word.empty() || *end != '\0') fail("a number is missing");
     return value;
   }
   DrawnPoint point() {
@@ -50,9 +61,8 @@ class Reader {
     return all;
   }
   bool nextIsNumber() {
-    words_ >> std::ws;
-    const int next = words_.peek();
-    return next == '-' || (next >= '0' && next <= '9');
+    skipBlanks();
+    return !rest_.empty() && (rest_[0] == '-' || (rest_[0] >= '0' && rest_[0] <= '9'));
   }
   std::vector<DrawnPoint> rectangle() {
     const DrawnPoint a = point();
@@ -130,7 +140,8 @@ class Reader {
     shape.italic = (style & 2) != 0;
     shape.underlined = (style & 4) != 0;
     shape.serif = (style & 8) != 0;
-    if (!(words_ >> shape.text)) fail("letters are missing");
+    shape.text = next();
+    if (shape.text.empty()) fail("letters are missing");
   }
 
   void include() {
@@ -139,7 +150,7 @@ class Reader {
     for (Shape& shape : Reader(part, depth_ + 1).read()) shapes_.push_back(std::move(shape));
   }
 
-  std::istringstream words_;
+  std::string_view rest_;
   int depth_;
   Ink ink_ = Ink::Text;
   double width_ = 1;
