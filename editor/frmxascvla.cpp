@@ -38,7 +38,7 @@ frmxascvla::frmxascvla(app::Workbench& bench) : Form("frmxascvla", IDD_frmxascvl
   cancelButton = &CEXIT;
 }
 
-void frmxascvla::show() {
+void frmxascvla::openWindow() {
   const bool selected = bench_.codeView().selLength() > 0;
   OPselection.setEnabled(selected);
   (selected ? OPselection : OPdocument).choose();

@@ -38,7 +38,7 @@ class frmxascvla : public ui::Form {
   ui::Button CEXIT{*this, IDC_frmxascvla_CEXIT};
 
   // Shows the window with the pairs of its last time.
-  void show();
+  void openWindow();
 
  private:
   void Cload_Click();

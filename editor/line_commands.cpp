@@ -37,7 +37,7 @@ LineCommands::LineCommands(app::Workbench& bench) : bench_(bench), replace_(benc
   add(mnuparindent, "mnuparindent", "|83|აბზაცის და&წევა...", "შუალედები აბზაცის დასაწყისში", hasText,
       [this] { mnuparindent_Click(); });
   add(mnuparzuch, "mnuparzuch", "|84|შეცვლა &სიით...", "რამდენიმე ტექსტის ერთდროული შეცვლა", nullptr,
-      [this] { replace_.show(); });
+      [this] { replace_.openWindow(); });
   bench.addCommands(std::move(rows));
   bench.addMenu({app::kLinesMenu,
                  {{mnulinesnaid, {}, {}},
