@@ -24,7 +24,7 @@ struct WindowPlace {  // of the restored window, in pixels of the virtual screen
 // How wide the user has made the panes beside the code view, in 1/96 inch; what is too little or too much for
 // the window is shown narrower or wider.
 struct PaneWidths {
-  int left = 210;
+  int left = 240;
   int right = 190;
 };
 

@@ -12,7 +12,9 @@ namespace {
 constexpr UINT kDoneMessage = WM_APP + 5;
 enum Done : WPARAM { kChosen, kCloseAsked, kMoved };
 
-constexpr SIZE kPadding = {8, 4};  // around a tab's text, in 1/96 inch
+// Around a tab's text, in 1/96 inch; less where all tabs are to be seen at once.
+constexpr SIZE kPadding = {8, 4};
+constexpr SIZE kNarrowPadding = {4, 4};
 
 }  // namespace
 
@@ -27,12 +29,13 @@ void TabStripPeer::detach() {
 }
 
 void TabStripPeer::dpiChanged(int dpi) {
-  send(TCM_SETPADDING, 0, MAKELPARAM(scaled(kPadding.cx, dpi), scaled(kPadding.cy, dpi)));
+  const SIZE padding = severalRows() ? kNarrowPadding : kPadding;
+  send(TCM_SETPADDING, 0, MAKELPARAM(scaled(padding.cx, dpi), scaled(padding.cy, dpi)));
 }
 
 int TabStripPeer::heightFor(int width) const {
   RECT pages{0, 0, width, 1000};
-  if (send(TCM_GETROWCOUNT) > 1 || (GetWindowLongPtrW(window(), GWL_STYLE) & TCS_MULTILINE) != 0) {
+  if (severalRows()) {
     // How many rows there are shows only at that width.
     SetWindowPos(window(), nullptr, 0, 0, width, 1000,
                  SWP_NOMOVE | SWP_NOZORDER | SWP_NOACTIVATE | SWP_NOREDRAW);

@@ -25,6 +25,7 @@ class TabStripPeer final : public ControlPeer, private Subclass<TabStripPeer> {
  private:
   friend class Subclass<TabStripPeer>;
   LRESULT handleOf(HWND window, UINT message, WPARAM wParam, LPARAM lParam);
+  bool severalRows() const { return (GetWindowLongPtrW(window(), GWL_STYLE) & TCS_MULTILINE) != 0; }
   bool giveHint(LPARAM notification);
   void showTabs();
   int tabAt(POINT point) const;  // -1: none
