@@ -1,36 +1,21 @@
 #include "platform/win32/rich_edit_code_view.h"
 
-#include <richedit.h>
-
 #include <algorithm>
 #include <utility>
 
-#include "base/cp1252.h"
 #include "base/error.h"
 #include "base/text.h"
 #include "platform/win32/accessible_name.h"
-#include "platform/win32/clipboard.h"
 #include "platform/win32/dpi.h"
-#include "platform/win32/drag.h"
 #include "platform/win32/drop_target.h"
-#include "platform/win32/fonts.h"
 #include "platform/win32/memory_room.h"
-#include "platform/win32/pointer.h"
-#include "platform/win32/rtf_pieces.h"
+#include "platform/win32/rich_edit_silence.h"
 #include "platform/win32/strings.h"
-#include "ui/plain_rtf.h"
 
 namespace win32 {
 namespace {
 
-constexpr LPARAM kEvents = ENM_CHANGE | ENM_SELCHANGE;
-// From this many lines on a new control is faster than taking them out of the old one.
-constexpr int kManyLines = 500;
 constexpr UINT kUnicodePage = 1200;
-
-bool keyIsDown(int key) {
-  return GetKeyState(key) < 0;
-}
 
 struct StreamSource {
   const char* at;
@@ -52,25 +37,6 @@ DWORD CALLBACK readStream(DWORD_PTR cookie, LPBYTE buffer, LONG size, LONG* read
 }
 
 }  // namespace
-
-// Keeps the control from reporting what the program does, and from drawing it step by step.
-class RichEditCodeView::Silence {
- public:
-  explicit Silence(const RichEditCodeView& view) : view_(view) {
-    view_.send(EM_SETEVENTMASK, 0, ENM_NONE);
-    view_.send(WM_SETREDRAW, FALSE);
-  }
-  Silence(const Silence&) = delete;
-  Silence& operator=(const Silence&) = delete;
-  ~Silence() {
-    view_.send(WM_SETREDRAW, TRUE);
-    view_.send(EM_SETEVENTMASK, 0, kEvents);
-    InvalidateRect(view_.edit_, nullptr, TRUE);
-  }
-
- private:
-  const RichEditCodeView& view_;
-};
 
 RichEditCodeView::RichEditCodeView()
     : library_(LoadLibraryW(L"msftedit.dll")),
@@ -148,7 +114,7 @@ void RichEditCodeView::makeControl() {
   applyFont(true);
   applyWrap();
   if (backColor_) setBackColor(*backColor_);
-  send(EM_SETEVENTMASK, 0, kEvents);
+  send(EM_SETEVENTMASK, 0, kControlEvents);
 }
 
 // Text ---------------------------------------------------------------------------------------------------
@@ -259,12 +225,17 @@ void RichEditCodeView::setText(std::string_view text) {
 }
 
 // The control is new or empty; afterwards it holds `text`, with the caret at 0.
+void RichEditCodeView::streamIn(WPARAM format, const char* bytes, std::size_t size) const {
+  StreamSource source{bytes, size};
+  EDITSTREAM stream{reinterpret_cast<DWORD_PTR>(&source), 0, readStream};
+  send(EM_STREAMIN, format, reinterpret_cast<LPARAM>(&stream));
+}
+
 void RichEditCodeView::fill(std::string_view text) {
   const Silence silence(*this);
   const std::wstring control = controlFromBytes(text, lineEnd_);
-  StreamSource source{reinterpret_cast<const char*>(control.data()), control.size() * sizeof(wchar_t)};
-  EDITSTREAM stream{reinterpret_cast<DWORD_PTR>(&source), 0, readStream};
-  send(EM_STREAMIN, SF_TEXT | SF_UNICODE, reinterpret_cast<LPARAM>(&stream));
+  streamIn(SF_TEXT | SF_UNICODE, reinterpret_cast<const char*>(control.data()),
+           control.size() * sizeof(wchar_t));
   setSelection({0, 0});
   if (length() != static_cast<int>(control.size())) throwTooLong();
 }
@@ -347,7 +318,7 @@ void RichEditCodeView::select(int start, int length) {
     // The control's own report would come or not, depending on where the selection was.
     send(EM_SETEVENTMASK, 0, ENM_NONE);
     setSelection({breaks_.controlOf(from), breaks_.controlOf(to)});
-    send(EM_SETEVENTMASK, 0, kEvents);
+    send(EM_SETEVENTMASK, 0, kControlEvents);
   }
   send(EM_SCROLLCARET);
   selectionChanged();
@@ -411,295 +382,6 @@ void RichEditCodeView::undo() {
 
 void RichEditCodeView::redo() {
   if (canRedo()) travel(history_.redo(), false);
-}
-
-// Looks --------------------------------------------------------------------------------------------------
-
-void RichEditCodeView::setFont(const ui::Font& font) {
-  if (font == font_) return;
-  font_ = font;
-  applyFont(false);
-}
-
-// Without `colors` those of the characters stay.
-void RichEditCodeView::applyFont(bool colors) {
-  const ui::Font full = withDefaults(font_);
-  CHARFORMAT2W format{};
-  format.cbSize = sizeof format;
-  format.dwMask = CFM_FACE | CFM_SIZE | CFM_BOLD | CFM_ITALIC | CFM_CHARSET;
-  format.dwEffects = (full.bold ? CFE_BOLD : 0U) | (full.italic ? CFE_ITALIC : 0U);
-  format.yHeight = full.size * 20;
-  format.bCharSet = static_cast<BYTE>(full.characterSet);
-  const std::wstring name = wideFromUtf8(full.name).substr(0, LF_FACESIZE - 1);
-  std::copy(name.begin(), name.end(), format.szFaceName);
-  if (colors) {
-    format.dwMask |= CFM_COLOR | CFM_BACKCOLOR | CFM_UNDERLINE | CFM_STRIKEOUT;
-    format.dwEffects |= CFE_AUTOBACKCOLOR | (textColor_ ? 0U : CFE_AUTOCOLOR);
-    format.crTextColor = textColor_.value_or(0);
-  }
-  const Silence silence(*this);
-  send(EM_SETCHARFORMAT, SCF_DEFAULT, reinterpret_cast<LPARAM>(&format));
-  send(EM_SETCHARFORMAT, SCF_ALL, reinterpret_cast<LPARAM>(&format));
-}
-
-void RichEditCodeView::setBackColor(base::Color color) {
-  backColor_ = color;
-  send(EM_SETBKGNDCOLOR, 0, static_cast<LPARAM>(color));
-}
-
-void RichEditCodeView::setTextColor(base::Color color) {
-  if (textColor_ == color) return;
-  textColor_ = color;
-  applyFont(true);
-}
-
-void RichEditCodeView::setWordWrap(bool wrap) {
-  if (wrap == wrap_) return;
-  wrap_ = wrap;
-  applyWrap();
-}
-
-void RichEditCodeView::applyWrap() const {
-  send(EM_SETTARGETDEVICE, 0, wrap_ ? 0 : 1);
-  ShowScrollBar(edit_, SB_HORZ, wrap_ ? FALSE : TRUE);
-}
-
-void RichEditCodeView::streamRtf(const std::string& rtf) const {
-  StreamSource source{rtf.data(), rtf.size()};
-  EDITSTREAM stream{reinterpret_cast<DWORD_PTR>(&source), 0, readStream};
-  send(EM_STREAMIN, SF_RTF | SFF_SELECTION, reinterpret_cast<LPARAM>(&stream));
-}
-
-std::string RichEditCodeView::rtf() const {
-  return ui::plainRtf(text(), bytesOf(lineEnd_), withDefaults(font_).name);
-}
-
-void RichEditCodeView::setRtf(std::string_view rtf) {
-  const int top = scrollTop();  // and with it what the user has typed
-  const Range selected = selection();
-  const std::string before = text_;
-  if (breaks_.lineOf(length()) > kManyLines) makeControl();
-  {
-    const Silence silence(*this);
-    setSelection({0, -1});
-    send(EM_REPLACESEL, FALSE, reinterpret_cast<LPARAM>(L""));
-    for (const std::string& piece : rtfPieces(rtf)) {
-      const int end = length();
-      setSelection({end, end});
-      streamRtf(piece);
-    }
-    setSelection(selected);
-  }
-  // The same text in another dress keeps what can be undone; another text begins anew.
-  bytesFromControl(readControl(), lineEnd_, text_, breaks_);
-  if (text_ != before) history_.clear();
-  setScrollTop(top);
-}
-
-void RichEditCodeView::resetFormats() {
-  const int top = scrollTop();
-  const Range selected = selection();
-  if (breaks_.lineOf(length()) > kManyLines) {
-    makeControl();
-    fill(text_);
-    const Silence silence(*this);
-    setSelection(selected);
-  } else {
-    applyFont(true);
-  }
-  setScrollTop(top);
-}
-
-void RichEditCodeView::setFocus() {
-  ::SetFocus(edit_);
-}
-
-// The user -----------------------------------------------------------------------------------------------
-
-void RichEditCodeView::enter(std::wstring_view typed) {
-  replaceSelection(withLineEnds(bytesFromTyped(typed, unicodeTyped), lineEnd_));
-}
-
-void RichEditCodeView::paste() {
-  const std::wstring text = clipboardText(edit_);
-  if (!text.empty()) enter(text);
-}
-
-void RichEditCodeView::copy() {
-  const std::string bytes = selText();
-  if (!bytes.empty()) putClipboardText(edit_, wideFromBytes(bytes));
-}
-
-void RichEditCodeView::cut() {
-  copy();
-  replaceSelection("");
-}
-
-// The control takes very long to remove many lines itself. False: there was nothing to remove.
-bool RichEditCodeView::removeLongSelection() {
-  const Range range = selection();
-  if (range.to - range.from < kManyLines) return false;
-  replaceSelection("");
-  return true;
-}
-
-int RichEditCodeView::positionAt(POINT screen) const {
-  POINTL point{screen.x, screen.y};
-  MapWindowPoints(nullptr, edit_, reinterpret_cast<POINT*>(&point), 1);
-  return static_cast<int>(send(EM_CHARFROMPOS, 0, reinterpret_cast<LPARAM>(&point)));
-}
-
-void RichEditCodeView::dropText(const std::wstring& text, POINT screen) {
-  const int at = positionAt(screen);
-  setSelection({at, at});
-  enter(text);
-}
-
-// What is dropped on the selection goes around it, elsewhere the caret moves there.
-void RichEditCodeView::dropHere(POINT screen) {
-  const int at = positionAt(screen);
-  const Range selected = selection();
-  if (at < selected.from || at >= selected.to) setSelection({at, at});
-}
-
-LRESULT RichEditCodeView::handleOf(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
-  if (window == edit_) return handleEdit(message, wParam, lParam);
-  handleParent(message, wParam, lParam);
-  return forward(window, message, wParam, lParam);
-}
-
-void RichEditCodeView::handleParent(UINT message, WPARAM wParam, LPARAM lParam) {
-  if (message == WM_COMMAND && reinterpret_cast<HWND>(lParam) == edit_ && HIWORD(wParam) == EN_CHANGE) {
-    stale_ = true;
-    changed();
-  } else if (message == WM_NOTIFY) {
-    const auto& header = *reinterpret_cast<const NMHDR*>(lParam);
-    if (header.hwndFrom == edit_ && header.code == EN_SELCHANGE) selectionChanged();
-  }
-}
-
-LRESULT RichEditCodeView::handleEdit(UINT message, WPARAM wParam, LPARAM lParam) {
-  switch (message) {
-    case WM_KEYDOWN:
-      if (handleKeyDown(static_cast<int>(wParam))) return 0;
-      break;
-    case WM_KEYUP:
-      keyUp(static_cast<int>(wParam));
-      break;
-    case WM_SYSKEYDOWN:
-    case WM_SYSCHAR:
-      // Menus by keyboard; of the control's own shortcuts none (its Alt+X exchanges characters by their
-      // number).
-      if (message == WM_SYSKEYDOWN && wParam == VK_BACK) undo();
-      return DefWindowProcW(edit_, message, wParam, lParam);
-    case WM_CHAR:
-      handleCharacter(static_cast<wchar_t>(wParam), lParam);
-      return 0;
-    case WM_PASTE:
-    case EM_PASTESPECIAL:
-      paste();
-      return 0;
-    case WM_COPY:
-      copy();
-      return 0;
-    case WM_CUT:
-      cut();
-      return 0;
-    case WM_CLEAR:
-      replaceSelection("");
-      return 0;
-    case EM_CANUNDO:
-      return canUndo() ? 1 : 0;
-    case EM_CANREDO:
-      return canRedo() ? 1 : 0;
-    case WM_UNDO:
-    case EM_UNDO:
-      undo();
-      return 1;
-    case EM_REDO:
-      redo();
-      return 1;
-    case WM_DROPFILES: {
-      const auto paths = droppedFiles(wParam, true);
-      if (filesDropped) filesDropped(paths);
-      return 0;
-    }
-    case WM_PAINT: {
-      const LRESULT result = forward(edit_, message, wParam, lParam);
-      paintNewBars();
-      return result;
-    }
-    case kDragMessage:
-      if (wParam == kDragDrop) dropHere({GET_X_LPARAM(lParam), GET_Y_LPARAM(lParam)});
-      return wParam != kDragLeave ? 1 : 0;
-    case WM_CONTEXTMENU: {
-      POINT point{GET_X_LPARAM(lParam), GET_Y_LPARAM(lParam)};
-      if (lParam == -1) {  // by keyboard: at the caret
-        GetCaretPos(&point);
-        ClientToScreen(edit_, &point);
-      }
-      if (contextMenu) contextMenu(point);
-      return 0;
-    }
-    case WM_SETCURSOR:
-      if (showHourglass()) return TRUE;
-      break;
-    default:
-      break;
-  }
-  return forward(edit_, message, wParam, lParam);
-}
-
-// Wine's control makes room for a scroll bar and leaves it unpainted.
-void RichEditCodeView::paintNewBars() {
-  const LONG_PTR bars = GetWindowLongPtrW(edit_, GWL_STYLE) & (WS_HSCROLL | WS_VSCROLL);
-  if (std::exchange(bars_, bars) != bars) RedrawWindow(edit_, nullptr, nullptr, RDW_FRAME | RDW_INVALIDATE);
-}
-
-// True: the control shall not see it. Of its shortcuts only moving and deleting stay; the rest are commands.
-bool RichEditCodeView::handleKeyDown(int key) {
-  keyDown(key);
-  const bool control = keyIsDown(VK_CONTROL) && !keyIsDown(VK_MENU);
-  const bool shift = keyIsDown(VK_SHIFT);
-  if (key == VK_INSERT) {
-    if (control) copy();
-    if (shift && !control) paste();
-    return true;
-  }
-  if (key == VK_DELETE && shift && !control) {
-    cut();
-    return true;
-  }
-  if ((key == VK_DELETE || key == VK_BACK) && removeLongSelection()) return true;
-  if (!control) return false;
-  const bool moves = key >= VK_PRIOR && key <= VK_DOWN;
-  return !moves && key != VK_BACK && key != VK_DELETE && key != VK_CONTROL && key != VK_SHIFT;
-}
-
-void RichEditCodeView::handleCharacter(wchar_t character, LPARAM lParam) {
-  if (IS_HIGH_SURROGATE(character)) {
-    highSurrogate_ = character;
-    return;
-  }
-  if (IS_LOW_SURROGATE(character)) {
-    enter(std::wstring{highSurrogate_, character});
-    return;
-  }
-  const auto byte = base::byteOfChar(character);
-  if (!byte) {
-    enter(std::wstring_view(&character, 1));
-    return;
-  }
-  const int key = keyPress ? keyPress(*byte) : *byte;
-  if (key == 0 || key == 0x7F) return;
-  if (key < ' ') {
-    // Control codes are commands; the editing keys are not, unless they were made with Ctrl and a letter.
-    const bool edits = key == '\b' || key == '\t' || key == '\r';
-    const bool control = keyIsDown(VK_CONTROL) && !keyIsDown(VK_MENU);
-    if (!edits || control) return;
-  }
-  removeLongSelection();
-  forward(edit_, WM_CHAR, base::charOfByte(static_cast<std::uint8_t>(key)), lParam);
 }
 
 }  // namespace win32

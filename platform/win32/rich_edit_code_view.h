@@ -95,7 +95,7 @@ class RichEditCodeView final : public ui::CodeView, private Subclass<RichEditCod
   void cut();
   bool removeLongSelection();
   void travel(const Edit& edit, bool back);
-  void streamRtf(const std::string& rtf) const;
+  void streamIn(WPARAM format, const char* bytes, std::size_t size) const;
   void afterEdit();
 
   UniqueLibrary library_;

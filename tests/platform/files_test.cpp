@@ -4,6 +4,7 @@
 #include <windows.h>
 
 #include <algorithm>
+#include <thread>
 
 #include "base/error.h"
 
@@ -104,6 +105,44 @@ TEST(WindowsFiles, WhatCannotBeDoneIsNamed) {
   EXPECT_EQ(numberOf([&] { base::removeFile(path); }), ErrorNumber::PermissionDenied);
   CloseHandle(held);
   EXPECT_EQ(base::filesIn(folder.path()), std::vector<std::string>{"a.html"});
+}
+
+// As a virus scanner does: open for a while, and nobody may take its place meanwhile.
+class HeldOpen {
+ public:
+  HeldOpen(const std::string& path, int milliseconds)
+      : file_(CreateFileA(path.c_str(), GENERIC_READ, FILE_SHARE_READ, nullptr, OPEN_EXISTING, 0, nullptr)),
+        closing_([this, milliseconds] {
+          Sleep(static_cast<DWORD>(milliseconds));
+          CloseHandle(file_);
+        }) {}
+  HeldOpen(const HeldOpen&) = delete;
+  HeldOpen& operator=(const HeldOpen&) = delete;
+  ~HeldOpen() { closing_.join(); }
+  bool open() const { return file_ != INVALID_HANDLE_VALUE; }
+
+ private:
+  HANDLE file_;
+  std::thread closing_;
+};
+
+TEST(WindowsFiles, AFileThatAnotherProgramReadsIsWaitedForAndElseStaysWhole) {
+  const std::string page = base::tempFolder() + "\\zervo-held.txt";
+  base::writeFile(page, "old");
+  {
+    const HeldOpen held(page, 150);
+    ASSERT_TRUE(held.open());
+    base::writeFile(page, "new");
+  }
+  EXPECT_EQ(base::readFile(page), "new");
+  {
+    const HeldOpen held(page, 2000);
+    ASSERT_TRUE(held.open());
+    EXPECT_EQ(numberOf([&] { base::writeFile(page, "newer"); }), base::ErrorNumber::PermissionDenied);
+    EXPECT_EQ(base::readFile(page), "new");
+    EXPECT_FALSE(base::fileExists(page + ".zervo-tmp"));
+  }
+  base::removeFile(page);
 }
 
 TEST(WindowsFiles, ALockIsTakenFromACopyThatDied) {

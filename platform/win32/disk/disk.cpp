@@ -129,8 +129,15 @@ int flush(std::FILE* file) {
 }
 
 int rename(std::string_view from, std::string_view to) {
-  return result(MoveFileExW(native(from).c_str(), native(to).c_str(),
-                            MOVEFILE_REPLACE_EXISTING | MOVEFILE_COPY_ALLOWED));
+  // A virus scanner or an indexer may have the file open just now.
+  constexpr int kTries = 20;
+  constexpr int kPause = 25;  // milliseconds
+  for (int tried = 1;; ++tried) {
+    const int code = result(MoveFileExW(native(from).c_str(), native(to).c_str(),
+                                        MOVEFILE_REPLACE_EXISTING | MOVEFILE_COPY_ALLOWED));
+    if (code != EACCES || tried == kTries || look(from).kind != Kind::File) return code;
+    pause(kPause);
+  }
 }
 
 int remove(std::string_view path) {
