@@ -248,46 +248,51 @@ std::optional<LRESULT> MainWindow::handleMenu(UINT message, WPARAM wParam, LPARA
   }
 }
 
-std::optional<LRESULT> MainWindow::handleSplitter(UINT message, LPARAM lParam) {
-  POINT point{GET_X_LPARAM(lParam), GET_Y_LPARAM(lParam)};
-  if (message == WM_SETCURSOR) {
-    GetCursorPos(&point);
-    ScreenToClient(hwnd(), &point);
-  }
+MainWindow::Splitter MainWindow::splitterAt(POINT point) const {
   const Columns place = columns();
-  const Splitter under = PtInRect(&place.leftSplitter, point) != 0    ? Splitter::Left
-                         : PtInRect(&place.rightSplitter, point) != 0 ? Splitter::Right
-                                                                      : Splitter::None;
+  if (PtInRect(&place.leftSplitter, point) != 0) return Splitter::Left;
+  return PtInRect(&place.rightSplitter, point) != 0 ? Splitter::Right : Splitter::None;
+}
+
+void MainWindow::dragSplitter(int x) {
+  const bool left = dragged_ == Splitter::Left;
+  int& width = left ? widths_.left : widths_.right;
+  const auto measure = [&](LONG pixels) { width = MulDiv(static_cast<int>(pixels), kBaseDpi, dpi_); };
+  const Columns before = columns();
+  measure(left ? x - before.left.left : before.right.right - x);
+  // As far as it could go: what lies behind must not have to be pulled back first.
+  const Columns now = columns();
+  const RECT& pane = left ? now.left : now.right;
+  measure(pane.right - pane.left);
+  layOut();
+}
+
+std::optional<LRESULT> MainWindow::handleSplitter(UINT message, LPARAM lParam) {
   switch (message) {
     case WM_LBUTTONDOWN:
-      if (under == Splitter::None) return std::nullopt;
-      dragged_ = under;
+      dragged_ = splitterAt({GET_X_LPARAM(lParam), GET_Y_LPARAM(lParam)});
+      if (dragged_ == Splitter::None) return std::nullopt;
       SetCapture(hwnd());
       return 0;
-    case WM_MOUSEMOVE: {
+    case WM_MOUSEMOVE:
       if (dragged_ == Splitter::None) return std::nullopt;
-      const bool left = dragged_ == Splitter::Left;
-      const LONG wanted = left ? point.x - place.left.left : place.right.right - point.x;
-      (left ? widths_.left : widths_.right) = MulDiv(static_cast<int>(wanted), kBaseDpi, dpi_);
-      // As far as it could go: what lies behind must not have to be pulled back first.
-      const Columns now = columns();
-      const RECT& pane = left ? now.left : now.right;
-      (left ? widths_.left : widths_.right) =
-          MulDiv(static_cast<int>(pane.right - pane.left), kBaseDpi, dpi_);
-      layOut();
+      dragSplitter(GET_X_LPARAM(lParam));
       return 0;
-    }
     case WM_LBUTTONUP:
       if (dragged_ != Splitter::None) ReleaseCapture();
       return 0;
     case WM_CAPTURECHANGED:
       dragged_ = Splitter::None;
       return 0;
-    case WM_SETCURSOR:
+    case WM_SETCURSOR: {
       if (showHourglass()) return TRUE;
-      if (under == Splitter::None || LOWORD(lParam) != HTCLIENT) return std::nullopt;
+      POINT point;
+      GetCursorPos(&point);
+      ScreenToClient(hwnd(), &point);
+      if (LOWORD(lParam) != HTCLIENT || splitterAt(point) == Splitter::None) return std::nullopt;
       SetCursor(LoadCursorW(nullptr, IDC_SIZEWE));
       return TRUE;
+    }
     default:
       return std::nullopt;
   }

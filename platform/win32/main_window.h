@@ -37,6 +37,9 @@ class MainWindow final : public WindowBase<MainWindow>, private ui::FormPeer, pr
   void setFonts();
   void layOut();
   Columns columns() const;
+  enum class Splitter { None, Left, Right };
+  Splitter splitterAt(POINT point) const;
+  void dragSplitter(int x);
   void layOutColumn(const RECT& column, ControlPeer* tabs, HWND below);
   std::vector<HWND> panes() const;
   void nextPane();
@@ -68,7 +71,7 @@ class MainWindow final : public WindowBase<MainWindow>, private ui::FormPeer, pr
   ui::WindowState state_ = ui::WindowState::Normal;
   int dpi_ = kBaseDpi;  // of the screen that the window is on
   ui::PaneWidths widths_;
-  enum class Splitter { None, Left, Right } dragged_ = Splitter::None;
+  Splitter dragged_ = Splitter::None;
 };
 
 }  // namespace win32
