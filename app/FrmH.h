@@ -16,7 +16,7 @@
 
 namespace app {
 
-class FrmH : public ui::MainForm, public Workbench {
+class FrmH final : public ui::MainForm, public Workbench {
  public:
   FrmH(ui::Platform& platform, ui::CodeView& codeView);
 

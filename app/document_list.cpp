@@ -22,7 +22,7 @@ void ColectionMain::AddNewIthem(const std::string& Value, std::int16_t Index, co
     throw base::Error(base::ErrorNumber::InvalidCall, "indeqsi araa swore.", "ColectionMain");
   }
   // The arguments may be a record's own fields, which the shift below overwrites.
-  const std::string value = Value, kay = Kay, tag = Tag;
+  const std::string value = Value, kay = Kay, tag = Tag;  // NOLINT: that they are copies is the point
   const std::int16_t at = Index < 0 ? count : Index;
   items_.emplace_back();
   for (std::int16_t i = count; i > at; --i) {

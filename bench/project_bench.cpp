@@ -20,6 +20,8 @@ class NoWindow : public ui::MainPeer {
   void setState(ui::WindowState) override {}
   ui::WindowPlace place() const override { return {}; }
   void setPlace(ui::WindowPlace) override {}
+  ui::PaneWidths paneWidths() const override { return {}; }
+  void setPaneWidths(ui::PaneWidths) override {}
   void menusChanged() override {}
 };
 

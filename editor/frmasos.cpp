@@ -50,7 +50,7 @@ frmasos::frmasos(ui::Platform& platform, ui::CodeView& T1)
   Tsearch_Change();
 }
 
-void frmasos::show() {
+void frmasos::openWindow() {
   platform_.showModal(*this);
   T1_.setFocus();
 }

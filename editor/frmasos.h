@@ -25,7 +25,7 @@ class frmasos : public ui::Form {
   ui::Button Cdecode{*this, IDC_frmasos_Cdecode};
   ui::Button CEXIT{*this, IDC_frmasos_CEXIT};
 
-  void show();
+  void openWindow();
   bool keyPressed(const ui::Shortcut& key) override { return stepThrough(LV, key); }
 
  private:

@@ -282,7 +282,7 @@ void TagCommands::mnuabzac_Click() {
 }
 
 void TagCommands::mnuasos_Click() {
-  frmasos(bench_.platform(), bench_.codeView()).show();
+  frmasos(bench_.platform(), bench_.codeView()).openWindow();
 }
 
 }  // namespace editor

@@ -135,14 +135,15 @@ std::optional<std::string> unitOf(std::string_view value) {
 
 std::string withUnit(const std::string& value, std::string_view unit) {
   std::string changed = value;
-  const std::vector<Part> parts = partsOf(value);
-  bool only = false;  // a lone zero may get a unit: it is what the user has just typed
+  std::vector<Part> parts = partsOf(value);
+  std::reverse(parts.begin(), parts.end());  // so that places stay right
+  bool only = false;                         // a lone zero may get a unit: it is what the user has just typed
   if (parts.size() == 1) only = true;
-  for (auto part = parts.rbegin(); part != parts.rend(); ++part) {
-    const std::string_view one = text(value, *part);
+  for (const Part& part : parts) {
+    const std::string_view one = text(value, part);
     const auto end = numberEnd(one);
     if (!end || (one == "0" && !only)) continue;
-    changed.replace(part->start + *end, one.size() - *end, unit);
+    changed.replace(part.start + *end, one.size() - *end, unit);
   }
   return changed;
 }

@@ -249,8 +249,9 @@ void frmCSSstile::showChoices() {
   CBkeyword.setSelected(indexOf(keywords_, value));
   CBunit.setEnabled(unit.has_value());
   CBunit.setSelected(unit ? indexOf(properties_.units, *unit) : -1);
-  CKimportant.setEnabled(!value.empty());
-  CKimportant.setChecked(!value.empty() && edit_.entries[static_cast<std::size_t>(shown->entry)].important);
+  const bool written = shown != nullptr && !value.empty();
+  CKimportant.setEnabled(written);
+  CKimportant.setChecked(written && edit_.entries[static_cast<std::size_t>(shown->entry)].important);
   Cclear.setEnabled(!Tvalue.text().empty());
 }
 

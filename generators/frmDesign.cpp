@@ -316,9 +316,9 @@ void frmDesign::COK_Click() {
   close();
 }
 
-std::int16_t frmDesign::deliver(const std::string& title, std::string text, bool frameset) {
+std::int16_t frmDesign::deliver(const std::string& title, const std::string& text, bool frameset) {
   app::ColectionMain& documents = bench_.documents();
-  documents.AddNewIthem(std::move(text), -1, "", "");
+  documents.AddNewIthem(text, -1, "", "");
   const auto index = static_cast<std::int16_t>(documents.Count() - 1);
   app::Ithem& record = documents.Item(index);
   record.FileTitle = base::nameFromStored(title);

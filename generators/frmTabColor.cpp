@@ -15,7 +15,7 @@ constexpr int kTableHeight = 142;
 }  // namespace
 
 std::string colorText(base::Color color, frmTabColor::As as) {
-  const std::string C = app::ColorToHtml(color);
+  std::string C = app::ColorToHtml(color);
   switch (as) {
     case frmTabColor::As::BgColor:
       return "BGCOLOR=\"" + C + "\"";

@@ -128,8 +128,9 @@ void frmtempformat::Cremove_Click() {
 
 void frmtempformat::move(int by) {
   const int at = List1.selected();
-  std::swap(templates_[static_cast<std::size_t>(at)], templates_[static_cast<std::size_t>(at + by)]);
-  showList(at + by);
+  const int to = at + by;
+  std::swap(templates_[static_cast<std::size_t>(at)], templates_[static_cast<std::size_t>(to)]);
+  showList(to);
   changed_();
 }
 

@@ -34,7 +34,7 @@ void UploadRun::say(const ui::Text& text, const std::string& rest) {
   log_(ui::display(text) + rest);
 }
 
-std::string UploadRun::withoutPassword(std::string words) const {
+std::string UploadRun::withoutPassword(const std::string& words) const {
   return account_[3].empty() ? words : base::replaceAll(words, account_[3], "***");
 }
 

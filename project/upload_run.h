@@ -26,7 +26,7 @@ class UploadRun {
  private:
   void say(const ui::Text& text, const std::string& rest = {});
   void sayWhy();
-  std::string withoutPassword(std::string words) const;
+  std::string withoutPassword(const std::string& words) const;
 
   mdlFTP& ftp_;
   FtpFields account_;

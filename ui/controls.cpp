@@ -153,9 +153,11 @@ void TreeView::userSelect(int node) {
 
 void StatusBar::setPanel(std::string_view key, Text text) {
   for (Panel& panel : panels_) {
-    if (panel.key != key || panel.text == text) continue;
+    if (panel.key != key) continue;
+    if (panel.text == text) return;
     panel.text = std::move(text);
     tell(Aspect::Text);
+    return;
   }
 }
 

@@ -38,7 +38,7 @@ class Reader {
   // The next word; empty at the end.
   std::string next() {
     skipBlanks();
-    const std::string word(rest_.substr(0, rest_.find_first_of(" \n")));
+    std::string word(rest_.substr(0, rest_.find_first_of(" \n")));
     rest_.remove_prefix(word.size());
     return word;
   }

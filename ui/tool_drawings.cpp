@@ -45,6 +45,7 @@ constexpr ToolDrawing kTools[] = {
 // A sheet with one corner turned down, and on it what tells its kind.
 #define SHEET \
   "p F 2 1 10 1 14 5 14 15 2 15 t C 2.5 1.5 9.5 1.5 13.5 5.5 13.5 14.5 2.5 14.5 L 9.5 1.5 9.5 5.5 13.5 5.5 "
+// NOLINTBEGIN(bugprone-suspicious-missing-comma): the sheet and what is on it are one drawing.
 constexpr std::string_view kFiles[kFileIcons] = {
     SHEET "b T 8 10 9 1 H",
     SHEET "v T 8 10 9 1 #",
@@ -59,6 +60,7 @@ constexpr std::string_view kFiles[kFileIcons] = {
     SHEET "r T 8 10 9 1 W",
     SHEET,
 };
+// NOLINTEND(bugprone-suspicious-missing-comma)
 #undef SHEET
 
 }  // namespace
