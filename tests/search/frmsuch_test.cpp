@@ -331,6 +331,15 @@ TEST_F(FrmsuchTest, ListsTheHitsOfAllDocuments) {
   EXPECT_EQ(H->CurrentItemIndex, 1);
   EXPECT_EQ(selected(), "0+4");
 
+  // Hits go along with their document.
+  H->moveDocument(0, 2);
+  D.List1.userSelect(1);
+  EXPECT_EQ(titles().at(static_cast<std::size_t>(H->CurrentItemIndex)), "a.html");
+  EXPECT_EQ(selected(), "8+3");
+  D.List1.userSelect(4);
+  EXPECT_EQ(titles().at(static_cast<std::size_t>(H->CurrentItemIndex)), "b.css");
+  H->moveDocument(2, 0);
+
   // Closing a document leaves the others' hits good.
   clickNode("a.html");
   ASSERT_TRUE(H->runCommand(mnuClose));
@@ -502,11 +511,12 @@ TEST_F(FrmsuchTest, TakesBackOnlyTheLastReplacing) {
   clickNode("a.html");
   expectBoxWith("ფაილი შეიცვალა", app::kAnswerNo);
   ASSERT_TRUE(H->runCommand(mnuClose));
+  H->moveDocument(0, 1);
   ASSERT_TRUE(H->runCommand(mnuundoreplace));
   EXPECT_FALSE(H->runCommand(mnuundoreplace));
   std::vector<std::string> texts;
   for (std::int16_t i = 0; i < H->WebProject.Count(); ++i) texts.push_back(H->documentText(i));
-  EXPECT_EQ(texts, (Steps{"n1", "1"})) << "the closed document is not looked for among the others";
+  EXPECT_EQ(texts, (Steps{"1", "n1"})) << "the closed document is not looked for among the others";
 }
 
 TEST_F(FrmsuchTest, OneHitInAllFilesIsLeftAlone) {
