@@ -247,6 +247,13 @@ void FrmH::addToolBar(const std::vector<ui::ToolBarButton>& buttons) {
   toolBar.insert(toolBar.end(), buttons.begin(), buttons.end());
 }
 
+void FrmH::setToolColor(int command, base::Color color) {
+  for (ui::ToolBarButton& button : toolBar) {
+    if (button.command == command) button.color = color;
+  }
+  if (window != nullptr) window->toolBarChanged();
+}
+
 void FrmH::buildMenus() {
   const auto item = [this](int id) -> std::optional<ui::MenuItem> {
     if (id == 0) return ui::MenuItem{};

@@ -94,6 +94,7 @@ class FrmH final : public ui::MainForm, public Workbench {
   void addCommands(std::vector<Command> rows) override;
   void addMenu(const MenuPlan& plan) override;
   void addToolBar(const std::vector<ui::ToolBarButton>& buttons) override;
+  void setToolColor(int command, base::Color color) override;
   void menuTextsChanged() override;
   bool runCommand(int id) override;
   bool commandChecked(int id) override;

@@ -60,8 +60,9 @@ class Workbench {
   virtual void addMenu(const MenuPlan& plan) = 0;  // an existing caption is extended
   virtual void menuTextsChanged() = 0;             // captions that rows make anew are asked for again
   virtual void addToolBar(const std::vector<ui::ToolBarButton>& buttons) = 0;  // behind those already there
-  virtual bool runCommand(int id) = 0;                                         // false: unknown or disabled
-  virtual bool commandChecked(int id) = 0;  // its menu item bears a check mark
+  virtual void setToolColor(int command, base::Color color) = 0;  // what the button's picture shows
+  virtual bool runCommand(int id) = 0;                            // false: unknown or disabled
+  virtual bool commandChecked(int id) = 0;                        // its menu item bears a check mark
 
   // A panel of the status bar: "kMain", "kPosition", "kCounts", "kMode", "kPreview".
   virtual void setPanel(std::string_view key, ui::Text text) = 0;

@@ -22,6 +22,7 @@ class NoWindow : public ui::MainPeer {
   void setPlace(ui::WindowPlace) override {}
   ui::PaneWidths paneWidths() const override { return {}; }
   void setPaneWidths(ui::PaneWidths) override {}
+  void toolBarChanged() override {}
   void menusChanged() override {}
 };
 

@@ -156,7 +156,9 @@ TagCommands::TagCommands(app::Workbench& bench) : bench_(bench) {
   addMenus();
   addButtons();
   bench.colorChosen.connect([this](base::Color color) {
-    if (color != colors[0]) colors = {color, colors[0]};
+    if (color == colors[0]) return;
+    colors = {color, colors[0]};
+    showColors();
   });
 }
 
@@ -222,6 +224,14 @@ void TagCommands::addButtons() {
   std::vector<ui::ToolBarButton> buttons;
   for (int i = 0; i < kToolButtons; ++i) buttons.push_back({PHTbar + i, kButtons[i].icon, kButtons[i].hint});
   bench_.addToolBar(buttons);
+  showColors();
+}
+
+void TagCommands::showColors() {
+  for (int i = 0; i < kToolButtons; ++i) {
+    if (kButtons[i].icon == Icon::FirstColor) bench_.setToolColor(PHTbar + i, colors[0]);
+    if (kButtons[i].icon == Icon::SecondColor) bench_.setToolColor(PHTbar + i, colors[1]);
+  }
 }
 
 void TagCommands::htmlbarklick(int index) {

@@ -26,6 +26,7 @@ class TagCommands {
   void addCommands();
   void addMenus();
   void addButtons();
+  void showColors();
   void mnutags_Click();
   void mnutagkod_Click();
   void mnuabzac_Click();

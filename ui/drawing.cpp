@@ -12,7 +12,7 @@
 namespace ui {
 namespace {
 
-constexpr std::string_view kInks = "tbrgovpyc";  // in the order of Ink
+constexpr std::string_view kInks = "tbrgovpyck";  // in the order of Ink
 
 class Reader {
  public:

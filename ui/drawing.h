@@ -2,6 +2,7 @@
 //
 // A drawing is words with a space between. Small letters choose the ink, capitals draw with it:
 //   t text   b blue   r red   g green   o orange   v violet   p paper   y pale yellow   c pale blue
+//   k the picture's own, where it has one
 //   L x y x y ...      a line through the points       C x y ...  the same, closed      F x y ...  filled
 //   R left top right bottom   an outline               Q left top right bottom          filled
 //   A x y radius from to      an arc, in degrees clockwise from the right
@@ -16,7 +17,7 @@
 
 namespace ui {
 
-enum class Ink { Text, Blue, Red, Green, Orange, Violet, Paper, PaleYellow, PaleBlue };
+enum class Ink { Text, Blue, Red, Green, Orange, Violet, Paper, PaleYellow, PaleBlue, Own };
 
 struct DrawnPoint {
   double x;

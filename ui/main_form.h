@@ -38,7 +38,8 @@ class MainPeer {
   virtual void setPlace(WindowPlace place) = 0;  // moved into the nearest screen when outside all
   virtual PaneWidths paneWidths() const = 0;
   virtual void setPaneWidths(PaneWidths widths) = 0;
-  virtual void menusChanged() = 0;  // rows, not states: states are asked before they show
+  virtual void toolBarChanged() = 0;  // colours of its buttons
+  virtual void menusChanged() = 0;    // rows, not states: states are asked before they show
 };
 
 class MainForm : public Form {

@@ -1,6 +1,7 @@
 // A strip of buttons as data. The platform draws them and reports the chosen command id.
 #pragma once
 
+#include "base/color.h"
 #include "ui/text.h"
 
 namespace ui {
@@ -40,7 +41,8 @@ enum class ToolIcon {
 struct ToolBarButton {
   int command;
   ToolIcon icon;
-  Text hint;  // tool tip, and the name for screen readers
+  Text hint;              // tool tip, and the name for screen readers
+  base::Color color = 0;  // of the ink that the drawing leaves to the button
 };
 
 }  // namespace ui

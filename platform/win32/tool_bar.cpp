@@ -16,8 +16,9 @@ constexpr int kPicture = 16;
 
 UniqueImages makePictures(const std::vector<ui::ToolBarButton>& buttons, int size) {
   UniqueImages pictures(ImageList_Create(size, size, ILC_COLOR32, static_cast<int>(buttons.size()), 0));
-  const IconColors colors = systemIconColors(COLOR_BTNTEXT, COLOR_BTNFACE);
+  IconColors colors = systemIconColors(COLOR_BTNTEXT, COLOR_BTNFACE);
   for (const ui::ToolBarButton& button : buttons) {
+    colors.own = button.color;
     const UniqueBitmap picture = iconBitmap(ui::toolDrawing(button.icon), size, colors);
     ImageList_Add(pictures.get(), picture.get(), nullptr);
   }

@@ -71,6 +71,7 @@ COLORREF colorOf(ui::Ink ink, const IconColors& colors) {
                                        RGB(255, 255, 255),
                                        RGB(255, 232, 150),
                                        RGB(200, 224, 255)};
+  if (ink == ui::Ink::Own) return colors.own;
   const COLORREF color = kInks[static_cast<int>(ink)];
   if (ink == ui::Ink::Text) return colors.text;
   const bool ground = ink >= ui::Ink::Paper;

@@ -12,6 +12,7 @@ struct IconColors {
   COLORREF text;
   COLORREF back;       // what is behind the picture: no ink may vanish on it
   bool plain = false;  // everything in the text's colour: high contrast, a highlighted or a disabled item
+  COLORREF own = 0;    // a colour that is what the picture is about: shown as it is
   bool operator==(const IconColors&) const = default;
 };
 // In system colours; plain when the user wants high contrast.

@@ -256,9 +256,11 @@ TEST_F(Tags, EveryButtonDoesSomething) {
     if (i == 8) expect("<P ALIGN=\"CENTER\"></P>", 18, 0);
     if (i == 19) {
       EXPECT_EQ(T1.text(), "<FONT COLOR=\"#0500AB\"></FONT>") << "chosen last";
+      EXPECT_EQ(H->toolBar[19].color, base::rgb(5, 0, 171)) << "as its picture shows";
     }
     if (i == 20) {
       EXPECT_EQ(T1.text(), "<FONT COLOR=\"#FF0000\"></FONT>") << "chosen before";
+      EXPECT_EQ(H->toolBar[20].color, base::rgb(255, 0, 0));
     }
   }
   EXPECT_EQ(hints.size(), 27u);

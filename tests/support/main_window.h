@@ -23,6 +23,7 @@ class FakeMainPeer : public ui::MainPeer {
   void setPlace(ui::WindowPlace place) override { at = place; }
   ui::PaneWidths paneWidths() const override { return widths; }
   void setPaneWidths(ui::PaneWidths newWidths) override { widths = newWidths; }
+  void toolBarChanged() override {}
   void menusChanged() override {}
 
   int shown = 0;
