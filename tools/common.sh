@@ -4,6 +4,9 @@ zervo_top=$(cd "$(dirname "${BASH_SOURCE[0]}")/.." && pwd)
 zervo_build=${ZERVO_BUILD:-$zervo_top/build}
 zervo_jobs=$(nproc)
 
+# Without a UTF-8 locale Wine refuses Georgian names of files; a bare machine has none set.
+export LC_ALL=C.UTF-8
+
 say() { printf '== %s\n' "$*"; }
 loud() { printf '\n!!! %s !!!\n\n' "$*"; }
 
