@@ -79,10 +79,22 @@ std::string serverWords() {
 struct WinInetFtp::Session {
   std::atomic<HINTERNET> internet{nullptr};
   std::atomic<HINTERNET> connection{nullptr};
+  std::atomic<bool> connecting{false};
+  std::atomic<bool> left{false};
   // May be called from two threads; each handle is closed once.
   void close() {
     if (const HINTERNET handle = connection.exchange(nullptr)) InternetCloseHandle(handle);
     if (const HINTERNET handle = internet.exchange(nullptr)) InternetCloseHandle(handle);
+  }
+  // Nobody waits for the session any more. Wine's library frees a connection twice when it is closed while it
+  // is being made, which may end the program: then the call closes what it has made, if it ever returns.
+  void leave() {
+    left = true;
+    if (!connecting) close();
+  }
+  void connected() {
+    connecting = false;
+    if (left) close();
   }
 };
 
@@ -96,7 +108,7 @@ bool WinInetFtp::connected() const {
 
 // The call goes on by itself, if it ever ends, and takes its handles with it.
 void WinInetFtp::abandon() {
-  std::thread([session = session_] { session->close(); }).detach();
+  std::thread([session = session_] { session->leave(); }).detach();
   session_.reset();
 }
 
@@ -154,15 +166,22 @@ ui::FtpResult WinInetFtp::run(Call call, int silence, const ui::FtpWatch& watch,
 ui::FtpResult WinInetFtp::connect(const ui::FtpServer& server, int silence, const ui::FtpWatch& watch) {
   disconnect();
   session_ = std::make_shared<Session>();
+  session_->connecting = true;
   const auto result = run(
       [server](Session& session) {
         const HINTERNET internet = InternetOpenA("FTP", INTERNET_OPEN_TYPE_PRECONFIG, nullptr, nullptr, 0);
-        if (internet == nullptr) return false;
         session.internet = internet;
+        if (internet == nullptr) {
+          session.connecting = false;
+          return false;
+        }
         const HINTERNET connection = InternetConnectA(
             internet, server.host.c_str(), static_cast<INTERNET_PORT>(server.port), server.user.c_str(),
             server.password.c_str(), INTERNET_SERVICE_FTP, server.passive ? INTERNET_FLAG_PASSIVE : 0, 0);
+        const DWORD error = GetLastError();
         session.connection = connection;
+        session.connected();
+        SetLastError(error);
         return connection != nullptr;
       },
       silence, watch);

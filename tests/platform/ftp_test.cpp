@@ -93,9 +93,12 @@ TEST_F(FtpServers, FailuresEndInTimeAndTheNextRunWorks) {
   const auto attempt = [&](const char* user, const ui::FtpWatch& watch = nullptr) {
     failing.user = user;
     const auto start = std::chrono::steady_clock::now();
-    ui::FtpResult result = ftp.connect(failing, 2, watch);
-    if (result.done()) result = ftp.put(local, "/a.htm", true, 2, watch);
-    EXPECT_LT(std::chrono::steady_clock::now() - start, std::chrono::seconds(8)) << user;
+    // Only who never answers is to be given up: a loaded machine may take its time.
+    const int silence = std::string_view(user).starts_with("silent") ? 2 : 10;
+    ui::FtpResult result = ftp.connect(failing, silence, watch);
+    if (result.done()) result = ftp.put(local, "/a.htm", true, silence, watch);
+    const auto took = std::chrono::steady_clock::now() - start;
+    EXPECT_LT(took, std::chrono::seconds(silence + 6)) << user;
     return result;
   };
   EXPECT_TRUE(attempt("good").done());
