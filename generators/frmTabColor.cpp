@@ -167,7 +167,7 @@ void frmTabColor::takeCells(ui::Point pointer) {
 }
 
 void frmTabColor::takeTable(int lastColumn, int lastRow) {
-  finish(tableSpecification(lastColumn, lastRow, border()));
+  finish(tableChoice(lastColumn, lastRow, border()));
 }
 
 bool frmTabColor::gridKey(int key) {

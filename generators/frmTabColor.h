@@ -19,7 +19,7 @@ class frmTabColor : public ui::Form {
   // The two have windows of their own.
   frmTabColor(ui::Platform& platform, Mode mode);
 
-  // Shows the form beside the pointer; the table specification, empty when closed without a choice.
+  // Shows the form beside the pointer; the answer is for tableMarkup(), empty when closed without a choice.
   static std::string tabload(ui::Platform& platform);
   // The same for colours. What is chosen, its text and the form of it are kept in `choice` for the next time.
   enum class As { FontColor, Color, BgColor, Bare };

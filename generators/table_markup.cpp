@@ -29,15 +29,15 @@ std::string_view borderAttributes(int style) {
 
 }  // namespace
 
-std::string tableSpecification(int lastColumn, int lastRow, TableBorder border) {
+std::string tableChoice(int lastColumn, int lastRow, TableBorder border) {
   return std::to_string(lastColumn) + "|" + std::to_string(lastRow) + "|" +
          std::to_string(static_cast<int>(border));
 }
 
-std::string tableMarkup(std::string_view specification) {
+std::string tableMarkup(std::string_view choice) {
   constexpr std::size_t kShortest = 5;
-  if (specification.size() < kShortest) return {};
-  const std::vector<std::string> parts = base::split(specification, "|");
+  if (choice.size() < kShortest) return {};
+  const std::vector<std::string> parts = base::split(choice, "|");
   if (parts.size() < 3) return {};
   const int lastColumn = numberAtStart(parts[0]);
   const int lastRow = numberAtStart(parts[1]);

@@ -1,4 +1,4 @@
-// The markup of a new table from its specification.
+// The markup of a new table from what was chosen.
 #pragma once
 
 #include <string>
@@ -8,12 +8,12 @@ namespace generators {
 
 enum class TableBorder { Border = 0, Line = 1, None = 2 };
 
-// "2|1|0": last column, last row (both from 0) and border style.
-std::string tableSpecification(int lastColumn, int lastRow, TableBorder border);
+// What was chosen, as one text: "2|1|0" is last column, last row (both from 0) and border style.
+std::string tableChoice(int lastColumn, int lastRow, TableBorder border);
 
-// Empty when the specification is shorter than five characters, has less than three parts, or asks for less
+// Empty when the choice is shorter than five characters, has less than three parts, or asks for less
 // than one or more than kMostCells columns or rows.
 inline constexpr int kMostCells = 1000;
-std::string tableMarkup(std::string_view specification);
+std::string tableMarkup(std::string_view choice);
 
 }  // namespace generators

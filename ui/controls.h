@@ -143,7 +143,7 @@ class ListBox : public Control {
   // when it was dropped on that. Off without `draggable`, which is set before the form is shown.
   bool draggable = false;
   Signal<int> droppedInText;
-  // A key pressed in the list, before the list sees it; true: handled. Main window only.
+  // A key pressed in the list, before the list sees it; true: handled.
   std::function<bool(const Shortcut&)> keyPressed;
   const std::vector<Text>& items() const { return items_; }
   void setItems(std::vector<Text> items);  // deselects

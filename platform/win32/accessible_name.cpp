@@ -1,17 +1,29 @@
 #include "platform/win32/accessible_name.h"
 
+#include <string_view>
+
 namespace win32 {
 namespace {
 
+// The window class's name begins like that.
+bool isKind(HWND window, std::wstring_view kind) {
+  wchar_t name[16] = L"";
+  if (window != nullptr) GetClassNameW(window, name, 16);
+  return _wcsnicmp(name, kind.data(), kind.size()) == 0;
+}
+
 // The text of other controls, which do not show it, is free to be their name.
 bool holdsText(HWND window) {
-  wchar_t kind[16] = L"";
-  GetClassNameW(window, kind, 16);
-  return _wcsicmp(kind, L"Edit") == 0 || _wcsicmp(kind, L"ComboBox") == 0 ||
-         _wcsnicmp(kind, L"RichEdit", 8) == 0;
+  return isKind(window, L"Edit") || isKind(window, L"ComboBox") || isKind(window, L"RichEdit");
 }
 
 }  // namespace
+
+bool hasLabel(HWND control) {
+  const HWND before = GetWindow(control, GW_HWNDPREV);
+  // An empty one is filled later, with something else than a name.
+  return isKind(before, L"Static") && GetWindowTextLengthW(before) > 0;
+}
 
 HWND setAccessibleName(HWND control, const std::wstring& name, HWND label) {
   if (!holdsText(control)) {

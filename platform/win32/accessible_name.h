@@ -7,6 +7,9 @@
 
 namespace win32 {
 
+// A static text stands right before the control in its window.
+bool hasLabel(HWND control);
+
 // A field that holds text is named by the label before it: it gets a hidden one. `label` is that of an
 // earlier window of the same control, to be used again; the label is returned, null for other controls.
 HWND setAccessibleName(HWND control, const std::wstring& name, HWND label = nullptr);

@@ -56,15 +56,6 @@ void IconPeer::showProgram() {
   send(STM_SETICON, reinterpret_cast<WPARAM>(own_.get()));
 }
 
-ButtonPeer::ButtonPeer(ui::Button& model, HWND window) : CaptionPeer(model, window), button_(model) {
-  watch(window);
-}
-
-void ButtonPeer::detach() {
-  unwatch(window());
-  CaptionPeer::detach();
-}
-
 void ButtonPeer::onCommand(int code) {
   if (code == BN_CLICKED) button_.click();
 }

@@ -1,9 +1,8 @@
 // Labels, message signs and everything that is pressed.
 #pragma once
 
-#include "platform/win32/control_peer.h"
 #include "platform/win32/handles.h"
-#include "platform/win32/subclass.h"
+#include "platform/win32/watched_peer.h"
 #include "ui/controls.h"
 
 namespace win32 {
@@ -60,10 +59,9 @@ class ProgressPeer final : public ControlPeer {
   ui::ProgressBar& bar_;
 };
 
-class ButtonPeer final : public CaptionPeer, private Subclass<ButtonPeer> {
+class ButtonPeer final : public WatchedPeer<ButtonPeer, CaptionPeer> {
  public:
-  ButtonPeer(ui::Button& model, HWND window);
-  void detach() override;
+  ButtonPeer(ui::Button& model, HWND window) : WatchedPeer(model, window), button_(model) {}
   void onCommand(int code) override;
 
  private:

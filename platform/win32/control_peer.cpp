@@ -16,18 +16,6 @@
 
 namespace win32 {
 
-namespace {
-
-bool hasLabel(HWND window) {
-  const HWND before = GetWindow(window, GW_HWNDPREV);
-  wchar_t kind[16] = L"";
-  if (before != nullptr) GetClassNameW(before, kind, 16);
-  // An empty one is filled later, with something else than a name.
-  return _wcsicmp(kind, L"Static") == 0 && GetWindowTextLengthW(before) > 0;
-}
-
-}  // namespace
-
 ControlPeer::ControlPeer(ui::Control& model, HWND window) : model_(model), window_(window) {
   model_.attach(this);
 }

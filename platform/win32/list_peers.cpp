@@ -9,15 +9,6 @@
 
 namespace win32 {
 
-ListPeer::ListPeer(ui::ListBox& model, HWND window) : ControlPeer(model, window), list_(model) {
-  if (list_.draggable) watch(window);
-}
-
-void ListPeer::detach() {
-  unwatch(window());
-  ControlPeer::detach();
-}
-
 bool ListPeer::onKey(int key) {
   return list_.keyPressed && list_.keyPressed(pressedKey(static_cast<WPARAM>(key)));
 }
@@ -27,7 +18,7 @@ LRESULT ListPeer::handleOf(HWND window, UINT message, WPARAM wParam, LPARAM lPar
   switch (message) {
     case WM_LBUTTONDOWN: {
       const LRESULT row = send(LB_ITEMFROMPOINT, 0, lParam);
-      pressed_ = HIWORD(row) == 0 && LOWORD(row) < list_.items().size() ? LOWORD(row) : -1;
+      pressed_ = list_.draggable && HIWORD(row) == 0 && LOWORD(row) < list_.items().size() ? LOWORD(row) : -1;
       pressedAt_ = point;
       break;
     }

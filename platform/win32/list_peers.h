@@ -1,16 +1,14 @@
 // List boxes and drop-down lists.
 #pragma once
 
-#include "platform/win32/control_peer.h"
-#include "platform/win32/subclass.h"
+#include "platform/win32/watched_peer.h"
 #include "ui/controls.h"
 
 namespace win32 {
 
-class ListPeer final : public ControlPeer, private Subclass<ListPeer> {
+class ListPeer final : public WatchedPeer<ListPeer> {
  public:
-  ListPeer(ui::ListBox& model, HWND window);
-  void detach() override;
+  ListPeer(ui::ListBox& model, HWND window) : WatchedPeer(model, window), list_(model) {}
   void onCommand(int code) override;
   bool onKey(int key) override;
 

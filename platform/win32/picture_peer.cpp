@@ -20,15 +20,6 @@ void registerPictureClass() {
   static_cast<void>(registered);
 }
 
-PicturePeer::PicturePeer(ui::PictureBox& model, HWND window) : ControlPeer(model, window), picture_(model) {
-  watch(window);
-}
-
-void PicturePeer::detach() {
-  unwatch(window());
-  ControlPeer::detach();
-}
-
 void PicturePeer::prepare() {
   measure();
   // What no key does anything in is no stop of the keyboard.

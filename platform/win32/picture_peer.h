@@ -1,8 +1,7 @@
 // The window of a picture that its form draws.
 #pragma once
 
-#include "platform/win32/control_peer.h"
-#include "platform/win32/subclass.h"
+#include "platform/win32/watched_peer.h"
 #include "ui/picture.h"
 
 namespace win32 {
@@ -10,10 +9,9 @@ namespace win32 {
 // The window class "ZervoPicture", for dialog templates. May be called again.
 void registerPictureClass();
 
-class PicturePeer final : public ControlPeer, private Subclass<PicturePeer> {
+class PicturePeer final : public WatchedPeer<PicturePeer> {
  public:
-  PicturePeer(ui::PictureBox& model, HWND window);
-  void detach() override;
+  PicturePeer(ui::PictureBox& model, HWND window) : WatchedPeer(model, window), picture_(model) {}
   bool onKey(int key) override;
 
  protected:

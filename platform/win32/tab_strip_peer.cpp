@@ -18,14 +18,8 @@ constexpr SIZE kNarrowPadding = {4, 4};
 
 }  // namespace
 
-TabStripPeer::TabStripPeer(ui::TabStrip& model, HWND window) : ControlPeer(model, window), strip_(model) {
-  watch(window);
+TabStripPeer::TabStripPeer(ui::TabStrip& model, HWND window) : WatchedPeer(model, window), strip_(model) {
   dpiChanged(dpiOf(window));
-}
-
-void TabStripPeer::detach() {
-  unwatch(window());
-  ControlPeer::detach();
 }
 
 void TabStripPeer::dpiChanged(int dpi) {

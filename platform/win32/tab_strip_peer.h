@@ -4,16 +4,14 @@
 #include <string>
 #include <vector>
 
-#include "platform/win32/control_peer.h"
-#include "platform/win32/subclass.h"
+#include "platform/win32/watched_peer.h"
 #include "ui/tab_strip.h"
 
 namespace win32 {
 
-class TabStripPeer final : public ControlPeer, private Subclass<TabStripPeer> {
+class TabStripPeer final : public WatchedPeer<TabStripPeer> {
  public:
   TabStripPeer(ui::TabStrip& model, HWND window);
-  void detach() override;
   LRESULT onNotify(const NMHDR& header) override;
   void dpiChanged(int dpi) override;
   // What the tabs need when they are `width` wide, in pixels.

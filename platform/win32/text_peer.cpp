@@ -8,15 +8,13 @@
 
 namespace win32 {
 
-TextPeer::TextPeer(ui::TextBox& model, HWND window) : ControlPeer(model, window), text_(model) {
-  watch(window);
+TextPeer::TextPeer(ui::TextBox& model, HWND window) : WatchedPeer(model, window), text_(model) {
   text_.selectionInWindow = [this] { return selection(); };
 }
 
 void TextPeer::detach() {
-  unwatch(window());
   text_.selectionInWindow = nullptr;
-  ControlPeer::detach();
+  WatchedPeer::detach();
 }
 
 void TextPeer::prepare() {

@@ -3,14 +3,13 @@
 
 #include <optional>
 
-#include "platform/win32/control_peer.h"
 #include "platform/win32/handles.h"
-#include "platform/win32/subclass.h"
+#include "platform/win32/watched_peer.h"
 #include "ui/controls.h"
 
 namespace win32 {
 
-class TextPeer final : public ControlPeer, private Subclass<TextPeer> {
+class TextPeer final : public WatchedPeer<TextPeer> {
  public:
   TextPeer(ui::TextBox& model, HWND window);
   void detach() override;

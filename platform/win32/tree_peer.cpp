@@ -18,15 +18,6 @@ constexpr UINT kDraggedMessage = WM_APP + 3;
 
 }  // namespace
 
-TreePeer::TreePeer(ui::TreeView& model, HWND window) : ControlPeer(model, window), tree_(model) {
-  watch(window);
-}
-
-void TreePeer::detach() {
-  unwatch(window());
-  ControlPeer::detach();
-}
-
 LRESULT TreePeer::handleOf(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
   if (message == WM_SETFONT) showIcons();  // also comes when the window moves to a screen of another density
   if (message == kDragMessage) return dragOver(wParam, {GET_X_LPARAM(lParam), GET_Y_LPARAM(lParam)}) ? 1 : 0;

@@ -3,17 +3,15 @@
 
 #include <vector>
 
-#include "platform/win32/control_peer.h"
 #include "platform/win32/handles.h"
-#include "platform/win32/subclass.h"
+#include "platform/win32/watched_peer.h"
 #include "ui/controls.h"
 
 namespace win32 {
 
-class TreePeer final : public ControlPeer, private Subclass<TreePeer> {
+class TreePeer final : public WatchedPeer<TreePeer> {
  public:
-  TreePeer(ui::TreeView& model, HWND window);
-  void detach() override;
+  TreePeer(ui::TreeView& model, HWND window) : WatchedPeer(model, window), tree_(model) {}
   LRESULT onNotify(const NMHDR& header) override;
 
  protected:

@@ -53,8 +53,7 @@ void WebPeer::detach() {
   KillTimer(window(), kLook);
   browser_.reset();
   container_.reset();
-  unwatch(window());
-  ControlPeer::detach();
+  WatchedPeer::detach();
 }
 
 void WebPeer::prepare() {

@@ -1,9 +1,8 @@
 // The system's web browser inside a form.
 #pragma once
 
-#include "platform/win32/control_peer.h"
 #include "platform/win32/handles.h"
-#include "platform/win32/subclass.h"
+#include "platform/win32/watched_peer.h"
 #include "ui/web_view.h"
 // windows.h first
 #include <exdisp.h>
@@ -12,9 +11,9 @@
 
 namespace win32 {
 
-class WebPeer final : public ControlPeer, private Subclass<WebPeer> {
+class WebPeer final : public WatchedPeer<WebPeer> {
  public:
-  WebPeer(ui::WebView& model, HWND window) : ControlPeer(model, window), view_(model) { watch(window); }
+  WebPeer(ui::WebView& model, HWND window) : WatchedPeer(model, window), view_(model) {}
   void detach() override;
   bool translate(MSG& message) override;
 

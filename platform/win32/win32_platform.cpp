@@ -17,6 +17,14 @@
 #include "ui/recent_folders.h"
 
 namespace win32 {
+namespace {
+
+ui::FileDialog inItsFolder(const ui::Platform& platform, ui::FileDialog dialog) {
+  dialog.folder = ui::folderToOpen(platform, dialog);
+  return dialog;
+}
+
+}  // namespace
 
 void Win32Platform::showModal(ui::Form& form) {
   runModal(form);
@@ -48,17 +56,13 @@ int Win32Platform::popupMenu(const std::vector<ui::MenuItem>& items) {
 }
 
 std::vector<std::string> Win32Platform::openFiles(const ui::FileDialog& dialog) {
-  ui::FileDialog there = dialog;
-  there.folder = ui::folderToOpen(*this, dialog);
-  std::vector<std::string> paths = win32::openFiles(activeWindow(), there);
+  std::vector<std::string> paths = win32::openFiles(activeWindow(), inItsFolder(*this, dialog));
   if (!paths.empty()) ui::rememberFolder(*this, dialog, paths.front());
   return paths;
 }
 
 std::optional<std::string> Win32Platform::saveFile(const ui::FileDialog& dialog) {
-  ui::FileDialog there = dialog;
-  there.folder = ui::folderToOpen(*this, dialog);
-  const auto path = win32::saveFile(activeWindow(), there);
+  const auto path = win32::saveFile(activeWindow(), inItsFolder(*this, dialog));
   if (path) ui::rememberFolder(*this, dialog, *path);
   return path;
 }

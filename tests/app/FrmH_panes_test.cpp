@@ -99,13 +99,16 @@ TEST_F(Panes, ADraggedTabTakesAllOfItsDocumentAlong) {
 
 TEST_F(Panes, TheFirstDocumentMovesEvenBeforeItHasARecord) {
   start(a);
-  open(folder.make("p.gif", "GIF89a"));
-  H->showDocument(0);  // a picture: the shown document stays, and has its place now
-  open(b);
+  H->WebProject.AddNewIthem("other", -1, "", "");
+  H->WebProject.Item(0).FileTitle = "other.html";
+  H->documentsAdded();
+  ASSERT_EQ(tabs(), (Names{"other.html", "a.html"}));
+  ASSERT_EQ(H->CurrentItemIndex, -1);
   H->TS.userMove(1, 0);
-  EXPECT_EQ(tabs(), (Names{"b.html", "a.html"}));
+  EXPECT_EQ(titles(), (Names{"a.html", "other.html"}));
+  EXPECT_EQ(shownTab(), "a.html");
   H->TS.userSelect(1);
-  EXPECT_EQ(T1.text(), "Alpha");
+  EXPECT_EQ(T1.text(), "other");
 }
 
 TEST_F(Panes, NodesMoveAmongTheirLike) {

@@ -34,7 +34,7 @@ TEST(TableMarkup, ExactForTheThreeBorders) {
   EXPECT_EQ(occurrences(tableMarkup("2|2|1"), "<TD WIDTH=\"33%\">"), 9);
 }
 
-TEST(TableMarkup, OddSpecifications) {
+TEST(TableMarkup, OddChoices) {
   for (const char* none :
        {"", "1|1", "1|1|", "12345", "12|45", "-1|0|0", "0|-1|0", "1000|0|0", "0|99999999999|0"}) {
     EXPECT_EQ(tableMarkup(none), "") << none;

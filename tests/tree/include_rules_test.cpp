@@ -139,10 +139,10 @@ TEST(IncludeRules, ComplainAboutWhatTheyForbid) {
   EXPECT_EQ(complaints("search/a.cpp", "// x\n  # include \"editor/b.h\"\n#include \"app/c.h\"\n").size(),
             1u);
   EXPECT_EQ(complaints("platform/win32/peer.cpp", "#include \"app/FrmH.h\"").size(), 1u);
-  EXPECT_EQ(complaints("tests/app/a.cpp", "#include <Windows.h>").size(), 1u);
+  EXPECT_EQ(complaints("tests/app/a.cpp", "#include <CommCtrl.h>").size(), 1u);
   EXPECT_EQ(complaints("app/a.cpp", "#include <sstream>\n#include <string>").size(), 1u);
   EXPECT_TRUE(
-      complaints("platform/win32/main.cpp", "#include \"program/program.h\"\n#include <windows.h>").empty());
+      complaints("platform/win32/main.cpp", "#include \"program/program.h\"\n#include <commctrl.h>").empty());
   EXPECT_TRUE(complaints("program/a.cpp", "#include \"search/a.h\"\n#include \"resources/ids.h\"").empty());
 }
 
