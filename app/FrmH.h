@@ -152,6 +152,7 @@ class FrmH final : public ui::MainForm, public Workbench {
   bool saveAllChanged();  // false: cancelled
   // Asks whether to save; runs `save` on Yes. False: the user wants to stay.
   bool askAndSave(ui::Text question, ui::Text title, const std::function<bool()>& save);
+  void keepForNextRun();
   bool leaveDocuments();  // the prompts before the documents go; false: stay
   bool offerProject();    // false: cancelled, like the two below
   bool offerInclusion();

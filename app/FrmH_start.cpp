@@ -152,8 +152,7 @@ bool FrmH::leaveDocuments() {
   return askAndSave("gindaT cvlilebebis damaxsovreba?"_keyboard, "", [this] { return SaveDocument("", -1); });
 }
 
-bool FrmH::queryClose() {
-  if (busy_ || !leaveDocuments()) return false;
+void FrmH::keepForNextRun() {
   if (Props.RememberPosition) {
     const ui::WindowPlace place = window->place();
     platform_.setRegistryValue("winpoze", "X", std::to_string(place.left));
@@ -166,6 +165,11 @@ bool FrmH::queryClose() {
     const std::string last = WebProject.WEBopened ? projectFile() : CurrentFilePath;
     if (!last.empty()) platform_.setRegistryValue("LastFile", "FN", last);
   }
+}
+
+bool FrmH::queryClose() {
+  if (busy_ || !leaveDocuments()) return false;
+  guarded(platform_, [this] { keepForNextRun(); });  // what cannot be kept does not keep the user
   closing();
   return true;
 }

@@ -151,6 +151,16 @@ TEST_F(Panes, HiddenPanesAndWidthsAreKept) {
   EXPECT_FALSE(H->Ttags.visible() || H->Ltags.visible());
 }
 
+TEST_F(Panes, ARegistryThatRefusesDoesNotKeepTheUser) {
+  start(a);
+  platform.registryRefuses = true;
+  expectBoxWith("refused", app::kAnswerOk);
+  EXPECT_TRUE(H->queryClose());
+  ui::FileDialog asked;
+  asked.kind = "pictures";
+  EXPECT_NO_THROW(ui::rememberFolder(platform, asked, "C:\\a\\b.gif"));
+}
+
 TEST_F(Panes, FileDialogsOpenWhereTheLastOfTheirKindEnded) {
   const std::string site = folder.makeFolder("site"), pictures = site + "\\img";
   folder.makeFolder("site/img");

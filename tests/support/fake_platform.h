@@ -80,7 +80,9 @@ class FakePlatform : public ui::Platform {
     const auto at = registry.find(std::string(section) + "\\" + std::string(key));
     return at == registry.end() ? std::string() : at->second;
   }
+  bool registryRefuses = false;
   void setRegistryValue(std::string_view section, std::string_view key, std::string_view value) override {
+    if (registryRefuses) throw std::runtime_error("refused");
     registry[std::string(section) + "\\" + std::string(key)] = value;
   }
 
