@@ -7,6 +7,7 @@
 #include "app/menu_names.h"
 #include "base/files.h"
 #include "base/path.h"
+#include "base/utf8.h"
 
 namespace app {
 namespace {
@@ -66,11 +67,17 @@ FrmH::FrmH(ui::Platform& platform, ui::CodeView& codeView)
   T1.selectionChanged.connect([this] { T1_SelChange(); });
   T1.keyDown.connect([this](int key) { keyDown(key); });
   T1.keyUp.connect([this](int key) { keyUp(key); });
-  T1.keyPress = [this](int key) {
-    if (busy_) return 0;
-    for (const auto& filter : keyFilters) key = filter(key);
-    return key;
+  T1.reformed.connect([this] { T1_Reformed(); });
+  T1.typed = [this](char32_t character) { return busy_ || !typed ? std::string() : typed(character); };
+  T1.controlTyped = [this](int code) {
+    if (!busy_ && controlTyped) controlTyped(code);
   };
+  T1.entering = [this](const ui::TextClip& clip) {
+    std::string bytes;
+    if (!busy_) guarded(platform_, [&] { bytes = entering ? entering(clip) : clip.letters; });
+    return bytes;
+  };
+  clipOf = [](std::string bytes) { return ui::TextClip{bytes, bytes}; };
   addOwnCommands();
 }
 
@@ -156,7 +163,7 @@ void FrmH::addOwnCommands() {
        [](const CommandState& state) { return state.canRedo; }, nullptr, "გაუქმებულის დაბრუნება"},
       {mnuCut, "mnuCut", "|6|ამო&ჭრა", ui::ctrl('X'),
        [this] {
-         platform_.setClipboard(T1.selText());
+         platform_.setClipboard(clipOf(T1.selText()));
          T1.replaceSelection("");
        },
        selection, nullptr, "მონიშნულის გადატანა ბუფერში"},
@@ -366,6 +373,15 @@ void FrmH::T1_Change() {
   if (!Loading) FileChanged = true;
   if (FileChanged != shownChanged_) showName(shownName_);
   textChanged();
+}
+
+// A conversion, or its undoing: bytes that were letters of a font may be UTF-8 now.
+void FrmH::T1_Reformed() {
+  const auto document = T1.document();
+  if (!document->viewChosen) {
+    T1.setView(base::readsAsUtf8(T1.text()) ? ui::TextView::Utf8 : ui::TextView::EightBit);
+  }
+  viewChanged();
 }
 
 void FrmH::T1_SelChange() {

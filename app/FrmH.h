@@ -88,8 +88,8 @@ class FrmH final : public ui::MainForm, public Workbench {
   void saveProps() override;
   PropsRecord storedProps() const override;
   void setProps(const PropsRecord& props) override;
-  const std::string& documentText(std::int16_t index) override;
-  void setDocumentText(std::int16_t index, std::string text) override;
+  std::string_view documentText(std::int16_t index) override;
+  void setDocumentText(std::int16_t index, std::string_view text) override;
   void documentsAdded() override { Treefulen(); }
   void addCommands(std::vector<Command> rows) override;
   void addMenu(const MenuPlan& plan) override;
@@ -110,6 +110,8 @@ class FrmH final : public ui::MainForm, public Workbench {
   void menuHighlighted(const ui::Text& help) override;
   void filesDropped(const std::vector<std::string>& paths) override;
   void idle() override;
+  void pause() override { Workbench::pause(); }
+  void systemColoursChanged() override { applyEditorSettings(); }
 
  private:
   void addOwnCommands();
@@ -130,6 +132,11 @@ class FrmH final : public ui::MainForm, public Workbench {
   void showTabs();
   std::int16_t selectedDocument() const;  // of the tree's selected node; -1: none
   void T1_Change();
+  void T1_Reformed();
+  void showIn(const std::shared_ptr<ui::CodeDocument>& document, const std::string& title);
+  void showText(std::string_view text, const std::string& title) { showIn(T1.makeDocument(text), title); }
+  void chooseView(ui::TextView view);
+  void nameOddEncoding();
   void T1_SelChange();
   int nearestText(int position);
   void step(int direction);  // to the next or previous document with text
@@ -142,7 +149,7 @@ class FrmH final : public ui::MainForm, public Workbench {
   void openText(const std::string& path);
   void addFile(const std::string& path, std::string& failed);  // into list and project; `failed` gets a line
   void parkShown();
-  std::int16_t appendRecord(const std::string& value, const std::string& path, const std::string& title);
+  std::int16_t appendRecord(const DocumentText& value, const std::string& path, const std::string& title);
   // Shows nothing: an empty untitled document without a record.
   void showNothing();
   void nameUntitled();

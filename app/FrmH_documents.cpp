@@ -84,7 +84,7 @@ void FrmH::openText(const std::string& path) {
         messageBox(platform_, "es faili ukve gaxsnilia.\r\ngindaT misi axlidan gaxsna?"_keyboard, "Open",
                    frmBOXa::Kind::YesNo, ui::IconBox::Sign::Question);
     if (answer != kAnswerYes) return;
-    T1.load(text);
+    showText(text, base::fileName(path));
     FileChanged = false;
     return;
   }
@@ -94,8 +94,8 @@ void FrmH::openText(const std::string& path) {
   }
 
   parkShown();
-  T1.load(text);
-  CurrentItemIndex = appendRecord("", path, base::fileName(path));
+  showText(text, base::fileName(path));
+  CurrentItemIndex = appendRecord(T1.document(), path, base::fileName(path));
   CurrentFilePath = path;
   FileChanged = false;
   showCaption();
@@ -106,8 +106,9 @@ void FrmH::openText(const std::string& path) {
 void FrmH::mnunewF_Click(const char* extension, const std::string& text) {
   const LoadingBlock loading(Loading);
   parkShown();
-  T1.load(text);
-  CurrentItemIndex = appendRecord("", "", untitledName(WebProject.Count(), extension));
+  const std::string title = untitledName(WebProject.Count(), extension);
+  showText(text, title);
+  CurrentItemIndex = appendRecord(T1.document(), "", title);
   CurrentFilePath.clear();
   FileChanged = false;
   T1.select(static_cast<int>(text.size()), 0);
@@ -174,8 +175,11 @@ void FrmH::showDocument(std::int16_t index) {
       if (!hadRecord) Treefulen();
       return;
     }
-    T1.load(record.Value);
-    T1.select(record.SStart, record.SLenth);
+    showIn(record.Value.in(T1), record.FileTitle);
+    // The document knows its own; another selection was put there meanwhile.
+    if (T1.selStart() != record.SStart || T1.selLength() != record.SLenth) {
+      T1.select(record.SStart, record.SLenth);
+    }
     CurrentItemIndex = index;
     CurrentFilePath = record.filepath;
     FileChanged = record.Changed;
@@ -254,18 +258,18 @@ void FrmH::parkShown() {
     if (T1.text().empty() && CurrentFilePath.empty()) return;
     const std::string title =
         CurrentFilePath.empty() ? untitledName(WebProject.Count(), ".HTML") : base::fileName(CurrentFilePath);
-    CurrentItemIndex = appendRecord("", CurrentFilePath, title);
+    CurrentItemIndex = appendRecord(T1.document(), CurrentFilePath, title);
   }
   Ithem& record = WebProject.Item(CurrentItemIndex);
   if (!isImage(record)) {
-    record.Value = T1.text();
+    record.Value = T1.document();
     record.Changed = FileChanged;
   }
   record.SStart = T1.selStart();
   record.SLenth = T1.selLength();
 }
 
-std::int16_t FrmH::appendRecord(const std::string& value, const std::string& path, const std::string& title) {
+std::int16_t FrmH::appendRecord(const DocumentText& value, const std::string& path, const std::string& title) {
   WebProject.AddNewIthem(value, -1, "", "");
   const auto index = static_cast<std::int16_t>(WebProject.Count() - 1);
   Ithem& record = WebProject.Item(index);
@@ -280,7 +284,7 @@ void FrmH::showNothing() {
   const LoadingBlock loading(Loading);
   CurrentItemIndex = -1;
   CurrentFilePath.clear();
-  T1.load("");
+  showText("", "");
   FileChanged = false;
   showCaption();
 }
@@ -294,17 +298,17 @@ void FrmH::nameUntitled() {
   }
 }
 
-const std::string& FrmH::documentText(std::int16_t index) {
-  return isShown(index) ? T1.text() : WebProject.Item(index).Value;
+std::string_view FrmH::documentText(std::int16_t index) {
+  return isShown(index) ? T1.text() : WebProject.Item(index).Value.view();
 }
 
-void FrmH::setDocumentText(std::int16_t index, std::string text) {
+void FrmH::setDocumentText(std::int16_t index, std::string_view text) {
   if (isShown(index)) {
     T1.setText(text);
     return;
   }
   Ithem& record = WebProject.Item(index);
-  record.Value = std::move(text);
+  record.Value.in(T1)->setText(text);
   record.Changed = true;
 }
 

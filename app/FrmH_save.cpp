@@ -292,7 +292,7 @@ void FrmH::WEB_Open(const std::string& path) {
     for (Document& document : found) {
       WebProject.AddNewIthem("", -1, "", "");
       Ithem& record = WebProject.Item(static_cast<std::int16_t>(WebProject.Count() - 1));
-      record.Value = std::move(document.text);
+      record.Value = DocumentText(std::move(document.text));
       record.Changed = false;
       record.filepath = document.path;
       record.FileTitle = document.name;

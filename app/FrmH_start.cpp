@@ -1,5 +1,6 @@
 // The main window's start and close: entry routine, load sequence, prompts before the end.
 #include "app/FrmH.h"
+#include "app/code_look.h"
 #include "app/mdlsaerto.h"
 #include "base/error.h"
 #include "base/files.h"
@@ -72,10 +73,9 @@ void FrmH::load() {
 void FrmH::applyEditorSettings() {
   T1.setFont({Props.EditorFontName, Props.EditorFontSize, Props.EditorFontBold, Props.EditorFontItalic,
               ui::CharacterSet::Ansi});
-  // Both zero mean that none were ever chosen; black on black is nobody's choice.
-  if (Props.EditorBackColor != 0 || Props.EditorColorExtra != 0) T1.setBackColor(Props.EditorBackColor);
-  T1.setTextColor(static_cast<base::Color>(Props.EditorColorExtra));
-  T1.setWordWrap(Props.WordWrap);
+  T1.setUtf8Font({Props.Utf8FontName, Props.EditorFontSize, Props.EditorFontBold, Props.EditorFontItalic,
+                  ui::CharacterSet::Utf8});
+  T1.setLook(codeLook(Props, platform_.darkColours()));
 }
 
 void FrmH::comandopen(const std::string& first, const std::string& list) {
@@ -97,7 +97,7 @@ void FrmH::comandopen(const std::string& first, const std::string& list) {
       // A file that is there but cannot be read must not be saved over later; one that is missing may be
       // made.
       CurrentFilePath = base::fileExists(first) || base::folderExists(first) ? "" : first;
-      T1.load(base::readFile(first));
+      showText(base::readFile(first), base::fileName(first));
       CurrentFilePath = first;
       FileChanged = false;
       documentShown();

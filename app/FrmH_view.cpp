@@ -1,13 +1,31 @@
 // The View menu, and the panes around the code view from run to run.
+#include <algorithm>
+#include <initializer_list>
+#include <utility>
+
 #include "app/FrmH.h"
 #include "app/mdlsaerto.h"
 #include "app/menu_names.h"
+#include "base/path.h"
+#include "base/utf8.h"
 
 namespace app {
 namespace {
 
 // Registry section of the panes: their widths in 1/96 inch, and "0" for a hidden one.
 constexpr const char* kSection = "panes";
+
+ui::Language languageOf(const std::string& title) {
+  const std::string extension = base::extensionOf(title);
+  const auto among = [&](std::initializer_list<std::string_view> all) {
+    return std::find(all.begin(), all.end(), extension) != all.end();
+  };
+  if (among({"CSS"})) return ui::Language::Css;
+  if (among({"XML", "XSL", "SVG", "RSS"})) return ui::Language::Xml;
+  const bool pages = among({"HTML", "HTM", "SHTML", "SHTM", "XHTML", "MHT", "MHTML", "HTT", "ASP", "PHP", "PHP3", "PHTML",
+                            "INC", "TPL"});
+  return pages ? ui::Language::Html : ui::Language::None;
+}
 
 }  // namespace
 
@@ -21,7 +39,7 @@ void FrmH::addViewCommands() {
        {},
        [this] {
          Props.WordWrap = !Props.WordWrap;
-         T1.setWordWrap(Props.WordWrap);
+         applyEditorSettings();
          saveProps();
        },
        always,
@@ -91,6 +109,31 @@ void FrmH::keepPanes() {
   platform_.setRegistryValue(kSection, "right", std::to_string(widths.right));
   platform_.setRegistryValue(kSection, "tree", TV.visible() ? "1" : "0");
   platform_.setRegistryValue(kSection, "palette", Ltags.visible() ? "1" : "0");
+}
+
+// Into the code view. How a document is read is decided the first time, and stays with it.
+void FrmH::showIn(const std::shared_ptr<ui::CodeDocument>& document, const std::string& title) {
+  if (document->language == ui::Language::None) document->language = languageOf(title);
+  T1.show(document);
+  if (!std::exchange(document->viewDecided, true)) {
+    T1.setView(base::readsAsUtf8(T1.text()) ? ui::TextView::Utf8 : ui::TextView::EightBit);
+    nameOddEncoding();
+  }
+  viewChanged();
+}
+
+void FrmH::chooseView(ui::TextView view) {
+  T1.document()->viewChosen = true;
+  T1.setView(view);
+  viewChanged();
+}
+
+// Its bytes are shown and kept, but it can hardly be edited here: the user shall know why.
+void FrmH::nameOddEncoding() {
+  const std::string_view text = T1.text();
+  if (text.starts_with("\xFF\xFE") || text.starts_with("\xFE\xFF")) {
+    setPanel("kMain", "ფაილი UTF-16-ითაა ჩაწერილი: ჩანს მისი ბაიტები, შენახვისას ისინი უცვლელი რჩება");
+  }
 }
 
 }  // namespace app

@@ -15,14 +15,15 @@ Ithem& ColectionMain::Item(std::int16_t index) {
   return *slot;
 }
 
-void ColectionMain::AddNewIthem(const std::string& Value, std::int16_t Index, const std::string& Kay,
+void ColectionMain::AddNewIthem(const DocumentText& Value, std::int16_t Index, const std::string& Kay,
                                 const std::string& Tag) {
   const std::int16_t count = Count();
   if (Index > count || count == std::numeric_limits<std::int16_t>::max()) {
     throw base::Error(base::ErrorNumber::InvalidCall, "indeqsi araa swore.", "ColectionMain");
   }
   // The arguments may be a record's own fields, which the shift below overwrites.
-  const std::string value = Value, kay = Kay, tag = Tag;  // NOLINT: that they are copies is the point
+  const DocumentText value = Value;              // NOLINT: that they are copies is the point
+  const std::string kay = Kay, tag = Tag;  // NOLINT
   const std::int16_t at = Index < 0 ? count : Index;
   items_.emplace_back();
   for (std::int16_t i = count; i > at; --i) {

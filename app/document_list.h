@@ -6,6 +6,7 @@
 #include <memory>
 #include <string>
 
+#include "app/document_text.h"
 #include "ui/signal.h"
 
 namespace app {
@@ -15,7 +16,7 @@ inline constexpr const char* kImageValue = "<XXX>";
 
 // One document. Texts are byte text, paths and titles UTF-8.
 struct Ithem {
-  std::string Value;       // the text while the document is not shown
+  DocumentText Value;      // the text
   std::int16_t Index = 0;  // set by AddNewIthem alone; not renumbered by removing or moving
   std::string Kay;
   std::string Tag;
@@ -52,7 +53,7 @@ class ColectionMain {
 
   // Negative `index` appends. Inserting moves only Value, Index, Kay and Tag of the records behind; all other
   // fields stay with their positions and are the caller's to set. An index above Count() throws base::Error.
-  void AddNewIthem(const std::string& Value, std::int16_t Index, const std::string& Kay,
+  void AddNewIthem(const DocumentText& Value, std::int16_t Index, const std::string& Kay,
                    const std::string& Tag);
   void RemoveIthem(std::int16_t Index);                // moves whole records; their Index stays as it was
   void MoveIthem(std::int16_t From, std::int16_t To);  // moves Value, Kay and Tag alone

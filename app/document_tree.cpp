@@ -42,7 +42,7 @@ const std::array<Pass, 9>& passes() {
 }  // namespace
 
 bool isImage(const Ithem& record) {
-  if (record.Value != kImageValue) return false;
+  if (!(record.Value == kImageValue)) return false;
   // A page may hold just that word; only a picture's name makes it a picture.
   const std::string extension = base::extensionOf(record.FileTitle);
   const auto& pictures = passes()[6].extensions;

@@ -34,6 +34,14 @@ void eachField(Record& props, Visitor&& visit) {
   visit(props.FtpPassive);
   visit(props.PreviewInBrowser);
   visit(props.TypingModeAtStart);
+  visit(props.Utf8FontName);
+  visit(props.LiveColours);
+  visit(props.LineNumbers);
+  visit(props.CurrentLine);
+  visit(props.WhiteSpace);
+  visit(props.LineEnds);
+  visit(props.Colours);
+  visit(props.ModeOfPage);
 }
 
 struct Write {
@@ -44,6 +52,7 @@ struct Write {
   void operator()(base::Color value) { out.u32(value); }
   void operator()(std::int32_t value) { out.u32(static_cast<std::uint32_t>(value)); }
   void operator()(std::uint8_t value) { out.u8(value); }
+  void operator()(ColourScheme value) { out.u8(static_cast<std::uint8_t>(value)); }
 };
 
 // Fields that an older version of the program did not write yet keep their zero value.
@@ -67,6 +76,12 @@ struct Read {
   void operator()(std::uint8_t& value) {
     if (!in.atEnd()) value = in.u8();
   }
+  void operator()(ColourScheme& value) {
+    if (in.atEnd()) return;
+    const std::uint8_t number = in.u8();
+    value = number <= static_cast<std::uint8_t>(ColourScheme::Dark) ? static_cast<ColourScheme>(number)
+                                                                    : ColourScheme::Own;
+  }
 };
 
 [[noreturn]] void damaged() {
@@ -86,6 +101,12 @@ PropsRecord defaultProps() {
   props.NoBreakSpaceAsReference = true;  // right in a page of any encoding
   props.SelectionPreview = true;
   props.FtpTimeout = kUsualFtpTimeout;
+  props.Utf8FontName = "Zervo Mono";
+  props.LiveColours = true;
+  props.LineNumbers = true;
+  props.CurrentLine = true;
+  props.Colours = ColourScheme::System;
+  props.ModeOfPage = true;
   props.FtpPassive = true;  // works from behind a home router too
   return props;
 }

@@ -11,6 +11,13 @@
 
 namespace app {
 
+enum class ColourScheme : std::uint8_t {
+  Own,     // EditorBackColor and EditorColorExtra
+  System,  // light or dark as the system is
+  Light,
+  Dark,
+};
+
 // Texts are UTF-8. Field order is that of the file: new fields go to the end (docs/props-ini.md).
 struct PropsRecord {
   bool StartMaximized = false;
@@ -36,6 +43,14 @@ struct PropsRecord {
   bool FtpPassive = false;
   bool PreviewInBrowser = false;       // the preview always goes to the default browser
   std::uint8_t TypingModeAtStart = 0;  // number of the typing mode plus one; 0: the Latin one
+  std::string Utf8FontName;            // of the UTF-8 view; empty: the bundled font
+  bool LiveColours = false;            // tags, scripts and style sheets are coloured while typing
+  bool LineNumbers = false;
+  bool CurrentLine = false;  // is marked
+  bool WhiteSpace = false;   // blanks and tabs are shown
+  bool LineEnds = false;     // are shown
+  ColourScheme Colours = ColourScheme::Own;
+  bool ModeOfPage = false;  // a page opens in the typing mode of its letters
 
   bool operator==(const PropsRecord&) const = default;
 };

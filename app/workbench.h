@@ -43,10 +43,10 @@ class Workbench {
   // Writes them to props.ini, then puts them in force. Throws base::Error; then nothing has changed.
   virtual void setProps(const PropsRecord& props) = 0;
 
-  // The shown document's text and selection belong to the code view; its record is brought up to date by
-  // parkShown(). Byte text of any document, shown or parked:
-  virtual const std::string& documentText(std::int16_t index) = 0;
-  virtual void setDocumentText(std::int16_t index, std::string text) = 0;  // marks it changed
+  // Byte text of any document, shown or not; valid until it changes.
+  virtual std::string_view documentText(std::int16_t index) = 0;
+  // One step of that document's history; marks it changed.
+  virtual void setDocumentText(std::int16_t index, std::string_view text) = 0;
 
   virtual void showDocument(std::int16_t index) = 0;
   virtual void documentsAdded() = 0;  // records were added, removed or renamed: the tree follows
@@ -80,15 +80,21 @@ class Workbench {
   ui::Signal<std::int16_t, std::int16_t> documentMoved;  // from where to where in the list
   ui::Signal<std::int16_t> documentDropped;              // from the tree into the code view, at its caret
   ui::Signal<> textChanged;
+  ui::Signal<> viewChanged;  // how the shown document's bytes are read
   ui::Signal<> selectionChanged;
   ui::Signal<> idle;
+  ui::Signal<> pause;  // the user has done nothing for a moment: time for what reads the whole text
   ui::Signal<base::Color> colorChosen;  // for a page, in one of the colour dialogs
   ui::Signal<int> keyDown;              // in the code view; virtual-key numbers
   ui::Signal<int> keyUp;
   ui::Signal<> startUp;  // the start-up action
   ui::Signal<> closing;
-  // A typed character of the code view on its way in; each handler may exchange it (0: swallowed).
-  std::vector<std::function<int(int key)>> keyFilters;
+  // What enters the code view for a typed character and for what is pasted, and what it gives to the clipboard: the
+  // typing's to say.
+  std::function<std::string(char32_t character)> typed;
+  std::function<void(int code)> controlTyped;
+  std::function<std::string(const ui::TextClip& clip)> entering;
+  std::function<ui::TextClip(std::string bytes)> clipOf;
 };
 
 }  // namespace app

@@ -1,5 +1,8 @@
 #include "base/utf8.h"
 
+#include <cstdint>
+#include <cstring>
+
 namespace base {
 
 void appendUtf8(std::string& out, char32_t character) {
@@ -44,11 +47,30 @@ std::optional<char32_t> nextUtf8(std::string_view text, std::size_t& at) {
   return character;
 }
 
+namespace {
+
+// Where the ASCII characters end that begin at `at`; eight at a time, since most of a page is ASCII.
+std::size_t asciiEnd(std::string_view text, std::size_t at) {
+  constexpr std::uint64_t kHighBits = 0x8080808080808080;
+  for (std::uint64_t eight = 0; at + sizeof eight <= text.size(); at += sizeof eight) {
+    std::memcpy(&eight, text.data() + at, sizeof eight);
+    if ((eight & kHighBits) != 0) break;
+  }
+  while (at < text.size() && static_cast<unsigned char>(text[at]) < 0x80) ++at;
+  return at;
+}
+
+}  // namespace
+
 bool isUtf8(std::string_view text) {
-  for (std::size_t at = 0; at < text.size();) {
+  for (std::size_t at = asciiEnd(text, 0); at < text.size(); at = asciiEnd(text, at)) {
     if (!nextUtf8(text, at)) return false;
   }
   return true;
+}
+
+bool readsAsUtf8(std::string_view text) {
+  return asciiEnd(text, 0) < text.size() && isUtf8(text);
 }
 
 }  // namespace base

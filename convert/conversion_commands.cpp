@@ -8,7 +8,7 @@ namespace {
 
 using namespace ui::literals;
 
-enum class Takes { WholeText, WholeTextWithHourglass, Selection, SelectionToClipboard };
+enum class Takes { WholeText, WholeTextWithHourglass, Selection, SelectionToClipboard, SelectionToClipboardAsUtf8 };
 
 struct Row {
   int id;
@@ -31,7 +31,7 @@ const std::vector<Row>& rows() {
        &Conversions::utf8ToLatin, "მთელი ტექსტი: UTF-8-დან ლათინურ ასოებში"},
       {mnuUTF8dekod, "mnuUTF8dekod", "|16|ÌÀÒÊÉÒÄÁÖËÉÓ UTF8 ÃÄÊÏÃÉÒÄÁÀ"_legacy, Takes::Selection,
        &Conversions::utf8ToLatin, "მონიშნული: UTF-8-დან ლათინურ ასოებში"},
-      {mnuUbendkopi, "mnuUbendkopi", "|11|UTF8 ÊÏÃÉÒÄÁÀ ÃÀ ÊÏÐÉÒÄÁÀ"_legacy, Takes::SelectionToClipboard,
+      {mnuUbendkopi, "mnuUbendkopi", "|11|UTF8 ÊÏÃÉÒÄÁÀ ÃÀ ÊÏÐÉÒÄÁÀ"_legacy, Takes::SelectionToClipboardAsUtf8,
        &Conversions::latinToUtf8, "მონიშნული UTF-8-ში ბუფერში; დოკუმენტი არ იცვლება"},
       {mnuTkod, "mnuTkod", "|15|ØÀÒÈÖËÉ            ASCII - ISO"_legacy, Takes::WholeText,
        &Conversions::latinToLegacy, "მთელი ტექსტი: ლათინური ასოებიდან ძველი შრიფტის კოდებში"},
@@ -59,34 +59,48 @@ const std::vector<Row>& rows() {
   return all;
 }
 
+// The caret stays at its letter: what stands before it is converted by itself.
+void convertWhole(ui::CodeView& view, const std::function<std::string(std::string_view)>& convert) {
+  const std::string_view text = view.text();
+  const std::size_t caret = convert(text.substr(0, static_cast<std::size_t>(view.selStart()))).size();
+  view.setText(convert(text), static_cast<int>(caret));
+}
+
 void run(app::Workbench& bench, Takes takes, const std::function<std::string(std::string_view)>& convert) {
   ui::CodeView& view = bench.codeView();
   switch (takes) {
     case Takes::WholeText:
-      view.setText(convert(view.text()));
+      convertWhole(view, convert);
       break;
     case Takes::WholeTextWithHourglass: {
       if (view.text().empty()) return;
       const ui::Hourglass hourglass(bench.platform());
-      view.setText(convert(view.text()));
+      convertWhole(view, convert);
       break;
     }
     case Takes::Selection: {
       if (view.selLength() == 0) return;
       const std::string converted = convert(view.selText());
       const int start = view.selStart();
-      view.replaceSelection(converted);
+      view.step([&] { view.replaceSelection(converted); });
       view.select(start, static_cast<int>(converted.size()));
       break;
     }
     case Takes::SelectionToClipboard:
-      if (view.selLength() != 0) bench.platform().setClipboard(convert(view.selText()));
+      if (view.selLength() != 0) bench.platform().setClipboard(bench.clipOf(view.selText()));
       break;
+    case Takes::SelectionToClipboardAsUtf8: {
+      if (view.selLength() == 0) return;
+      const std::string converted = convert(view.selText());
+      bench.platform().setClipboard({converted, converted, static_cast<int>(ui::TextView::Utf8)});
+      break;
+    }
   }
 }
 
 bool needsSelection(Takes takes) {
-  return takes == Takes::Selection || takes == Takes::SelectionToClipboard;
+  return takes == Takes::Selection || takes == Takes::SelectionToClipboard ||
+         takes == Takes::SelectionToClipboardAsUtf8;
 }
 
 }  // namespace

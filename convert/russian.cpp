@@ -25,4 +25,10 @@ std::optional<std::uint8_t> cyrillicByte(char32_t character) {
   return at == std::end(kOthers) ? std::nullopt : std::optional(at->second);
 }
 
+std::optional<char32_t> russianLetter(std::uint8_t byte) {
+  if (byte >= 0xC0) return cyrillicLetter(byte);
+  const auto* const at = std::ranges::find(kOthers, byte, [](const auto& letter) { return letter.second; });
+  return at == std::end(kOthers) ? std::nullopt : std::optional(at->first);
+}
+
 }  // namespace convert

@@ -17,6 +17,8 @@ static_assert(kRussianKeys.size() == kRussianKeyBytes.size());
 
 // The byte of a Cyrillic letter, those of other Slavic languages included; nothing for all other characters.
 std::optional<std::uint8_t> cyrillicByte(char32_t character);
+// The letter of a byte of Windows-1251, likewise.
+std::optional<char32_t> russianLetter(std::uint8_t byte);
 // The letter of a byte C0..FF.
 constexpr char32_t cyrillicLetter(std::uint8_t byte) {
   return char32_t{0x410} + (byte - 0xC0U);

@@ -41,8 +41,8 @@ StatusPanels::StatusPanels(app::Workbench& bench, const Conversions& conversions
   bench.propsInForce.connect([this] { showPreview(); });
   bench.selectionChanged.connect([this] { showPreview(); });
   bench.textChanged.connect([this] { countsStale_ = true; });
-  bench.documentShown.connect([this] { countsStale_ = true; });
-  bench.idle.connect([this] { showCounts(); });
+  bench.viewChanged.connect([this] { showCounts(); });
+  bench.pause.connect([this] { showCounts(); });
 }
 
 void StatusPanels::showPreview() {

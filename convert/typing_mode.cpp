@@ -5,8 +5,10 @@
 #include <optional>
 #include <utility>
 
+#include "app/mdlsaerto.h"
 #include "app/menu_names.h"
 #include "base/cp1252.h"
+#include "base/line_ends.h"
 #include "base/utf8.h"
 #include "convert/frmrusaso.h"
 #include "convert/russian.h"
@@ -49,6 +51,13 @@ const ModeRow& rowOf(TypingMode mode) {
   return modes()[static_cast<std::size_t>(mode)];
 }
 
+// The four letters that left the alphabet (GEORGIAN-PS): no table has them, but the font draws them.
+struct OldLetter {
+  char32_t letter;
+  std::uint8_t byte;
+};
+constexpr std::array<OldLetter, 4> kOldLetters = {{{0x10F1, 0xC7}, {0x10F2, 0xCE}, {0x10F3, 0xD5}, {0x10F4, 0xE2}}};
+
 // The letter's form in the mode, if it has one. The last letter's zero bytes are not part of it.
 std::optional<char> letterByte(char32_t character, TypingMode mode, const LetterTables& tables) {
   if (mode == TypingMode::Russian) {
@@ -56,9 +65,15 @@ std::optional<char> letterByte(char32_t character, TypingMode mode, const Letter
     return byte ? std::optional(static_cast<char>(*byte)) : std::nullopt;
   }
   if (mode == TypingMode::Latin || character < kFirstLetter) return std::nullopt;
-  const Table& letters = mode == TypingMode::GeorgianISO ? tables.QARTULI_FONTCODES : tables.GRIGOLIA;
   const auto place = static_cast<std::size_t>(character - kFirstLetter);
-  return place < letters.size() ? std::optional(letters[place][0]) : std::nullopt;
+  if (mode == TypingMode::GeorgianASCII) {
+    return place < tables.GRIGOLIA.size() ? std::optional(tables.GRIGOLIA[place][0]) : std::nullopt;
+  }
+  if (place < tables.QARTULI_FONTCODES.size()) return tables.QARTULI_FONTCODES[place][0];
+  for (const OldLetter& old : kOldLetters) {
+    if (old.letter == character) return static_cast<char>(old.byte);
+  }
+  return std::nullopt;
 }
 
 }  // namespace
@@ -96,11 +111,66 @@ std::string typedText(std::string_view utf8, TypingMode mode, const LetterTables
   return bytes;
 }
 
+std::size_t withoutByte(std::string_view utf8, TypingMode mode, const LetterTables& tables) {
+  std::size_t count = 0;
+  for (std::size_t at = 0; at < utf8.size();) {
+    const auto character = base::nextUtf8(utf8, at);
+    if (!character) {
+      ++at;
+    } else if (!letterByte(*character, mode, tables) && !base::byteOfChar(*character)) {
+      ++count;
+    }
+  }
+  return count;
+}
+
+std::string typedCharacter(char32_t character, ReadAs as, const LetterTables& tables) {
+  std::string utf8;
+  if (as.view == ui::TextView::EightBit) {
+    const auto byte = base::byteOfChar(character);
+    if (byte) return std::string(1, static_cast<char>(typedKey(*byte, as.mode, tables)));
+    base::appendUtf8(utf8, character);
+    return typedText(utf8, as.mode, tables);
+  }
+  const int key = character < 0x80 ? typedKey(static_cast<int>(character), as.mode, tables) : 0;
+  if (key < 0x80) {
+    base::appendUtf8(utf8, character);
+    return utf8;
+  }
+  return shownLetters(std::string(1, static_cast<char>(key)), {ui::TextView::EightBit, as.mode});
+}
+
+std::string shownLetters(std::string_view bytes, ReadAs as) {
+  if (as.view == ui::TextView::Utf8) return std::string(bytes);
+  if (as.mode == TypingMode::GeorgianASCII) return ui::display({std::string(bytes), ui::TextKind::Keyboard});
+  std::string letters;
+  for (const char c : bytes) {
+    const auto byte = static_cast<std::uint8_t>(c);
+    if (as.mode == TypingMode::Russian) {
+      base::appendUtf8(letters, russianLetter(byte).value_or(base::charOfByte(byte)));
+      continue;
+    }
+    const auto* const old = std::ranges::find(kOldLetters, byte, &OldLetter::byte);
+    if (old != kOldLetters.end()) {
+      base::appendUtf8(letters, old->letter);
+    } else if (byte < 0xC0) {
+      base::appendUtf8(letters, base::charOfByte(byte));
+    } else {
+      letters += ui::display({std::string(1, c), ui::TextKind::Legacy});
+    }
+  }
+  return letters;
+}
+
 Typing::Typing(app::Workbench& bench, const LetterTables& tables) : bench_(bench), tables_(tables) {
   std::vector<app::Command> commands;
   app::MenuPlan plan{app::kTypingMenu, {}};
   for (const ModeRow& row : modes()) {
-    app::Command command{row.id, row.name, row.caption, {}, [this, mode = row.mode] { choose(mode); }};
+    app::Command command{row.id, row.name, row.caption, ui::ctrl(static_cast<char>('1' + static_cast<int>(row.mode))),
+                         [this, mode = row.mode] {
+                           lastChosen_ = mode;
+                           choose(mode);
+                         }};
     command.checked = [this, mode = row.mode] { return mode_ == mode; };
     command.help = row.help;
     command.radio = true;
@@ -119,28 +189,50 @@ Typing::Typing(app::Workbench& bench, const LetterTables& tables) : bench_(bench
   bench.addMenu(plan);
 
   bench.propsInForce.connect([this] { followProps(); });
-  bench.keyFilters.emplace_back([this](int key) {
-    try {
-      return keyPress(key);
-    } catch (...) {
-      return key;  // a key that cannot be exchanged still types
-    }
-  });
-  bench.codeView().unicodeTyped = [this](const std::string& utf8) { return typedText(utf8, mode_, tables_); };
+  bench.documentShown.connect([this] { followDocument(); });
+  bench.typed = [this](char32_t character) { return typedCharacter(character, readAs(), tables_); };
+  bench.controlTyped = [this](int code) { controlKey(code); };
+  bench.entering = [this](const ui::TextClip& clip) { return entering(clip); };
+  bench.clipOf = [this](std::string bytes) {
+    std::string letters = shownLetters(bytes, readAs());
+    const auto& document = *bench_.codeView().document();
+    return ui::TextClip{std::move(bytes), std::move(letters), static_cast<int>(bench_.codeView().view()),
+                        document.number};
+  };
   showMode();
 }
 
 void Typing::choose(TypingMode mode) {
   mode_ = mode;
   chosen_ = true;
+  bench_.codeView().document()->typingMode = static_cast<int>(mode);
   showFont();
+  showMode();
+}
+
+// The mode is the document's; one that has none takes that of its letters, or else the last one chosen.
+void Typing::followDocument() {
+  ui::CodeDocument& document = *bench_.codeView().document();
+  TypingMode wanted = mode_;
+  if (document.typingMode >= 0) {
+    wanted = static_cast<TypingMode>(document.typingMode);
+  } else {
+    const auto own = bench_.props().ModeOfPage ? modeOfText(document.text()) : std::nullopt;
+    wanted = own.value_or(lastChosen_);
+    if (own) chosen_ = true;
+    document.typingMode = static_cast<int>(wanted);
+  }
+  if (wanted == mode_) return;
+  mode_ = wanted;
+  if (chosen_) showFont();
   showMode();
 }
 
 void Typing::followProps() {
   const int number = bench_.props().TypingModeAtStart;
   if (!std::exchange(started_, true) && number > 0 && number <= static_cast<int>(modes().size())) {
-    choose(static_cast<TypingMode>(number - 1));
+    lastChosen_ = static_cast<TypingMode>(number - 1);
+    choose(lastChosen_);
   } else if (chosen_) {
     showFont();
   }
@@ -158,15 +250,54 @@ void Typing::showMode() {
   bench_.setPanel("kMode", rowOf(mode_).caption);
 }
 
-int Typing::keyPress(int key) {
-  if (key == kCtrlB) {
-    bench_.codeView().replaceSelection("<BR>");
-  } else if (key == kCtrlY) {
-    bench_.codeView().replaceSelection(bench_.props().NoBreakSpaceAsReference ? "&nbsp;" : "\xC2\xA0");
-  } else {
-    return typedKey(key, mode_, tables_);
+void Typing::controlKey(int code) {
+  ui::CodeView& view = bench_.codeView();
+  if (code == kCtrlB) {
+    view.replaceSelection("<BR>");
+  } else if (code == kCtrlY) {
+    view.replaceSelection(bench_.props().NoBreakSpaceAsReference ? "&nbsp;" : "\xC2\xA0");
   }
-  return key;
+}
+
+std::string Typing::entering(const ui::TextClip& clip) {
+  ui::CodeView& view = bench_.codeView();
+  const bool sameForm = !clip.bytes.empty() && clip.form == static_cast<int>(view.view());
+  std::string bytes;
+  if (sameForm) {
+    if (clip.source == view.document()->number) return clip.bytes;  // not a byte is lost on the way
+    bytes = clip.bytes;
+  } else if (view.view() == ui::TextView::Utf8) {
+    bytes = clip.letters;
+  } else if (const std::size_t lost = withoutByte(clip.letters, mode_, tables_); lost > 0) {
+    const std::string answer = app::messageBox(
+        bench_.platform(),
+        "ჩასასმელ ტექსტში " + std::to_string(lost) +
+            " ნიშანია, რომელსაც ამ ხედში ბაიტი არ შეესაბამება.\r\n\r\nჩაისვას HTML-კოდებად (მაგალითად, "
+            "&#8470;)? „არა“: UTF-8-ის ბაიტებად.",
+        "", app::frmBOXa::Kind::YesNoCancel, ui::IconBox::Sign::Question);
+    if (answer == app::kAnswerCancel) return {};
+    bytes = typedText(answer == app::kAnswerYes ? withReferences(clip.letters) : clip.letters, mode_, tables_);
+  } else {
+    bytes = typedText(clip.letters, mode_, tables_);
+  }
+  return base::withLineEnds(bytes, base::lineEndOf(view.text()));
+}
+
+// Decimal references for what no byte of the mode stands for.
+std::string Typing::withReferences(const std::string& letters) {
+  std::string out;
+  for (std::size_t at = 0; at < letters.size();) {
+    const std::size_t before = at;
+    const auto character = base::nextUtf8(letters, at);
+    if (!character) {
+      ++at;
+    } else if (!letterByte(*character, mode_, tables_) && !base::byteOfChar(*character)) {
+      out += "&#" + std::to_string(static_cast<std::uint32_t>(*character)) + ";";
+      continue;
+    }
+    out.append(letters, before, at - before);
+  }
+  return out;
 }
 
 }  // namespace convert

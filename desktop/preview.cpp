@@ -49,7 +49,7 @@ void Preview::writeCopy() {
   PageLetters letters = PageLetters::Own;
   if (bench_.commandChecked(mnuens2)) letters = PageLetters::KeyboardLayout;
   if (bench_.commandChecked(mnuens0)) letters = PageLetters::Russian;
-  const std::string text = bench_.codeView().text();
+  const std::string text(bench_.codeView().text());
   copy_.write(bench_.shownPath(), bench_.shownTitle(), [&](const std::string& folderUrl) {
     return previewPage(text, letters, folderUrl,
                        [this](std::string_view family) { return bench_.platform().fontFile(family); });

@@ -39,7 +39,7 @@ PrintSource shownSource(app::Workbench& bench, bool selection) {
   source.cell = printerOf(bench.platform()).codeCell(view.currentFont());
   if (selection) {
     // The last line may have its begin alone in the part before; that is where the selection goes on.
-    const std::string before = view.text().substr(0, static_cast<std::size_t>(view.selStart()));
+    const std::string before(view.text().substr(0, static_cast<std::size_t>(view.selStart())));
     const bool inside = !before.empty() && before.back() != '\n' && before.back() != '\r';
     source.firstLine = printedLines(before) + (inside ? 0 : 1);
   }

@@ -1,7 +1,7 @@
 #include "editor/colouring.h"
 
 #include "app/mdlsaerto.h"
-#include "editor/colour_rtf.h"
+#include "editor/colour_ranges.h"
 #include "ui/menu.h"
 
 namespace editor {
@@ -31,32 +31,15 @@ Colouring::Colouring(app::Workbench& bench) : bench_(bench) {
 void Colouring::ToggleColouring() {
   if (busy) return;
   const Flag rewriting(busy);
+  ui::CodeView& T1 = bench_.codeView();
   if (coloured) {
-    // Only the looks go back; the text never left.
-    bench_.codeView().resetFormats();
+    T1.resetColours();
     coloured = false;
   } else {
     const ui::Hourglass hourglass(bench_.platform());
-    colour();
+    T1.showColours(editor::coloured(T1.text()));
+    coloured = true;
   }
-}
-
-void Colouring::colour() {
-  ui::CodeView& T1 = bench_.codeView();
-  const int start = T1.selStart();
-  const int length = T1.selLength();
-  const int top = T1.scrollTop();
-  const std::string text = T1.text();
-  T1.setRtf(editor::coloured(T1.rtf()));
-  coloured = true;
-  if (T1.text() != text) {
-    // A control that reads RTF in its own way must not cost the user a letter.
-    T1.setText(text);
-    T1.resetFormats();
-    coloured = false;
-  }
-  if (T1.selStart() != start || T1.selLength() != length) T1.select(start, length);
-  T1.setScrollTop(top);
 }
 
 void Colouring::T1_KeyDown(int) {

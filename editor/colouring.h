@@ -11,13 +11,12 @@ class Colouring {
   explicit Colouring(app::Workbench& bench);
 
   bool coloured = false;  // the code view shows the coloured form
-  bool busy = false;      // the code view is being rewritten: no edit of the user's
+  bool busy = false;      // the looks are being exchanged
 
   // Text, selection, place, undo history and changed mark stay as they are.
   void ToggleColouring();
 
  private:
-  void colour();
   void T1_KeyDown(int key);
   void T1_KeyUp(int key);
   void T1_Change();

@@ -57,7 +57,7 @@ void editTag(app::Workbench& bench) {
     app::messageBox(bench.platform(), "კურსორთან ტეგი არ არის.", "ტეგის ატრიბუტები");
     return;
   }
-  const std::string old = T1.text().substr(place->start, place->end - place->start);
+  const std::string old(T1.text().substr(place->start, place->end - place->start));
   const std::string edited = frmkod(old).ask(bench.platform());
   if (!edited.empty() && edited != old) {
     T1.select(static_cast<int>(place->start), static_cast<int>(old.size()));

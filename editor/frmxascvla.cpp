@@ -99,7 +99,7 @@ void frmxascvla::replaceSelection(std::vector<int>& counts) {
 
 void frmxascvla::replaceDocument(std::vector<int>& counts) {
   ui::CodeView& T1 = bench_.codeView();
-  const std::string text = replaced(T1.text(), counts);
+  const std::string text = replaced(std::string(T1.text()), counts);
   if (text == T1.text()) return;
   const int start = T1.selStart();
   T1.setText(text);
@@ -110,7 +110,7 @@ void frmxascvla::replaceAll(std::vector<int>& counts) {
   replaceDocument(counts);
   for (std::int16_t i = 0; i < bench_.documents().Count(); ++i) {
     if (i == bench_.shownIndex()) continue;
-    const std::string& old = bench_.documentText(i);
+    const std::string old(bench_.documentText(i));
     if (old == app::kImageValue) continue;
     std::string text = replaced(old, counts);
     if (text != old) bench_.setDocumentText(i, std::move(text));

@@ -85,7 +85,7 @@ template <class Change>
 void LineCommands::changeLines(Change change) {
   ui::CodeView& T1 = bench_.codeView();
   const ui::Hourglass hourglass(bench_.platform());
-  const std::string old = T1.text();
+  const std::string old(T1.text());
   const auto start = static_cast<std::size_t>(T1.selStart());
   const bool selected = T1.selLength() > 0;
   const LineRange range = linesOf(old, start, static_cast<std::size_t>(T1.selLength()));

@@ -20,12 +20,7 @@ std::string typedBytes(const ui::CodeView& T1, const std::string& utf8) {
     const std::size_t start = at;
     const auto character = base::nextUtf8(utf8, at);
     if (!character) ++at;
-    const std::string one = utf8.substr(start, at - start);
-    if (const auto byte = character ? base::byteOfChar(*character) : std::nullopt) {
-      bytes += static_cast<char>(*byte);
-    } else {
-      bytes += character && T1.unicodeTyped ? T1.unicodeTyped(one) : one;
-    }
+    bytes += character && T1.typed ? T1.typed(*character) : utf8.substr(start, at - start);
   }
   return bytes;
 }

@@ -123,7 +123,7 @@ void frmCSSstile::setTexts() {
 
 ui::Text frmCSSstile::placeText() const {
   const CssPlace& place = edit_.place();
-  const std::string& text = bench_.codeView().text();
+  const std::string_view text = bench_.codeView().text();
   const auto lines = std::count(text.begin(), text.begin() + static_cast<std::ptrdiff_t>(place.start), '\n');
   const std::string line = ", სტრიქონი " + std::to_string(lines + 1);
   const std::string around = place.tag.empty() ? "" : " (" + editor::shownBytes(place.tag) + ")";
@@ -383,7 +383,7 @@ void frmCSSstile::COK_Click() {
 
 void editStyle(app::Workbench& bench) {
   ui::CodeView& T1 = bench.codeView();
-  const std::string text = T1.text();
+  const std::string text(T1.text());
   const std::int16_t index = bench.shownIndex();
   const bool sheet = isStyleSheet(index < 0 ? std::string() : bench.documents().Item(index).FileTitle, text);
   const CssPlace place = cssPlace(text, static_cast<std::size_t>(T1.selStart()),

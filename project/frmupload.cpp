@@ -129,13 +129,13 @@ void frmupload::loadAccounts() {
 
 std::vector<std::string> frmupload::lines() {
   std::vector<std::string> all;
-  for (std::int16_t i = 0; i < accounts_.Count(); ++i) all.push_back(accounts_.Item(i).Value);
+  for (std::int16_t i = 0; i < accounts_.Count(); ++i) all.emplace_back(accounts_.Item(i).Value.view());
   return all;
 }
 
 std::string frmupload::lineAt(int position) {
   return position >= 0 && position < accounts_.Count()
-             ? accounts_.Item(static_cast<std::int16_t>(position)).Value
+             ? std::string(accounts_.Item(static_cast<std::int16_t>(position)).Value.view())
              : std::string();
 }
 

@@ -61,7 +61,7 @@ void Search::mnumarkfinddel_Click() {
   ui::CodeView& T1 = bench_.codeView();
   const std::string marked = T1.selText();
   if (marked.empty()) return;
-  const std::string& text = T1.text();
+  const std::string_view text = T1.text();
   const Pattern pattern(marked, Comparison::Exact);
   const auto caret = static_cast<std::size_t>(T1.selStart());
   const auto before = replaceAll(text, pattern, "", {0, caret});

@@ -195,7 +195,7 @@ void frmsuch::step(Direction direction) {
     const Busy busy(busy_);
     findindex();
     followEdits();
-    const std::string& text = T1_.text();
+    const std::string_view text = T1_.text();
     setRange(text.size());
     std::optional<Occurrence> occurrence;
     if (direction == Direction::Forward) {
@@ -226,7 +226,7 @@ bool frmsuch::stepInOtherDocument(Direction direction, const std::vector<Term>& 
     if (!progress.step("")) return true;
     const std::int16_t document = documentOf(node);
     if (document < 0) continue;  // closed during the step
-    const std::string& text = bench_.documentText(document);
+    const std::string_view text = bench_.documentText(document);
     const Range whole{0, text.size()};
     const auto occurrence = direction == Direction::Forward
                                 ? search::findNext(text, wanted, 0, whole)
@@ -283,7 +283,7 @@ bool frmsuch::suchen() {
       }
       const int document = target;
       if (document == kGone) continue;  // closed during the step
-      const std::string& text = bench_.documentText(static_cast<std::int16_t>(document));
+      const std::string_view text = bench_.documentText(static_cast<std::int16_t>(document));
       hits.findAll(document, text, wanted, allFiles() ? Range{0, text.size()} : range());
     }
   } catch (const std::exception& error) {

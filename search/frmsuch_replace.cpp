@@ -54,7 +54,7 @@ void frmsuch::Calcvla_Click() {
 }
 
 void frmsuch::replaceInShown(const Pattern& pattern, const std::string& replacement) {
-  const std::string& text = T1_.text();
+  const std::string_view text = T1_.text();
   setRange(text.size());
   auto result = replaceAll(text, pattern, replacement, range());
   if (!result) return;
@@ -78,19 +78,13 @@ void frmsuch::replaceInAll(const Pattern& pattern, const std::string& replacemen
 }
 
 void frmsuch::replaceIn(std::int16_t document, const Pattern& pattern, const std::string& replacement) {
-  const std::string& text = bench_.documentText(document);
+  const std::string_view text = bench_.documentText(document);
   const Range whole{0, text.size()};
   auto result = replaceAll(text, pattern, replacement, whole);
   if (!result) return;
   OldTexts::Entry old{document, {}, true, OldTexts::hashOf(result->text)};
-  if (document == bench_.shownIndex()) {
-    old.text = text;
-  } else {
-    // Taken out, not copied: a large document is not held a third time.
-    app::Ithem& record = bench_.documents().Item(document);
-    old.text = std::move(record.Value);
-    old.changed = record.Changed;
-  }
+  old.text = text;
+  if (document != bench_.shownIndex()) old.changed = bench_.documents().Item(document).Changed;
   setText(document, std::move(result->text));
   oldTexts_.keep(std::move(old));
 }
@@ -108,7 +102,7 @@ void frmsuch::undoReplace() {
   std::string kept;
   for (OldTexts::Entry& entry : oldTexts_.take()) {
     const auto document = static_cast<std::int16_t>(entry.document);
-    const std::string& text = bench_.documentText(document);
+    const std::string_view text = bench_.documentText(document);
     if (text == entry.text) continue;  // undone already
     if (OldTexts::hashOf(text) != entry.newHash) {
       kept += bench_.documents().Item(document).FileTitle + "\r\n";

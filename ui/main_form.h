@@ -67,6 +67,10 @@ class MainForm : public Form {
   virtual void filesDropped(const std::vector<std::string>& paths) = 0;
   // No event is waiting: time for what need not happen on every keystroke.
   virtual void idle() = 0;
+  // The user has done nothing for half a second, once after each time that they did.
+  virtual void pause() = 0;
+  // Another theme, or other colours of the system.
+  virtual void systemColoursChanged() = 0;
 
   // Set by the platform while the window is there; not owned.
   MainPeer* window = nullptr;

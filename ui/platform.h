@@ -10,6 +10,7 @@
 #include <vector>
 
 #include "base/color.h"
+#include "ui/code_view.h"
 #include "ui/form.h"
 #include "ui/ftp.h"
 #include "ui/menu.h"
@@ -58,9 +59,10 @@ class Platform {
   virtual std::string registryValue(std::string_view section, std::string_view key) const = 0;
   virtual void setRegistryValue(std::string_view section, std::string_view key, std::string_view value) = 0;
 
-  // Clipboard text is byte text; characters that no byte stands for go through the code view's rule instead.
-  virtual void setClipboard(std::string_view bytes) = 0;
+  virtual void setClipboard(const TextClip& clip) = 0;  // nothing in it: the clipboard is emptied
   virtual bool clipboardHasText() const = 0;
+
+  virtual bool darkColours() const { return false; }  // the user has chosen dark windows
 
   virtual void setHourglass(bool on) = 0;
   virtual void pumpEvents() = 0;  // lets pending window events run

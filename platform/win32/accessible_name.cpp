@@ -14,7 +14,7 @@ bool isKind(HWND window, std::wstring_view kind) {
 
 // The text of other controls, which do not show it, is free to be their name.
 bool holdsText(HWND window) {
-  return isKind(window, L"Edit") || isKind(window, L"ComboBox") || isKind(window, L"RichEdit");
+  return isKind(window, L"Edit") || isKind(window, L"ComboBox") || isKind(window, L"Scintilla");
 }
 
 }  // namespace

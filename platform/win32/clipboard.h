@@ -5,11 +5,15 @@
 #include <string_view>
 
 #include "platform/win32/windows_api.h"
+#include "ui/code_view.h"
 
 namespace win32 {
 
-// Throw base::Error when another program holds the clipboard.
-void putClipboardText(HWND owner, std::wstring_view text);
+// The clip's letters as Unicode text, its bytes as ANSI text and, whole, in a format of the program's own. Throw
+// base::Error when another program holds the clipboard.
+void putClip(HWND owner, const ui::TextClip& clip);
+ui::TextClip clipboardClip(HWND owner);  // nothing in it when there is no text
+
 std::wstring clipboardText(HWND owner);  // empty when there is none
 bool clipboardHasText();
 

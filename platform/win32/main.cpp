@@ -1,9 +1,9 @@
 // The process entry: one thread, one message loop.
+#include "platform/win32/code_view/code_view.h"
 #include "platform/win32/errors.h"
 #include "platform/win32/fonts.h"
 #include "platform/win32/main_window.h"
 #include "platform/win32/message_loop.h"
-#include "platform/win32/rich_edit_code_view.h"
 #include "platform/win32/strings.h"
 #include "platform/win32/win32_platform.h"
 #include "program/program.h"
@@ -28,11 +28,12 @@ int run() {
   InitCommonControlsEx(&controls);
   const win32::BundledFonts fonts;
   win32::Win32Platform platform;
-  win32::RichEditCodeView codeView;
+  win32::CodeView codeView;
   program::Program program(platform, codeView);
   const win32::MainWindow window(program.window(), codeView);
   program.start(win32::utf8FromWide(commandLine()));
-  const int result = win32::runMessageLoop([&program] { program.window().idle(); });
+  const int result = win32::runMessageLoop([&program] { program.window().idle(); },
+                                               [&program] { program.window().pause(); });
   platform.closeModeless();
   return result;
 }

@@ -22,7 +22,7 @@ constexpr SIZE kLeastSize = {420, 260};
 
 }  // namespace
 
-MainWindow::MainWindow(ui::MainForm& form, RichEditCodeView& view) : form_(form), view_(view) {
+MainWindow::MainWindow(ui::MainForm& form, CodeView& view) : form_(form), view_(view) {
   const std::wstring className = wideFromUtf8(form.name());
   create(className.c_str(), WS_OVERLAPPEDWINDOW | WS_CLIPCHILDREN, WS_EX_ACCEPTFILES, nullptr,
          [](WNDCLASSEXW& windowClass) {
@@ -95,7 +95,6 @@ void MainWindow::setFonts() {
   }
   font_ = std::move(font);  // the old one goes when nobody uses it any more
   if (toolBar_) toolBar_->setDpi(dpi_);
-  view_.setDpi(dpi_);
 }
 
 Columns MainWindow::columns() const {
@@ -380,6 +379,7 @@ void MainWindow::lookChanged(UINT message, WPARAM wParam, LPARAM lParam) {
   for (const auto& peer : peers_) SendMessageW(peer->window(), message, wParam, lParam);
   if (toolBar_) toolBar_->setDpi(dpi_);
   menusChanged();
+  form_.systemColoursChanged();
 }
 
 // Peer ---------------------------------------------------------------------------------------------------

@@ -6,12 +6,12 @@
 #include <optional>
 #include <vector>
 
+#include "platform/win32/code_view/code_view.h"
 #include "platform/win32/control_peer.h"
 #include "platform/win32/dpi.h"
 #include "platform/win32/main_columns.h"
 #include "platform/win32/menus.h"
 #include "platform/win32/message_loop.h"
-#include "platform/win32/rich_edit_code_view.h"
 #include "platform/win32/status_peer.h"
 #include "platform/win32/tool_bar.h"
 #include "platform/win32/window_base.h"
@@ -22,7 +22,7 @@ namespace win32 {
 class MainWindow final : public WindowBase<MainWindow>, private ui::FormPeer, private ui::MainPeer {
  public:
   // Makes the window, hidden. Form and code view outlive it.
-  MainWindow(ui::MainForm& form, RichEditCodeView& view);
+  MainWindow(ui::MainForm& form, CodeView& view);
   ~MainWindow();
 
  private:
@@ -62,7 +62,7 @@ class MainWindow final : public WindowBase<MainWindow>, private ui::FormPeer, pr
   void menusChanged() override;
 
   ui::MainForm& form_;
-  RichEditCodeView& view_;
+  CodeView& view_;
   std::optional<LoopWindow> loop_;
   std::unique_ptr<Menu> menu_;
   std::vector<std::unique_ptr<ControlPeer>> peers_;

@@ -1,11 +1,19 @@
 #include "platform/win32/message_loop.h"
 
 #include <algorithm>
+#include <utility>
 
 #include "platform/win32/errors.h"
 
 namespace win32 {
 namespace {
+
+constexpr UINT kPause = 500;  // milliseconds
+
+bool isInput(UINT message) {
+  return (message >= WM_KEYFIRST && message <= WM_KEYLAST) ||
+         (message > WM_MOUSEMOVE && message <= WM_MOUSELAST) || message == WM_COMMAND || message >= WM_APP;
+}
 
 // Of the user-interface thread, the only one.
 std::vector<LoopWindow*>& windows() {
@@ -82,11 +90,19 @@ void pumpMessages() {
   }
 }
 
-int runMessageLoop(const std::function<void()>& idle) {
+int runMessageLoop(const std::function<void()>& idle, const std::function<void()>& pause) {
   MSG message;
+  UINT_PTR timer = SetTimer(nullptr, 0, kPause, nullptr);
   while (GetMessageW(&message, nullptr, 0, 0) > 0) {
+    if (message.hwnd == nullptr && message.message == WM_TIMER && message.wParam == timer) {
+      KillTimer(nullptr, std::exchange(timer, 0));
+      pause();
+      continue;
+    }
     dispatch(message);
     if (PeekMessageW(&message, nullptr, 0, 0, PM_NOREMOVE) == 0) idle();
+    // The blinking of the caret is nothing that the user does.
+    if (isInput(message.message)) timer = SetTimer(nullptr, timer, kPause, nullptr);
   }
   return static_cast<int>(message.wParam);
 }

@@ -99,12 +99,25 @@ void Win32Platform::setRegistryValue(std::string_view section, std::string_view 
   win32::setRegistryValue(section, key, value);
 }
 
-void Win32Platform::setClipboard(std::string_view bytes) {
-  putClipboardText(activeWindow(), wideFromBytes(bytes));
+void Win32Platform::setClipboard(const ui::TextClip& clip) {
+  putClip(activeWindow(), clip);
 }
 
 bool Win32Platform::clipboardHasText() const {
   return win32::clipboardHasText();
+}
+
+bool Win32Platform::darkColours() const {
+  DWORD light = 1;
+  DWORD size = sizeof light;
+  if (RegGetValueW(HKEY_CURRENT_USER, L"Software\\Microsoft\\Windows\\CurrentVersion\\Themes\\Personalize",
+                   L"AppsUseLightTheme", RRF_RT_REG_DWORD, nullptr, &light, &size) == ERROR_SUCCESS &&
+      light == 0) {
+    return true;
+  }
+  // A dark scheme of high contrast has no such value.
+  const COLORREF back = GetSysColor(COLOR_WINDOW);
+  return GetRValue(back) + GetGValue(back) + GetBValue(back) < 3 * 128;
 }
 
 void Win32Platform::setHourglass(bool on) {

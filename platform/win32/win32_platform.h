@@ -25,7 +25,8 @@ class Win32Platform final : public ui::Platform {
   std::string resource(std::string_view name) const override;
   std::string registryValue(std::string_view section, std::string_view key) const override;
   void setRegistryValue(std::string_view section, std::string_view key, std::string_view value) override;
-  void setClipboard(std::string_view bytes) override;
+  void setClipboard(const ui::TextClip& clip) override;
+  bool darkColours() const override;
   bool clipboardHasText() const override;
   void setHourglass(bool on) override;
   void pumpEvents() override;

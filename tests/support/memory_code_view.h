@@ -2,122 +2,176 @@
 #pragma once
 
 #include <algorithm>
+#include <memory>
+#include <optional>
 #include <string>
 #include <vector>
 
 #include "base/error.h"
-#include "tests/support/rtf_reader.h"
+#include "base/utf8.h"
 #include "ui/code_view.h"
-#include "ui/plain_rtf.h"
 
 namespace tests {
 
 class MemoryCodeView : public ui::CodeView {
  public:
-  const std::string& text() const override { return now_.text; }
-  void setText(std::string_view text) override { edit({std::string(text), 0, 0}); }
-  void load(std::string_view text) override {
+  struct Document : ui::CodeDocument {
+    struct State {
+      std::string text;
+      int start = 0;
+      int length = 0;
+      bool formed = false;  // reached by a step()
+    };
+    State now;
+    std::vector<State> undo, redo;
+    ui::TextView view = ui::TextView::EightBit;
+
+    std::string_view text() const override { return now.text; }
+    void setText(std::string_view text) override { become({std::string(text), 0, 0, true}); }
+    void become(State next) {
+      undo.push_back(now);
+      redo.clear();
+      now = std::move(next);
+    }
+  };
+
+  std::shared_ptr<ui::CodeDocument> makeDocument(std::string_view text) override {
     if (text.size() > limit) throw base::Error(base::ErrorNumber::OutOfMemory, "too long");
-    undo_.clear();
-    redo_.clear();
-    become({std::string(text), 0, 0});
+    auto made = std::make_shared<Document>();
+    made->now.text = text;
+    return made;
+  }
+  std::shared_ptr<ui::CodeDocument> document() const override { return shown_; }
+  void show(const std::shared_ptr<ui::CodeDocument>& document) override {
+    if (document == shown_) return;
+    shown_ = std::dynamic_pointer_cast<Document>(document);
+    tell();
   }
 
-  int selStart() const override { return now_.start; }
-  int selLength() const override { return now_.length; }
+  ui::TextView view() const override { return shown_->view; }
+  void setView(ui::TextView view) override { shown_->view = view; }
+
+  std::string_view text() const override { return now().text; }
+  using ui::CodeView::setText;
+  void setText(std::string_view text, int caret) override {
+    step([&] {
+      const int size = static_cast<int>(text.size());
+      edit({std::string(text), std::clamp(caret < 0 ? now().start : caret, 0, size), 0, false});
+    });
+  }
+  void step(const std::function<void()>& edits) override {
+    const auto before = now();
+    const std::size_t depth = shown_->undo.size();
+    edits();
+    if (shown_->undo.size() == depth) return;
+    shown_->undo.resize(depth);
+    shown_->undo.push_back(before);
+    now().formed = true;
+    reformed();
+  }
+
+  int selStart() const override { return now().start; }
+  int selLength() const override { return now().length; }
   void select(int start, int length) override {
-    const int size = static_cast<int>(now_.text.size());
-    now_.start = std::clamp(start, 0, size);
-    now_.length = std::clamp(length, 0, size - now_.start);
+    const int size = static_cast<int>(now().text.size());
+    now().start = std::clamp(start, 0, size);
+    now().length = std::clamp(length, 0, size - now().start);
     selectionChanged();
   }
   std::string selText() const override {
-    return now_.text.substr(static_cast<std::size_t>(now_.start), static_cast<std::size_t>(now_.length));
+    return now().text.substr(static_cast<std::size_t>(now().start), static_cast<std::size_t>(now().length));
   }
   void replaceSelection(std::string_view text) override {
-    State next = now_;
-    next.text.replace(static_cast<std::size_t>(now_.start), static_cast<std::size_t>(now_.length), text);
+    auto next = now();
+    next.text.replace(static_cast<std::size_t>(next.start), static_cast<std::size_t>(next.length), text);
     next.start += static_cast<int>(text.size());
     next.length = 0;
-    edit(next);
+    next.formed = false;
+    edit(std::move(next));
   }
 
   ui::CaretPlace caret() const override {
-    const auto end = now_.text.begin() + now_.start + now_.length;
-    const auto lines = std::count(now_.text.begin(), end, '\n');
-    const std::size_t last =
-        now_.text.substr(0, static_cast<std::size_t>(now_.start + now_.length)).rfind('\n');
-    const int lineStart = last == std::string::npos ? 0 : static_cast<int>(last) + 1;
-    return {static_cast<int>(lines) + 1, now_.start + now_.length - lineStart + 1};
+    const std::string before = now().text.substr(0, static_cast<std::size_t>(now().start + now().length));
+    const auto lines = std::count(before.begin(), before.end(), '\n');
+    const std::string line = before.substr(before.rfind('\n') + 1);
+    const auto letters = std::count_if(line.begin(), line.end(), [this](char c) {
+      return view() == ui::TextView::EightBit || (static_cast<unsigned char>(c) & 0xC0U) != 0x80;
+    });
+    return {static_cast<int>(lines) + 1, static_cast<int>(letters) + 1};
   }
-  int scrollTop() const override { return scroll_; }
-  void setScrollTop(int position) override { scroll_ = position; }
 
-  void paste() override { replaceSelection(clipboard); }
-
-  bool canUndo() const override { return !undo_.empty(); }
-  bool canRedo() const override { return !redo_.empty(); }
-  void undo() override { travel(undo_, redo_); }
-  void redo() override { travel(redo_, undo_); }
-
-  void setFont(const ui::Font& font) override { this->font = font; }
-  const ui::Font& currentFont() const override { return font; }
-  void setBackColor(base::Color color) override { backColor = color; }
-  void setTextColor(base::Color color) override { textColor = color; }
-  void setWordWrap(bool wrap) override { wordWrap = wrap; }
-  std::string rtf() const override { return ui::plainRtf(now_.text, "\r\n", font.name); }
-  void setRtf(std::string_view rtf) override {
-    shown = readRtf(rtf);
-    now_ = {shown.text, 0, 0};
-    scroll_ = 0;
+  // What the clipboard holds comes in as another program's.
+  void paste() override { enterClip({"", clipboard}); }
+  void enterClip(const ui::TextClip& clip) {
+    const std::string bytes = entering ? entering(clip) : clip.letters;
+    if (!bytes.empty()) replaceSelection(bytes);
   }
-  void resetFormats() override { shown = {}; }
+
+  bool canUndo() const override { return !shown_->undo.empty(); }
+  bool canRedo() const override { return !shown_->redo.empty(); }
+  void undo() override { travel(shown_->undo, shown_->redo); }
+  void redo() override { travel(shown_->redo, shown_->undo); }
+
+  void setFont(const ui::Font& newFont) override { font = newFont; }
+  void setUtf8Font(const ui::Font& newFont) override { utf8Font = newFont; }
+  const ui::Font& currentFont() const override { return view() == ui::TextView::Utf8 ? utf8Font : font; }
+  void setLook(const ui::CodeLook& newLook) override { look = newLook; }
+  int zoom() const override { return zoomed; }
+  void setZoom(int points) override { zoomed = points; }
+  void languageChanged() override {}
+  void showColours(const std::vector<ui::ColourRange>& ranges) override { colours = ranges; }
+  void resetColours() override { colours.reset(); }
   void setFocus() override {}
 
-  // As the user: characters pass the key filter, as in the window.
-  void type(std::string_view keys) {
-    for (const char c : keys) {
-      const int key = static_cast<unsigned char>(c);
-      const int entered = keyPress ? keyPress(key) : key;
-      if (entered >= 32) replaceSelection(std::string(1, static_cast<char>(entered)));
+  // As the user, UTF-8.
+  void type(std::string_view letters) {
+    for (std::size_t at = 0; at < letters.size();) {
+      const auto character = base::nextUtf8(letters, at);
+      typeCharacter(character ? *character : static_cast<unsigned char>(letters[at++]));
     }
   }
-  void typeUnicode(const std::string& utf8) { replaceSelection(unicodeTyped(utf8)); }
+  void typeCharacter(char32_t character) {
+    if (character < ' ') {
+      if (controlTyped) controlTyped(static_cast<int>(character));
+      return;
+    }
+    std::string bytes;
+    if (typed) {
+      bytes = typed(character);
+    } else {
+      base::appendUtf8(bytes, character);
+    }
+    if (!bytes.empty()) replaceSelection(bytes);
+  }
 
-  std::string clipboard;  // what paste() finds
-  ui::Font font;
-  base::Color backColor = 0, textColor = 0;
-  bool wordWrap = false;
-  RtfText shown;                          // what the last RTF looks like; empty: plain
-  std::size_t limit = std::string::npos;  // longer texts cannot be loaded
+  std::string clipboard;  // UTF-8: what paste() finds
+  ui::Font font, utf8Font;
+  ui::CodeLook look;
+  int zoomed = 0;
+  std::optional<std::vector<ui::ColourRange>> colours;  // nothing: plain
+  std::size_t limit = std::string::npos;                // longer texts cannot be loaded
 
  private:
-  struct State {
-    std::string text;
-    int start = 0;
-    int length = 0;
-  };
-  void become(State next) {
-    now_ = std::move(next);
+  Document::State& now() const { return shown_->now; }
+  void tell() {
     changed();
     selectionChanged();
   }
-  void edit(State next) {
-    undo_.push_back(now_);
-    redo_.clear();
-    become(std::move(next));
+  void edit(Document::State next) {
+    shown_->become(std::move(next));
+    tell();
   }
-  void travel(std::vector<State>& from, std::vector<State>& to) {
+  void travel(std::vector<Document::State>& from, std::vector<Document::State>& to) {
     if (from.empty()) return;
-    to.push_back(now_);
-    State next = from.back();
+    const bool formed = from.back().formed || now().formed;
+    to.push_back(now());
+    now() = from.back();
     from.pop_back();
-    become(std::move(next));
+    tell();
+    if (formed) reformed();
   }
 
-  State now_;
-  std::vector<State> undo_, redo_;
-  int scroll_ = 0;
+  std::shared_ptr<Document> shown_ = std::make_shared<Document>();
 };
 
 }  // namespace tests

@@ -1,20 +1,12 @@
-#include "editor/colour_rtf.h"
+#include "editor/colour_ranges.h"
 
 #include <array>
 #include <cstdint>
 
-#include "ui/plain_rtf.h"
-
 namespace editor {
 namespace {
 
-constexpr std::string_view kColorTable =
-    "{\\colortbl\\red0\\green0\\blue0;\\red0\\green0\\blue255;\\red255\\green0\\blue0;"
-    "\\red0\\green150\\blue50;}";
-constexpr std::string_view kBlue = "\\f2\\fs20\\cf1 ";
-constexpr std::string_view kRed = "\\f2\\fs20\\cf2 ";
-constexpr std::string_view kGreen = "\\f2\\fs20\\cf3 ";
-constexpr std::string_view kBlack = "\\plain\\f2\\fs20\\cf0 ";
+constexpr std::uint8_t kBlack = 0, kBlue = 1, kRed = 2, kGreen = 3;
 
 // In list order. Each stands between a blank and "=".
 constexpr std::array<std::string_view, 72> kAttributes = {
@@ -67,68 +59,36 @@ int attributeAt(std::string_view text) {
 
 }  // namespace
 
-std::string coloured(std::string_view rtf) {
-  std::string out;
-  out.reserve(rtf.size() * 2);
-  std::size_t done = 0;  // copied so far
-  const auto copyTo = [&](std::size_t at) {
-    out.append(rtf, done, at - done);
-    done = at;
+std::vector<ui::ColourRange> coloured(std::string_view text) {
+  std::vector<ui::ColourRange> ranges;
+  std::uint8_t colour = kBlack;
+  std::size_t from = 0;
+  const auto become = [&](std::uint8_t next, std::size_t at) {
+    if (colour != kBlack && at > from) {
+      ranges.push_back({static_cast<int>(from), static_cast<int>(at - from), colour});
+    }
+    colour = next;
+    from = at;
   };
-  for (std::size_t at = 0; at < rtf.size(); ++at) {
-    switch (rtf[at]) {
-      case ' ': {
-        int number = attributeAt(rtf.substr(at + 1));
-        if (number == kNone) break;
-        copyTo(at);
-        while (true) {
-          const std::string_view name = kAttributes[static_cast<std::size_t>(number)];
-          out += kRed;
-          out += ' ';
-          out += name;
-          out += '=';
-          done = at + 1 + name.size() + 1;
-          out += kBlack;
-          // The blank that ends these codes makes an attribute of a name directly behind, but only for the
-          // replacements still to come.
-          const int next = attributeAt(rtf.substr(done));
-          if (next <= number) break;
-          out.pop_back();
-          at = done - 1;
-          number = next;
-        }
-        at = done - 1;
-        break;
-      }
-      case '<': {
-        const std::string_view behind = rtf.substr(at + 1, 3);
-        copyTo(at);
-        out += kBlue;
-        if (behind.starts_with("--") || behind == "!--") out += kGreen;
-        break;
-      }
-      case '>':
-        // A "-->" is never found: by its turn these codes stand before the ">".
-        copyTo(at);
-        out += kBlue;
-        out += '>';
-        out += kBlack;
-        done = at + 1;
-        break;
-      case '{':
-        if (rtf.substr(at).starts_with(ui::kPlainColorTable)) {
-          copyTo(at);
-          out += kColorTable;
-          done = at + ui::kPlainColorTable.size();
-          at = done - 1;
-        }
-        break;
-      default:
-        break;
+  for (std::size_t at = text.find_first_of(" <>"); at < text.size(); at = text.find_first_of(" <>", at)) {
+    if (text[at] == '<') {
+      const std::string_view behind = text.substr(at + 1, 3);
+      become(behind.starts_with("--") || behind == "!--" ? kGreen : kBlue, at);
+      ++at;
+    } else if (text[at] == '>') {
+      // A "-->" is never found: by its turn codes stand before the ">".
+      become(kBlue, at);
+      become(kBlack, ++at);
+    } else if (const int number = attributeAt(text.substr(at + 1)); number != kNone) {
+      become(kRed, at);
+      at += kAttributes[static_cast<std::size_t>(number)].size() + 2;
+      become(kBlack, at);
+    } else {
+      ++at;
     }
   }
-  copyTo(rtf.size());
-  return out;
+  become(kBlack, text.size());
+  return ranges;
 }
 
 }  // namespace editor

@@ -1,0 +1,60 @@
+// A document of the code view, and the hidden control that reads and changes documents which are not shown.
+#pragma once
+
+#include <memory>
+#include <string_view>
+
+#include "platform/win32/code_view/scintilla.h"
+#include "platform/win32/handles.h"
+#include "ui/code_view.h"
+
+namespace win32 {
+
+class Workshop {
+ public:
+  explicit Workshop(HWND parent);
+  Workshop(const Workshop&) = delete;
+  Workshop& operator=(const Workshop&) = delete;
+  ~Workshop();
+
+  // The control with the document in it, until put(0).
+  const Scintilla& with(sptr_t document);
+  // A new document, owned by the caller once; throws base::Error(OutOfMemory).
+  sptr_t make(std::string_view text);
+  void release(sptr_t document);
+
+ private:
+  UniqueWindow window_;
+  Scintilla control_;
+  sptr_t own_ = 0;  // the empty document it began with
+  sptr_t in_ = 0;
+};
+
+class ScintillaDocument final : public ui::CodeDocument {
+ public:
+  // Takes over the reference to `handle`.
+  ScintillaDocument(std::shared_ptr<Workshop> workshop, sptr_t handle)
+      : workshop_(std::move(workshop)), handle_(handle) {}
+  ~ScintillaDocument() override { workshop_->release(handle_); }
+
+  std::string_view text() const override { return workshop_->with(handle_).text(); }
+  void setText(std::string_view text) override;
+
+  sptr_t handle() const { return handle_; }
+
+  // Kept while it is not shown.
+  ui::TextView view = ui::TextView::EightBit;
+  struct Place {
+    sptr_t anchor = 0;
+    sptr_t caret = 0;
+    sptr_t topLine = 0;  // of the document, not of the window
+    sptr_t left = 0;     // pixels
+  };
+  Place place;
+
+ private:
+  std::shared_ptr<Workshop> workshop_;
+  sptr_t handle_;
+};
+
+}  // namespace win32

@@ -1,0 +1,60 @@
+#include "platform/win32/code_view/scintilla.h"
+
+#include <algorithm>
+#include <functional>
+#include <string>
+
+#include "base/error.h"
+#include "platform/win32/code_view/memory_room.h"
+#include "platform/win32/errors.h"
+
+namespace win32 {
+
+void throwTooLong() {
+  throw base::Error(base::ErrorNumber::OutOfMemory, "ტექსტი ზედმეტად გრძელია: რედაქტორში არ ეტევა.");
+}
+
+Scintilla::Scintilla(DWORD style, DWORD exStyle, HWND parent, int id) {
+  static const int registered = Scintilla_RegisterClasses(GetModuleHandleW(nullptr));
+  window_ = registered == 0
+                ? nullptr
+                : CreateWindowExW(exStyle, L"Scintilla", L"", style, 0, 0, 0, 0, parent,
+                                  reinterpret_cast<HMENU>(static_cast<INT_PTR>(id)), nullptr, nullptr);
+  if (window_ == nullptr) throw base::Error(base::ErrorNumber::OutOfMemory, systemMessage(GetLastError()));
+  function_ = reinterpret_cast<SciFnDirect>(SendMessageW(window_, SCI_GETDIRECTFUNCTION, 0, 0));
+  object_ = SendMessageW(window_, SCI_GETDIRECTPOINTER, 0, 0);
+}
+
+std::string_view Scintilla::text() const {
+  return {reinterpret_cast<const char*>(call(SCI_GETCHARACTERPOINTER)), static_cast<std::size_t>(length())};
+}
+
+void Scintilla::replace(sptr_t from, sptr_t to, std::string_view text) const {
+  call(SCI_SETTARGETRANGE, static_cast<uptr_t>(from), to);
+  call(SCI_REPLACETARGET, text.size(), text.data());
+}
+
+Scintilla::Replaced Scintilla::replaceAll(std::string_view to) const {
+  const std::string_view now = text();
+  const std::less<> before;
+  if (!before(to.data(), now.data()) && before(to.data(), now.data() + now.size())) {
+    return replaceAll(std::string(to));  // a part of this very text
+  }
+  const auto head = static_cast<std::size_t>(
+      std::mismatch(now.begin(), now.end(), to.begin(), to.end()).first - now.begin());
+  if (head == now.size() && head == to.size()) return Replaced::Nothing;
+  const std::size_t most = std::min(now.size(), to.size()) - head;
+  std::size_t tail = 0;
+  while (tail < most && now[now.size() - 1 - tail] == to[to.size() - 1 - tail]) ++tail;
+
+  const std::size_t removed = now.size() - head - tail;
+  const std::size_t added = to.size() - head - tail;
+  if (!roomForChange(now.size(), removed, added)) throwTooLong();
+  call(SCI_SETSTATUS, SC_STATUS_OK);
+  replace(static_cast<sptr_t>(head), static_cast<sptr_t>(head + removed), to.substr(head, added));
+  const bool broken = length() != static_cast<sptr_t>(to.size());
+  call(SCI_SETSTATUS, SC_STATUS_OK);
+  return broken ? Replaced::Broken : Replaced::Done;
+}
+
+}  // namespace win32
