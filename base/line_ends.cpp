@@ -78,6 +78,11 @@ std::string withLineEnds(std::string_view text, LineEnd end) {
   return out;
 }
 
+std::string withLineEndsOf(std::string_view document, std::string_view part) {
+  // Most parts are one line: then the document, which may be long, is not asked.
+  return nextEnd(part, 0) == part.size() ? std::string(part) : withLineEnds(part, lineEndOf(document));
+}
+
 Line lineAt(std::string_view text, std::size_t from) {
   const std::size_t end = nextEnd(text, from);
   std::size_t length = 0;

@@ -31,6 +31,8 @@ LineEnd lineEndOf(std::string_view text);
 
 // The text with every end, of whatever kind, in this one.
 std::string withLineEnds(std::string_view text, LineEnd end);
+// `part` as it is written into the document, or looked for there: with the document's own end.
+std::string withLineEndsOf(std::string_view document, std::string_view part);
 
 // A line and the end behind it, both inside the text they were taken from, which must outlive them.
 struct Line {
