@@ -49,7 +49,8 @@ void frmBOXa::press(const char* answer) {
 }
 
 void frmBOXa::Tanswer_Change() {
-  COK.setEnabled(!base::trimSpaces(Tanswer.text()).empty());
+  const std::string& typed = Tanswer.text();
+  COK.setEnabled(!(blanksCount ? std::string_view(typed) : base::trimSpaces(typed)).empty());
 }
 
 }  // namespace app

@@ -31,6 +31,9 @@ class frmBOXa : public ui::Form {
   ui::Button Cno{*this, IDC_frmBOXa_Cno};
   ui::Button CEXIT{*this, IDC_frmBOXa_CEXIT};
 
+  // An answer of blanks alone is one, too; else it is as good as none.
+  bool blanksCount = false;
+
   const std::string& answer() const { return answer_; }
   bool queryClose() override;
 

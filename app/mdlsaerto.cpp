@@ -110,11 +110,13 @@ std::string messageBox(ui::Platform& platform, ui::Text text, ui::Text title, fr
 }
 
 std::optional<std::string> inputBox(ui::Platform& platform, ui::Text prompt, ui::Text title,
-                                    std::string proposal) {
+                                    std::string proposal, Blanks blanks) {
   frmBOXa box(frmBOXa::Kind::Input, std::move(prompt), std::move(title), ui::IconBox::Sign::None);
+  box.blanksCount = blanks == Blanks::Kept;
   box.Tanswer.userSet(std::move(proposal));
   platform.showModal(box);
   if (box.answer() != kAnswerOk) return std::nullopt;
+  if (blanks == Blanks::Kept) return box.Tanswer.text();
   return std::string(base::trimSpaces(box.Tanswer.text()));
 }
 

@@ -87,12 +87,24 @@ const Entity* named(std::string_view name) {
   return at == map.end() ? nullptr : at->second;
 }
 
+// What Windows-1251 has where Windows-1252 has it too; at all other bytes above 7F it has letters, or
+// something else.
+constexpr std::string_view kAlsoRussian =
+    "\x82\x84\x85\x86\x87\x89\x8B\x91\x92\x93\x94\x95\x96\x97\x99\x9B\xA0\xA4\xA6\xA7\xA9\xAB\xAC\xAD\xAE\xB0"
+    "\xB1\xB5\xB6\xB7\xBB";
+
+// The byte is, in such a page, the character that Windows-1252 has for it.
+bool isWestern(unsigned char byte, PageBytes page) {
+  if (page == PageBytes::EightBit) return byte < kLegacyLetters;
+  return byte < 0x80 || kAlsoRussian.find(static_cast<char>(byte)) != std::string_view::npos;
+}
+
 // The character's bytes in the page; empty when it has none there.
 std::string bytesOf(char32_t character, PageBytes page) {
   std::string bytes;
   if (page == PageBytes::Utf8) {
     base::appendUtf8(bytes, character);
-  } else if (const auto byte = base::byteOfChar(character); byte && *byte < kLegacyLetters) {
+  } else if (const auto byte = base::byteOfChar(character); byte && isWestern(*byte, page)) {
     bytes += static_cast<char>(*byte);
   }
   return bytes;
@@ -103,7 +115,7 @@ std::optional<char32_t> take(std::string_view text, std::size_t& at, PageBytes p
   const auto byte = static_cast<unsigned char>(text[at]);
   if (page == PageBytes::Utf8) {
     if (const auto character = base::nextUtf8(text, at)) return character;
-  } else if (byte < kLegacyLetters) {
+  } else if (isWestern(byte, page)) {
     ++at;
     return base::charOfByte(byte);
   }
@@ -117,8 +129,9 @@ const std::array<Entity, kEntities>& entities() {
   return kTable;
 }
 
-PageBytes pageBytes(std::string_view page) {
-  return base::isUtf8(page) ? PageBytes::Utf8 : PageBytes::EightBit;
+PageBytes pageBytes(std::string_view page, ui::CharacterSet font) {
+  if (base::isUtf8(page)) return PageBytes::Utf8;
+  return font == ui::CharacterSet::Russian ? PageBytes::Russian : PageBytes::EightBit;
 }
 
 std::string encodeEntities(std::string_view text, PageBytes page) {

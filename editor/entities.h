@@ -5,6 +5,8 @@
 #include <string>
 #include <string_view>
 
+#include "ui/code_view.h"
+
 namespace editor {
 
 struct Entity {
@@ -19,8 +21,10 @@ const std::array<Entity, kEntities>& entities();  // by character
 enum class PageBytes {
   Utf8,      // also plain ASCII
   EightBit,  // Windows-1252 up to BF; from C0 on the letters of the legacy font, which have no names
+  Russian,   // Windows-1251, whose letters have no names
 };
-PageBytes pageBytes(std::string_view page);
+// `font` is what the page is shown in: the bytes alone do not tell the two apart.
+PageBytes pageBytes(std::string_view page, ui::CharacterSet font);
 
 // Every character that has a name becomes "&name;", also "&", "<", ">" and the quote.
 std::string encodeEntities(std::string_view text, PageBytes page);

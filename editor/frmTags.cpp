@@ -10,7 +10,10 @@ frmTags::frmTags(ui::Platform& platform) : Form("frmTags", IDD_frmTags), platfor
   MBexit.setCaption("&გამოსვლა");
   Tsearch.changed.connect([this] { Tsearch_Change(); });
   List1.selectionChanged.connect([this] { List1_Click(); });
-  List1.doubleClicked.connect([this] { MBOK.click(); });
+  List1.doubleClicked.connect([this] {
+    List1_Click();  // a row that was selected already is not clicked anew
+    MBOK.click();
+  });
   MBOK.clicked.connect([this] { close(); });
   MBexit.clicked.connect([this] { MBexit_Click(); });
   defaultButton = &MBOK;
@@ -38,7 +41,7 @@ std::string frmTags::run(std::vector<std::string> names) {
   Tsearch.setText("");
   List1.setItems({names.begin(), names.end()});
   List1.setSelected(0);
-  List1_Click();
+  result_.clear();  // the first row is a beginning, not a choice
   platform_.showModal(*this);
   return result_;
 }
@@ -50,9 +53,15 @@ void frmTags::List1_Click() {
   result_ = mode_ == Mode::Tags ? pickedCode(entries_[row]) : List1.items()[row].bytes;
 }
 
-// The first name that begins like the typed text; the selection stays where none does.
+// The first name that begins like the typed text; the selection stays where none does. An emptied field
+// chooses nothing.
 void frmTags::Tsearch_Change() {
   const std::string& typed = Tsearch.text();
+  if (typed.empty()) {
+    List1.setSelected(0);
+    result_.clear();
+    return;
+  }
   for (std::size_t i = 0; i < List1.items().size(); ++i) {
     if (!base::equalNoCase(List1.items()[i].bytes.substr(0, typed.size()), typed)) continue;
     List1.setSelected(static_cast<int>(i));

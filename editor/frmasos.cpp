@@ -92,7 +92,7 @@ void frmasos::convert(std::string (*how)(std::string_view, PageBytes)) {
   app::guarded(platform_, [&] {
     const ui::Hourglass hourglass(platform_);
     const std::string old = T1_.selText();
-    const std::string converted = how(old, pageBytes(T1_.text()));
+    const std::string converted = how(old, pageBytes(T1_.text(), T1_.currentFont().characterSet));
     if (converted == old) return;
     const int start = T1_.selStart();
     T1_.replaceSelection(converted);

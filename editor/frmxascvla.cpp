@@ -71,6 +71,7 @@ void frmxascvla::Csave_Click() {
 }
 
 void frmxascvla::COK_Click() {
+  grid_.takeTyped();
   const ui::Hourglass hourglass(bench_.platform());
   std::vector<int> counts(grid_.rows().size());
   if (OPselection.chosen()) {
@@ -83,14 +84,15 @@ void frmxascvla::COK_Click() {
   showCounts(counts);
 }
 
-std::string frmxascvla::replaced(const std::string& text, std::vector<int>& counts) const {
-  return replaceByList(text, pairs(), {CKcase.checked(), CKword.checked()}, counts);
+std::string frmxascvla::replaced(const std::string& text, base::LineEnd lineEnd,
+                                 std::vector<int>& counts) const {
+  return replaceByList(text, pairs(), lineEnd, {CKcase.checked(), CKword.checked()}, counts);
 }
 
 void frmxascvla::replaceSelection(std::vector<int>& counts) {
   ui::CodeView& T1 = bench_.codeView();
   const std::string old = T1.selText();
-  const std::string text = replaced(old, counts);
+  const std::string text = replaced(old, base::lineEndOf(T1.text()), counts);
   if (text == old) return;
   const int start = T1.selStart();
   T1.replaceSelection(text);
@@ -99,7 +101,7 @@ void frmxascvla::replaceSelection(std::vector<int>& counts) {
 
 void frmxascvla::replaceDocument(std::vector<int>& counts) {
   ui::CodeView& T1 = bench_.codeView();
-  const std::string text = replaced(std::string(T1.text()), counts);
+  const std::string text = replaced(std::string(T1.text()), base::lineEndOf(T1.text()), counts);
   if (text == T1.text()) return;
   const int start = T1.selStart();
   T1.setText(text);
@@ -112,7 +114,7 @@ void frmxascvla::replaceAll(std::vector<int>& counts) {
     if (i == bench_.shownIndex()) continue;
     const std::string old(bench_.documentText(i));
     if (old == app::kImageValue) continue;
-    std::string text = replaced(old, counts);
+    std::string text = replaced(old, base::lineEndOf(old), counts);
     if (text != old) bench_.setDocumentText(i, std::move(text));
   }
 }

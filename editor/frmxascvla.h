@@ -47,7 +47,7 @@ class frmxascvla : public ui::Form {
   void replaceSelection(std::vector<int>& counts);
   void replaceDocument(std::vector<int>& counts);
   void replaceAll(std::vector<int>& counts);
-  std::string replaced(const std::string& text, std::vector<int>& counts) const;
+  std::string replaced(const std::string& text, base::LineEnd lineEnd, std::vector<int>& counts) const;
   void showCounts(const std::vector<int>& counts);
   std::vector<ReplacePair> pairs() const;
   void setPairs(const std::vector<ReplacePair>& pairs);

@@ -2,6 +2,7 @@
 
 #include <string>
 
+#include "base/line_ends.h"
 #include "base/text.h"
 
 namespace editor {
@@ -14,17 +15,22 @@ constexpr std::string_view kMark = "^!";
 void insert(ui::CodeView& T1, const Insertion& what) {
   const int start = T1.selStart();
   const int length = T1.selLength();
+  const std::string before =
+      base::withLineEndsOf(T1.text(), what.open.substr(0, static_cast<std::size_t>(what.k)));
+  const std::string open = base::withLineEndsOf(T1.text(), what.open);
+  const int k = static_cast<int>(before.size());
   if (what.placing == Placing::Wrap) {
-    T1.replaceSelection(std::string(what.open) + T1.selText() + std::string(what.close));
-    T1.select(start + what.k, length);
+    T1.replaceSelection(open + T1.selText() + base::withLineEndsOf(T1.text(), what.close));
+    T1.select(start + k, length);
     return;
   }
-  T1.replaceSelection(what.open);
-  if (what.placing == Placing::Block) T1.select(start + what.k, 0);
+  T1.replaceSelection(open);
+  if (what.placing == Placing::Block) T1.select(start + k, 0);
 }
 
-void insertCode(ui::CodeView& T1, std::string_view code) {
-  if (code.empty()) return;
+void insertCode(ui::CodeView& T1, std::string_view stored) {
+  if (stored.empty()) return;
+  const std::string code = base::withLineEndsOf(T1.text(), stored);
   const std::size_t mark = code.find(kMark);
   const int start = T1.selStart();
   const int length = T1.selLength();

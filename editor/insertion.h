@@ -1,4 +1,5 @@
-// Putting code around or in place of the selection: the three ways in which all tag commands work.
+// Putting code around or in place of the selection: the three ways in which all tag commands work. Codes are
+// kept with CR LF; what enters the document has the document's own line ends.
 #pragma once
 
 #include <string_view>
@@ -13,7 +14,7 @@ enum class Placing {
   Replace,  // open replaces the selection; the caret stays behind it
 };
 
-// `k` counts bytes from the old selection's start. One undoable step.
+// `k` counts bytes of `open` from the old selection's start, and is at most its length. One undoable step.
 struct Insertion {
   Placing placing;
   std::string_view open;
@@ -25,6 +26,6 @@ void insert(ui::CodeView& T1, const Insertion& what);
 
 // A code of the tag list: "^!" in it marks where the selection goes; selected again afterwards. Without a
 // mark the code replaces the selection and the caret stays behind it. An empty code does nothing.
-void insertCode(ui::CodeView& T1, std::string_view code);
+void insertCode(ui::CodeView& T1, std::string_view stored);
 
 }  // namespace editor

@@ -53,8 +53,8 @@ void LineCommands::mnulinesnaid_Click() {
   const auto count = app::inputBox(bench_.platform(), "mieci xazebis raodenoba."_keyboard, kGroupTitle);
   const int every = count ? lineCount(*count) : 0;
   if (every == 0) return;
-  const auto answer =
-      app::inputBox(bench_.platform(), "mieci Tu riTi unda gaiyos xazebi."_keyboard, kGroupTitle);
+  const auto answer = app::inputBox(bench_.platform(), "mieci Tu riTi unda gaiyos xazebi."_keyboard,
+                                    kGroupTitle, {}, app::Blanks::Kept);
   if (!answer || answer->empty()) return;
   const ui::Hourglass hourglass(bench_.platform());
   const std::string separator = typedBytes(T1, *answer);

@@ -5,26 +5,32 @@
 #include <cmath>
 #include <limits>
 
+#include "base/line_ends.h"
 #include "base/text.h"
 
 namespace editor {
 
 std::optional<std::string> groupLines(std::string_view text, int every, std::string_view separator) {
   const auto size = static_cast<std::size_t>(every);
+  const base::LineEndKinds kinds = base::lineEndKindsOf(text);
+  const bool pairsAlone = kinds.crLf > 0 && kinds.leading() == base::LineEnd::CrLf;
+  std::string between(base::bytesOf(kinds.leading()));
+  between += separator;
   std::size_t lines = 0;
   std::string out;
-  std::size_t done = 0;
-  for (std::size_t at; (at = text.find(base::kCrLf, done)) != std::string_view::npos;) {
-    out += text.substr(done, at - done);
-    ++lines;
-    if (lines % size == 0) out.append(base::kCrLf).append(separator);
-    out += base::kCrLf;
-    done = at + base::kCrLf.size();
+  base::Line line;
+  for (std::size_t at = 0;; at += line.size()) {
+    line = base::lineAt(text, at);
+    out += line.text;
+    const bool last = line.end.empty();
+    const bool ends = pairsAlone ? line.end.size() == 2 : !last;
+    if ((ends || last) && (lines + 1) % size == 0) out += between;
+    if (last) break;
+    if (ends) ++lines;
+    out += line.end;
   }
   // `lines` is now the highest line number, counted from 0.
   if (lines < size) return std::nullopt;
-  out += text.substr(done);
-  if ((lines + 1) % size == 0) out.append(base::kCrLf).append(separator);
   return out;
 }
 

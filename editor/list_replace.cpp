@@ -1,6 +1,9 @@
 #include "editor/list_replace.h"
 
+#include <array>
+
 #include "base/error.h"
+#include "base/line_ends.h"
 #include "base/text.h"
 
 namespace editor {
@@ -19,26 +22,26 @@ bool standsAlone(std::string_view text, std::size_t at, std::size_t size) {
   return (at == 0 || !isWordByte(text[at - 1])) && (at + size == text.size() || !isWordByte(text[at + size]));
 }
 
-std::string replacePair(const std::string& text, const ReplacePair& pair, ReplaceOptions options,
-                        int& count) {
-  const std::string folded = options.matchCase ? std::string() : base::upperAscii(text);
-  const std::string& where = options.matchCase ? text : folded;
-  const std::string what = options.matchCase ? pair.find : base::upperAscii(pair.find);
-  std::string out;
-  std::size_t done = 0;
-  for (std::size_t at = 0; (at = where.find(what, at)) != std::string::npos;) {
-    if (options.wholeWord && !standsAlone(text, at, what.size())) {
-      ++at;
-      continue;
-    }
-    out.append(text, done, at - done);
-    out += pair.replace;
-    at += what.size();
-    done = at;
-    ++count;
+// A pair as it is looked for in one text.
+struct Wanted {
+  std::string find;
+  std::string replace;
+  std::size_t number;  // of the pair
+};
+
+// By the first byte of what is looked for, in the order of the list.
+using Table = std::array<std::vector<Wanted>, 256>;
+
+Table tableOf(const std::vector<ReplacePair>& pairs, base::LineEnd lineEnd, bool matchCase) {
+  Table table;
+  for (std::size_t i = 0; i < pairs.size(); ++i) {
+    if (pairs[i].find.empty()) continue;
+    std::string find = base::withLineEnds(pairs[i].find, lineEnd);
+    if (!matchCase) find = base::upperAscii(find);
+    table[static_cast<unsigned char>(find[0])].push_back(
+        {find, base::withLineEnds(pairs[i].replace, lineEnd), i});
   }
-  out.append(text, done);
-  return out;
+  return table;
 }
 
 std::string escaped(std::string_view text) {
@@ -64,13 +67,33 @@ std::string unescaped(std::string_view text) {
 
 }  // namespace
 
-std::string replaceByList(std::string_view text, const std::vector<ReplacePair>& pairs,
+std::string replaceByList(std::string_view text, const std::vector<ReplacePair>& pairs, base::LineEnd lineEnd,
                           ReplaceOptions options, std::vector<int>& counts) {
-  std::string result(text);
-  for (std::size_t i = 0; i < pairs.size(); ++i) {
-    if (!pairs[i].find.empty()) result = replacePair(result, pairs[i], options, counts[i]);
+  const Table table = tableOf(pairs, lineEnd, options.matchCase);
+  const std::string folded = options.matchCase ? std::string() : base::upperAscii(text);
+  const std::string_view where = options.matchCase ? text : folded;
+  std::string out;
+  std::size_t done = 0;
+  for (std::size_t at = 0; at < text.size();) {
+    const Wanted* found = nullptr;
+    for (const Wanted& wanted : table[static_cast<unsigned char>(where[at])]) {
+      if (where.compare(at, wanted.find.size(), wanted.find) != 0) continue;
+      if (options.wholeWord && !standsAlone(text, at, wanted.find.size())) continue;
+      found = &wanted;
+      break;
+    }
+    if (found == nullptr) {
+      ++at;
+      continue;
+    }
+    out += text.substr(done, at - done);
+    out += found->replace;
+    at += found->find.size();
+    done = at;
+    ++counts[found->number];
   }
-  return result;
+  out += text.substr(done);
+  return out;
 }
 
 std::string formatPairs(const std::vector<ReplacePair>& pairs) {

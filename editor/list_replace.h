@@ -5,6 +5,8 @@
 #include <string_view>
 #include <vector>
 
+#include "base/line_ends.h"
+
 namespace editor {
 
 struct ReplacePair {
@@ -18,9 +20,11 @@ struct ReplaceOptions {
   bool wholeWord = false;  // no letter, digit, "_" or byte above 7F on either side
 };
 
-// Each pair works on the result of the one before. Adds each pair's replacements to its place in `counts`,
-// which has as many places as there are pairs.
-std::string replaceByList(std::string_view text, const std::vector<ReplacePair>& pairs,
+// All pairs at once: what one of them has put in is not looked at again, so that two texts can be exchanged.
+// Of several that are found at one place the first of the list is taken. Line ends in pairs are those of the
+// text, `lineEnd`. Adds each pair's replacements to its place in `counts`, which has as many places as there
+// are pairs.
+std::string replaceByList(std::string_view text, const std::vector<ReplacePair>& pairs, base::LineEnd lineEnd,
                           ReplaceOptions options, std::vector<int>& counts);
 
 // One line a pair: find, tab, replace; "\t", "\r", "\n" and "\\" in them for a tab, the line ends and "\".

@@ -44,9 +44,25 @@ void PairGrid::setNotes(std::vector<std::string> notes) {
 }
 
 void PairGrid::commit() {
-  if (!change_.enabled()) return;
+  if (!change_.enabled()) {
+    if (add_.enabled()) Cadd_Click();  // nothing is selected that it could be meant for
+    return;
+  }
   const Row& row = rows_[static_cast<std::size_t>(list_.selected())];
   if (row.first != first_.text() || row.second != second_.text()) Cchange_Click();
+}
+
+void PairGrid::takeTyped() {
+  if (!add_.enabled()) return;
+  const auto row = std::find_if(rows_.begin(), rows_.end(),
+                                [this](const Row& known) { return known.first == first_.text(); });
+  if (row == rows_.end()) {
+    Cadd_Click();
+  } else if (row->second != second_.text()) {
+    const auto at = static_cast<int>(row - rows_.begin());
+    list_.setSelected(at);
+    Cchange_Click();
+  }
 }
 
 void PairGrid::Cadd_Click() {
@@ -69,6 +85,10 @@ void PairGrid::Cremove_Click() {
   rows_.erase(rows_.begin() + selected);
   notes_.clear();
   show(selected < static_cast<int>(rows_.size()) ? selected : selected - 1);
+  if (rows_.empty()) {  // or the fields would go on proposing what was just removed
+    first_.setText("");
+    second_.setText("");
+  }
   LV_Click();
 }
 

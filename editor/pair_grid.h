@@ -23,8 +23,11 @@ class PairGrid {
 
   const std::vector<Row>& rows() const { return rows_; }
   void setRows(std::vector<Row> rows);
-  // What stands in the fields goes into the selected row, as if the change button had been pressed.
+  // What stands in the fields goes into the selected row, as if the change button had been pressed; into a
+  // new one where none is selected.
   void commit();
+  // What stands in the fields becomes a row of its own; or the second text of the row with that first one.
+  void takeTyped();
   // Texts of a third column, one a row; gone with the next edit.
   void setNotes(std::vector<std::string> notes);
 

@@ -4,7 +4,7 @@
 #include <array>
 #include <vector>
 
-#include "base/text.h"
+#include "base/line_ends.h"
 #include "editor/markup.h"
 
 namespace editor {
@@ -82,15 +82,14 @@ std::string_view lastLine(std::string_view text) {
   return at == std::string_view::npos ? text : text.substr(at + 1);
 }
 
-std::string_view lineEndOf(std::string_view text) {
-  if (text.find(base::kCrLf) != std::string_view::npos) return base::kCrLf;
-  return text.find('\n') != std::string_view::npos ? "\n" : base::kCrLf;
-}
-
 class Rewrapper {
  public:
   Rewrapper(std::string_view text, LineRange range, int length)
-      : text_(text), range_(range), length_(static_cast<std::size_t>(length)), words_(wordsOf(text)) {}
+      : text_(text),
+        range_(range),
+        length_(static_cast<std::size_t>(length)),
+        lineEnd_(base::bytesOf(base::lineEndOf(text))),
+        words_(wordsOf(text)) {}
 
   std::string run() {
     out_.reserve(text_.size() + text_.size() / 32);
@@ -126,7 +125,7 @@ class Rewrapper {
     } else {
       const std::string_view between = lineEnd ? " " : gap;
       if (column_ + between.size() + std::min(word.size(), word.find_first_of("\r\n")) > length_) {
-        out_ += lineEndOf(text_);
+        out_ += lineEnd_;
         column_ = 0;
         write(indent_);
       } else {
@@ -156,6 +155,7 @@ class Rewrapper {
   std::string_view text_;
   LineRange range_;
   std::size_t length_;
+  std::string_view lineEnd_;
   std::vector<Word> words_;
   std::string out_;
   std::size_t column_ = 0;

@@ -1,5 +1,6 @@
 // Lines of a page made anew: filled up to a length, or begun with blanks. Only blanks and line ends between
-// words change; tags, comments, scripts and preformatted text stay as they are, byte for byte.
+// words change; tags, comments, scripts and preformatted text stay as they are, byte for byte. CR LF, LF and
+// CR end a line; a new end is of the document's own kind.
 #pragma once
 
 #include <string>

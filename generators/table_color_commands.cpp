@@ -1,6 +1,7 @@
 #include "generators/table_color_commands.h"
 
 #include "app/menu_names.h"
+#include "base/line_ends.h"
 #include "generators/selection.h"
 #include "generators/table_markup.h"
 #include "resources/ids.h"
@@ -25,9 +26,10 @@ TableColorCommands::TableColorCommands(app::Workbench& bench) : bench_(bench) {
 }
 
 void TableColorCommands::mnuTable_Click() {
+  ui::CodeView& T1 = bench_.codeView();
   const std::string markup = tableMarkup(frmTabColor::tabload(bench_.platform()));
-  if (!markup.empty()) bench_.codeView().replaceSelection(markup);
-  bench_.codeView().setFocus();
+  if (!markup.empty()) T1.replaceSelection(base::withLineEndsOf(T1.text(), markup));
+  T1.setFocus();
 }
 
 void TableColorCommands::mnuTabColor_Click() {

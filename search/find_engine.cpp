@@ -1,7 +1,6 @@
 #include "search/find_engine.h"
 
 #include <algorithm>
-#include <cstring>
 #include <limits>
 
 #include "app/document_list.h"
@@ -13,22 +12,6 @@ namespace {
 
 // The longest text the code view counts positions in.
 constexpr std::uint64_t kMaxText = std::numeric_limits<std::int32_t>::max();
-
-// How far around a hit its surroundings are remembered.
-constexpr std::size_t kAround = 8;
-
-std::uint32_t markOf(std::string_view text, std::size_t position, std::size_t length) {
-  const std::size_t begin = position - std::min(position, kAround);
-  const std::size_t end = position + length + std::min(text.size() - position - length, kAround);
-  std::uint64_t mark = end - begin;
-  for (std::size_t at = begin; at < end; at += sizeof(std::uint64_t)) {
-    std::uint64_t word = 0;
-    std::memcpy(&word, text.data() + at, std::min(sizeof word, end - at));
-    mark = (mark ^ word) * 0x9E3779B97F4A7C15;
-    mark ^= mark >> 32;
-  }
-  return static_cast<std::uint32_t>(mark);
-}
 
 // Visits the occurrences that start in the range, from left to right, each behind the end of the one before.
 template <class Visit>
@@ -104,49 +87,68 @@ std::optional<Occurrence> findPrevious(std::string_view text, const std::vector<
 }
 
 void HitList::clear() {
-  groups_ = {};
-  places_ = {};
+  groups_ = std::vector<Group>();
+  places_ = std::vector<Place>();
 }
 
-const HitList::Group& HitList::groupOf(std::size_t hit) const {
+std::size_t HitList::groupOf(std::size_t hit) const {
   const auto behind =
       std::upper_bound(groups_.begin(), groups_.end(), hit,
                        [](std::size_t number, const Group& group) { return number < group.first; });
-  return *std::prev(behind);
+  return static_cast<std::size_t>(behind - groups_.begin()) - 1;
 }
 
 Hit HitList::operator[](std::size_t hit) const {
-  const Group& group = groupOf(hit);
+  const Group& group = groups_[groupOf(hit)];
   return {group.document, static_cast<std::int32_t>(places_.at(hit).position + 1),
-          static_cast<std::int32_t>(group.length), group.padded};
+          static_cast<std::int32_t>(group.pattern.size()), group.padded};
 }
 
 void HitList::findAll(int document, std::string_view text, const std::vector<Term>& terms, Range range) {
   if (text.size() > kMaxText) return;
   for (const Term& term : terms) {
     const std::size_t first = places_.size();
-    const std::size_t length = term.pattern.size();
-    forEach(text, term.pattern, range, [&](std::size_t at) {
-      places_.push_back({static_cast<std::uint32_t>(at), markOf(text, at, length)});
-    });
+    forEach(text, term.pattern, range,
+            [&](std::size_t at) { places_.push_back(placeOf(text, at, term.pattern.size())); });
     if (places_.size() == first) continue;
-    groups_.push_back({document, static_cast<std::uint32_t>(length), term.padded, text.size(), first});
+    const bool whole = range.begin == 0 && range.end >= text.size();
+    groups_.push_back({document, term.padded, whole, text.size(), first, term.pattern});
   }
 }
 
 std::optional<Selection> HitList::locate(std::size_t hit, std::string_view text) const {
-  const Group& group = groupOf(hit);
+  const Group& group = groups_[groupOf(hit)];
   const Place& place = places_.at(hit);
+  const std::size_t length = group.pattern.size();
   const auto stands = [&](std::size_t at) {
-    return at <= text.size() && text.size() - at >= group.length &&
-           markOf(text, at, group.length) == place.mark;
+    if (!group.pattern.matches(text, at)) return false;
+    return sidesAlike(placeOf(text, at, length), place) == 2;
   };
+  // Where it was, or as far from the end as it was.
   std::size_t at = place.position;
+  if (!stands(at)) at += text.size() - group.textSize;  // wraps around below 0, and is then outside the text
   if (!stands(at)) {
-    at += text.size() - group.textSize;  // wraps around below 0, and is then outside the text
-    if (!stands(at)) return std::nullopt;
+    const auto found = search(hit, text);
+    if (!found) return std::nullopt;
+    at = *found;
   }
-  return selectionOf({at, group.length, group.padded});
+  return selectionOf({at, length, group.padded});
+}
+
+// Among all the occurrences that there are now.
+std::optional<std::size_t> HitList::search(std::size_t hit, std::string_view text) const {
+  const std::size_t number = groupOf(hit);
+  const Group& group = groups_[number];
+  const std::size_t length = group.pattern.size();
+  std::vector<Place> now;
+  forEach(text, group.pattern, {0, text.size()},
+          [&](std::size_t at) { now.push_back(placeOf(text, at, length)); });
+  const auto begin = places_.begin() + static_cast<std::ptrdiff_t>(group.first);
+  const auto end = number + 1 < groups_.size()
+                       ? places_.begin() + static_cast<std::ptrdiff_t>(groups_[number + 1].first)
+                       : places_.end();
+  const auto found = foundAgain({begin, end}, hit - group.first, now, group.whole);
+  return found ? std::optional<std::size_t>(now[*found].position) : std::nullopt;
 }
 
 void HitList::documentRemoved(int document) {

@@ -8,6 +8,7 @@
 #include <string_view>
 #include <vector>
 
+#include "search/moved_hits.h"
 #include "search/pattern.h"
 
 namespace search {
@@ -66,7 +67,8 @@ struct Hit {
   bool padded;
 };
 
-// The hits of a search, in the order document, term, position. Eight bytes a hit.
+// The hits of a search, in the order document, term, position. Eight bytes a hit, and each term once a
+// document.
 class HitList {
  public:
   std::size_t size() const { return places_.size(); }
@@ -77,8 +79,9 @@ class HitList {
   // Adds every occurrence of every term in one document, each behind the end of the one before.
   void findAll(int document, std::string_view text, const std::vector<Term>& terms, Range range);
 
-  // What to select for a hit in its document's present text. Nothing when the text there, or close around it,
-  // is no longer what it was; a hit that only moved with the end of the text is found again.
+  // What to select for a hit in its document's present text, which may have been edited since. Told by its
+  // place, by what stands around it, and by its number among the occurrences; nothing when no occurrence of
+  // the term can be it. Time linear in the text.
   std::optional<Selection> locate(std::size_t hit, std::string_view text) const;
 
   // A document left the list: its hits are gone, later documents have moved down.
@@ -89,18 +92,16 @@ class HitList {
   void documentNumbered(int document);
 
  private:
-  struct Place {
-    std::uint32_t position;  // from 0
-    std::uint32_t mark;      // of the text there and close around
-  };
   struct Group {  // the hits of one term in one document
     int document;
-    std::uint32_t length;
     bool padded;
+    bool whole;            // all the text was searched
     std::size_t textSize;  // when it was searched
     std::size_t first;     // of its places
+    Pattern pattern;
   };
-  const Group& groupOf(std::size_t hit) const;
+  std::optional<std::size_t> search(std::size_t hit, std::string_view text) const;
+  std::size_t groupOf(std::size_t hit) const;  // its number
 
   std::vector<Group> groups_;
   std::vector<Place> places_;

@@ -5,6 +5,7 @@
 #include "app/document_tree.h"
 #include "app/mdlsaerto.h"
 #include "app/progress.h"
+#include "base/line_ends.h"
 #include "base/text.h"
 #include "search/busy.h"
 #include "search/insert_menu.h"
@@ -91,7 +92,7 @@ void frmsuch::open() {
   takeFont();
   followShown();
   const std::string selected = T1_.selText();
-  if (!selected.empty() && selected.find(base::kCrLf) == std::string::npos) {
+  if (!selected.empty() && selected.find_first_of("\r\n") == std::string::npos) {
     Text1.setText(selected);
     Text1_Change();
   }
@@ -140,10 +141,14 @@ void frmsuch::Text1_Change() {
 
 void frmsuch::Combo1_Click() {
   scope = static_cast<Scope>(std::max(Combo1.selected(), 0));
-  caretStart = T1_.selStart();
-  selectionEnd = caretStart + T1_.selLength();
+  takePlace();
   nextPos = -1;
   documentsChanged();
+}
+
+void frmsuch::takePlace() {
+  caretStart = T1_.selStart();
+  selectionEnd = caretStart + T1_.selLength();
 }
 
 void frmsuch::Ccheinj_Click() {
@@ -184,9 +189,8 @@ void frmsuch::findPrevious() {
 }
 
 void frmsuch::step(Direction direction) {
-  const std::vector<Term> wanted = terms();
   if (busy_) return;
-  if (wanted.empty()) {
+  if (splitTerms(Text1.text()).empty()) {
     if (closed()) open();
     return;
   }
@@ -196,6 +200,7 @@ void frmsuch::step(Direction direction) {
     findindex();
     followEdits();
     const std::string_view text = T1_.text();
+    const std::vector<Term> wanted = terms(text);
     setRange(text.size());
     std::optional<Occurrence> occurrence;
     if (direction == Direction::Forward) {
@@ -207,7 +212,7 @@ void frmsuch::step(Direction direction) {
       occurrence = search::findPrevious(text, wanted, before, range());
     }
     if (occurrence) return found(*occurrence);
-    if (allFiles() && stepInOtherDocument(direction, wanted)) return;
+    if (allFiles() && stepInOtherDocument(direction)) return;
   }
   nextPos = -1;
   current_.reset();
@@ -216,7 +221,7 @@ void frmsuch::step(Direction direction) {
 
 // Searches parked texts where they are: a document comes into the code view only for its hit. True: found, or
 // stopped by the user.
-bool frmsuch::stepInOtherDocument(Direction direction, const std::vector<Term>& wanted) {
+bool frmsuch::stepInOtherDocument(Direction direction) {
   app::Progress progress(bench_.platform(), panel(), fileIndex.size());
   const auto shown = std::find_if(fileIndex.begin(), fileIndex.end(), [&](const FileEntry& entry) {
     return entry.document == bench_.shownIndex();
@@ -227,6 +232,7 @@ bool frmsuch::stepInOtherDocument(Direction direction, const std::vector<Term>& 
     const std::int16_t document = documentOf(node);
     if (document < 0) continue;  // closed during the step
     const std::string_view text = bench_.documentText(document);
+    const std::vector<Term> wanted = terms(text);
     const Range whole{0, text.size()};
     const auto occurrence = direction == Direction::Forward
                                 ? search::findNext(text, wanted, 0, whole)
@@ -248,8 +254,8 @@ void frmsuch::found(const Occurrence& occurrence) {
 }
 
 void frmsuch::MBAlfind_Click() {
-  if (busy_ || splitTerms(Text1.text()).empty()) return;
-  remember();
+  if (busy_) return;
+  if (!splitTerms(Text1.text()).empty()) remember();
   const bool any = suchen();
   std::vector<ui::Text> rows;
   rows.reserve(hits.size());
@@ -269,8 +275,7 @@ void frmsuch::MBAlfind_Click() {
 bool frmsuch::suchen() {
   hits.clear();
   stopped_ = false;
-  const std::vector<Term> wanted = terms();
-  if (wanted.empty()) return false;
+  if (splitTerms(Text1.text()).empty()) return false;
   const Busy busy(busy_);
   try {
     setRange(T1_.text().size());
@@ -284,7 +289,7 @@ bool frmsuch::suchen() {
       const int document = target;
       if (document == kGone) continue;  // closed during the step
       const std::string_view text = bench_.documentText(static_cast<std::int16_t>(document));
-      hits.findAll(document, text, wanted, allFiles() ? Range{0, text.size()} : range());
+      hits.findAll(document, text, terms(text), allFiles() ? Range{0, text.size()} : range());
     }
   } catch (const std::exception& error) {
     hits.clear();
@@ -364,8 +369,7 @@ std::vector<int> frmsuch::targets() {
 void frmsuch::followShown() {
   if (parkedAt_ >= 0 && bench_.shownIndex() >= 0) hits.documentNumbered(parkedAt_);
   parkedAt_ = -1;
-  caretStart = T1_.selStart();
-  selectionEnd = caretStart + T1_.selLength();
+  takePlace();
   if (static_cast<std::size_t>(caretStart) == T1_.text().size()) caretStart = 0;
   nextPos = -1;
   current_.reset();
@@ -413,13 +417,15 @@ Comparison frmsuch::comparison() const {
   return CKcase.checked() ? Comparison::Exact : Comparison::IgnoreCase;
 }
 
-std::string frmsuch::searched(const std::string& text) {
+// The fields end lines with CR LF.
+std::string frmsuch::searched(const std::string& field, std::string_view document) {
+  const std::string text = base::withLineEndsOf(document, field);
   return CKutf8.checked() ? utf8FromLegacy(text, tables()) : text;
 }
 
-std::vector<Term> frmsuch::terms() {
+std::vector<Term> frmsuch::terms(std::string_view document) {
   std::vector<std::string> wanted = splitTerms(Text1.text());
-  for (std::string& term : wanted) term = searched(term);
+  for (std::string& term : wanted) term = searched(term, document);
   return makeTerms(wanted, CHK.checked(), comparison());
 }
 

@@ -7,6 +7,7 @@
 #include <functional>
 #include <optional>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "app/workbench.h"
@@ -88,13 +89,14 @@ class frmsuch : public ui::Form {
   int field_KeyPress(int key);
 
   void step(Direction direction);
-  bool stepInOtherDocument(Direction direction, const std::vector<Term>& terms);
+  bool stepInOtherDocument(Direction direction);
   int findpreviousindex(int from) const;
   std::int16_t documentOf(int node) const;  // -1: of no document
   void found(const Occurrence& occurrence);
-  void replaceInShown(const Pattern& pattern, const std::string& replacement);
-  void replaceInAll(const Pattern& pattern, const std::string& replacement);
-  void replaceIn(std::int16_t document, const Pattern& pattern, const std::string& replacement);
+  Pattern pattern(std::string_view document);  // of the one term
+  void replaceInShown();
+  void replaceInAll();
+  void replaceIn(std::int16_t document);
   void setText(std::int16_t document, std::string text);  // the caret of a shown document stays
 
   void takeFont();     // the code view's
@@ -105,9 +107,11 @@ class frmsuch : public ui::Form {
   void documentMoved(int from, int to);
   bool allFiles() const { return CKalfil.enabled() && CKalfil.checked(); }
   Comparison comparison() const;
-  std::string searched(const std::string& text);  // as the document would have it
-  std::vector<Term> terms();
+  // What stands in a field, as the document would have it.
+  std::string searched(const std::string& field, std::string_view document);
+  std::vector<Term> terms(std::string_view document);
   const convert::LetterTables& tables();
+  void takePlace();  // the caret and selection of now are the scope's
   void setRange(std::size_t textSize);
   Range range() const;
   std::vector<int> targets();

@@ -15,7 +15,7 @@ void frmsuch::Ccvla_Click() {
   if (T1_.selLength() > 0) {
     const std::int32_t start = T1_.selStart();
     const std::int32_t end = start + T1_.selLength();
-    const std::string replacement = searched(Tcvla.text());
+    const std::string replacement = searched(Tcvla.text(), T1_.text());
     const auto size = static_cast<std::int32_t>(replacement.size());
     T1_.replaceSelection(replacement);
     T1_.select(start, size);
@@ -29,9 +29,10 @@ void frmsuch::Ccvla_Click() {
 
 // One hit is not replaced: there must be at least two.
 void frmsuch::Calcvla_Click() {
-  if (busy_ || Text1.text().empty()) return;
-  remember();
+  if (busy_) return;
+  if (!Text1.text().empty()) remember();
   const Busy busy(busy_);
+  if (scope != Scope::WholeText) takePlace();  // what is selected now is what changes
   suchen();
   const std::size_t found = stopped_ ? 0 : hits.size();
   hits.clear();
@@ -41,22 +42,24 @@ void frmsuch::Calcvla_Click() {
     lbinf.setCaption("araferi ar Seicvala"_keyboard);
     return;
   }
-  // The term itself, without the spaces of a whole word.
-  const Pattern pattern(searched(Text1.text()), comparison());
-  const std::string replacement = searched(Tcvla.text());
   oldTexts_.clear();
   if (allFiles()) {
-    replaceInAll(pattern, replacement);
+    replaceInAll();
   } else {
-    replaceInShown(pattern, replacement);
+    replaceInShown();
   }
   lbinf.setCaption({std::to_string(found) + " Seicvala", ui::TextKind::Keyboard});
 }
 
-void frmsuch::replaceInShown(const Pattern& pattern, const std::string& replacement) {
+// The term itself, without the spaces of a whole word.
+Pattern frmsuch::pattern(std::string_view document) {
+  return {searched(Text1.text(), document), comparison()};
+}
+
+void frmsuch::replaceInShown() {
   const std::string_view text = T1_.text();
   setRange(text.size());
-  auto result = replaceAll(text, pattern, replacement, range());
+  auto result = replaceAll(text, pattern(text), searched(Tcvla.text(), text), range());
   if (!result) return;
   const auto partSize = static_cast<std::int32_t>(result->partSize);
   setText(bench_.shownIndex(), std::move(result->text));
@@ -66,21 +69,21 @@ void frmsuch::replaceInShown(const Pattern& pattern, const std::string& replacem
   }
 }
 
-void frmsuch::replaceInAll(const Pattern& pattern, const std::string& replacement) {
+void frmsuch::replaceInAll() {
   targets_ = targets();
   app::Progress progress(bench_.platform(), panel(), targets_.size());
   for (const int& target : targets_) {
     if (!progress.step("")) break;
     if (target == kGone) continue;  // closed during the step
-    replaceIn(static_cast<std::int16_t>(target), pattern, replacement);
+    replaceIn(static_cast<std::int16_t>(target));
   }
   targets_.clear();
 }
 
-void frmsuch::replaceIn(std::int16_t document, const Pattern& pattern, const std::string& replacement) {
+void frmsuch::replaceIn(std::int16_t document) {
   const std::string_view text = bench_.documentText(document);
   const Range whole{0, text.size()};
-  auto result = replaceAll(text, pattern, replacement, whole);
+  auto result = replaceAll(text, pattern(text), searched(Tcvla.text(), text), whole);
   if (!result) return;
   OldTexts::Entry old{document, {}, true, OldTexts::hashOf(result->text)};
   old.text = text;

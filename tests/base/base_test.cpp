@@ -8,6 +8,7 @@
 #include "base/cp1252.h"
 #include "base/error.h"
 #include "base/files.h"
+#include "base/line_ends.h"
 #include "base/path.h"
 #include "base/text.h"
 #include "base/utf8.h"
@@ -104,6 +105,43 @@ TEST(Files, AFullDiskLeavesTheOldFileWhole) {
   EXPECT_EQ(base::readFile(path), "old");
   EXPECT_EQ(std::distance(std::filesystem::directory_iterator(disk), {}), 1);
   umount(disk.c_str());
+}
+
+// One row a text: the end that is its own, whether it is mixed, its lines.
+TEST(LineEnds, TheMostFrequentIsTheTextsOwn) {
+  using enum base::LineEnd;
+  struct Row {
+    std::string_view text;
+    base::LineEnd own;
+    bool mixed;
+    std::vector<std::string_view> lines;
+  };
+  for (const Row& row : std::vector<Row>{{"", CrLf, false, {""}},
+                                         {"a", CrLf, false, {"a"}},
+                                         {"a\nb\n", Lf, false, {"a", "b", ""}},
+                                         {"\r\ra", Cr, false, {"", "", "a"}},
+                                         {"a\r\n\r\nb\n", CrLf, true, {"a", "", "b", ""}},
+                                         {"a\n\rb", CrLf, true, {"a", "", "b"}},
+                                         {"a\n\r\n\nb\r", Lf, true, {"a", "", "", "b", ""}},
+                                         {"\n\n\r\r\r\n", CrLf, true, {"", "", "", "", "", ""}}}) {
+    SCOPED_TRACE(testing::PrintToString(row.text));
+    EXPECT_EQ(base::lineEndOf(row.text), row.own);
+    EXPECT_EQ(base::lineEndKindsOf(row.text).mixed(), row.mixed);
+    std::vector<std::string_view> lines;
+    std::string joined;
+    for (const base::Line& line : base::linesOf(row.text)) {
+      lines.push_back(line.text);
+      joined.append(line.text).append(line.end);
+    }
+    EXPECT_EQ(lines, row.lines);
+    EXPECT_EQ(joined, row.text);
+    for (const base::LineEnd end : {CrLf, Lf, Cr}) {
+      std::string expected;
+      for (std::size_t i = 0; i < lines.size(); ++i)
+        expected.append(i > 0 ? base::bytesOf(end) : "").append(lines[i]);
+      EXPECT_EQ(base::withLineEnds(row.text, end), expected);
+    }
+  }
 }
 
 TEST(Binary, ReaderStopsAtTheEnd) {

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "base/line_ends.h"
 #include "editor/editor.h"
 #include "editor/line_group.h"
 #include "editor/markup.h"
@@ -32,7 +33,8 @@ TEST(LineGroup, SeparatorAfterEveryNthLine) {
   EXPECT_EQ(groupLines("1\r\n2", 1, "-"), "1\r\n-\r\n2\r\n-");
   EXPECT_EQ(groupLines("1\r\n2\r\n", 2, "-"), "1\r\n2\r\n-\r\n");
   EXPECT_EQ(groupLines("1\r\n2", 2, "-"), std::nullopt) << "as many lines as asked for are too few";
-  EXPECT_EQ(groupLines("1\n2\n3\n4", 2, "-"), std::nullopt) << "lines end with CR LF";
+  EXPECT_EQ(groupLines("1\n2\r\n3\r\n4", 2, "-"), "1\n2\r\n3\r\n-\r\n4") << "the page's lines end with CR LF";
+  EXPECT_EQ(groupLines("1\n2\r\n3\n4", 2, "-"), "1\n2\n-\r\n3\n4\n-") << "with LF";
 }
 
 TEST(LineGroup, AnswersAsNumbers) {
@@ -131,10 +133,11 @@ TEST(Reflow, LinesHaveTheLength) {
   }
 }
 
-TEST(Reflow, BrokenPagesTakeNoLonger) {
-  for (const char* part : {"<a x=\"", "<a x='>\" ", "<", "<a=\">\" '", "</", "<!--", "\r\n<b"}) {
+TEST(Reflow, HardPagesTakeNoLonger) {
+  for (const char* part : {"word word word word word word\n", "<a x=\"", "<a x='>\" ", "<", "<a=\">\" '",
+                           "</", "<!--", "\r\n<b"}) {
     std::string text;
-    while (text.size() < (1U << 19)) text += part;
+    while (text.size() < (1U << 22)) text += part;
     EXPECT_EQ(withoutBlanks(rewrapAll(text, 80)).size(), withoutBlanks(text).size());
   }
 }
@@ -165,14 +168,19 @@ TEST_F(Lines, GroupingAsksTwice) {
     box.Tanswer.userSet("2");
     box.COK.click();
   });
-  expectInput("<HR> Ü");
+  expectInput(" <HR> Ü");
   ASSERT_TRUE(H->runCommand(mnulinesnaid));
-  EXPECT_EQ(T1.text(), "1\r\n2\r\n<HR> \xDC\r\n3\r\n4\r\n<HR> \xDC");
+  EXPECT_EQ(T1.text(), "1\r\n2\r\n <HR> \xDC\r\n3\r\n4\r\n <HR> \xDC");
   EXPECT_EQ(T1.selStart(), 4);
-  EXPECT_EQ(T1.selLength(), 6);
+  EXPECT_EQ(T1.selLength(), 7);
   T1.undo();
   EXPECT_EQ(T1.text(), "1\r\n2\r\n3\r\n4");
 
+  expectInput("3");
+  expectInput(" ");
+  H->runCommand(mnulinesnaid);
+  EXPECT_EQ(T1.text(), "1\r\n2\r\n3\r\n \r\n4") << "blanks are a separator";
+  T1.undo();
   expectInput("x");
   H->runCommand(mnulinesnaid);  // no number: silence
   expectInput("4");
@@ -205,6 +213,28 @@ TEST_F(Lines, LengthIsOneStepAndKeepsThePlace) {
   H->runCommand(mnulinelength);
   EXPECT_EQ(T1.text(), "one\r\ntwo three\r\nfour");
   EXPECT_EQ(T1.selText(), "two three");
+}
+
+// What each tool makes of a page with CR LF, it makes of the same page with other ends, in those.
+TEST_F(Lines, EachToolKeepsThePagesLineEnds) {
+  struct Tool {
+    int command;
+    std::vector<const char*> answers;
+    std::string before, after;
+  };
+  const Tool tools[] = {
+      {mnulinesnaid, {"1", "-"}, "a\r\nb", "a\r\n-\r\nb\r\n-"},
+      {mnulinelength, {"10"}, "aaa\r\nbbb ccc ddd\r\n\r\ne\r\nf", "aaa bbb\r\nccc ddd\r\n\r\ne f"},
+      {mnuparindent, {"3"}, "a\r\nb\r\n\r\n c\r\n", "   a\r\nb\r\n\r\n   c\r\n"},
+  };
+  for (const base::LineEnd end : {base::LineEnd::CrLf, base::LineEnd::Lf, base::LineEnd::Cr}) {
+    for (const Tool& tool : tools) {
+      T1.load(base::withLineEnds(tool.before, end));
+      for (const char* answer : tool.answers) expectInput(answer);
+      ASSERT_TRUE(H->runCommand(tool.command));
+      EXPECT_EQ(T1.text(), base::withLineEnds(tool.after, end)) << base::nameOf(end);
+    }
+  }
 }
 
 TEST_F(Lines, IndentHasItsLimits) {

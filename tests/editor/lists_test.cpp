@@ -9,6 +9,7 @@
 #include "editor/frmasos.h"
 #include "editor/frmxascvla.h"
 #include "editor/list_replace.h"
+#include "tests/support/iconv.h"
 #include "tests/support/main_window.h"
 #include "tests/support/random_html.h"
 
@@ -19,15 +20,21 @@ using Pairs = std::vector<editor::ReplacePair>;
 
 std::string replace(const std::string& text, const Pairs& pairs, editor::ReplaceOptions options = {}) {
   std::vector<int> counts(pairs.size());
-  return editor::replaceByList(text, pairs, options, counts);
+  return editor::replaceByList(text, pairs, base::lineEndOf(text), options, counts);
 }
 
-TEST(ListReplace, PairsWorkOneAfterAnother) {
+TEST(ListReplace, PairsWorkAtOnce) {
   std::vector<int> counts(3);
-  EXPECT_EQ(editor::replaceByList("a b A\r\n", {{"a", "bb"}, {"b", "c"}, {"\r\n", ""}}, {}, counts),
-            "cc c A");
-  EXPECT_EQ(counts, (std::vector<int>{1, 3, 1}));
+  EXPECT_EQ(
+      editor::replaceByList("ab b A", {{"a", "b"}, {"b", "a"}, {"x", ""}}, base::LineEnd::CrLf, {}, counts),
+      "ba a A");
+  EXPECT_EQ(counts, (std::vector<int>{1, 2, 0}));
   EXPECT_EQ(replace("aaa", {{"aa", "b"}, {"", "x"}}), "ba");
+  EXPECT_EQ(replace("abab", {{"a", "1"}, {"ab", "2"}}), "1b1b") << "the list's order decides";
+  EXPECT_EQ(replace("abab", {{"ab", "2"}, {"a", "1"}}), "22");
+  for (const char* end : {"\r\n", "\n", "\r"}) {
+    EXPECT_EQ(replace("a"s + end + "b" + end, {{"a\r\n", "\n\n"}}), ""s + end + end + "b" + end);
+  }
 }
 
 TEST(ListReplace, CaseAndWholeWords) {
@@ -80,7 +87,7 @@ TEST_F(ListDialog, SelectionDocumentAndAll) {
     dialog.COK.click();
     EXPECT_EQ(dialog.LV.items()[0].subItems[1], "1");
   });
-  EXPECT_EQ(T1.text(), "c 3 a");
+  EXPECT_EQ(T1.text(), "b 3 a");
   T1.select(3, 0);
   show([](auto& dialog) {
     ASSERT_EQ(dialog.LV.items().size(), 2u) << "kept";
@@ -88,16 +95,37 @@ TEST_F(ListDialog, SelectionDocumentAndAll) {
     EXPECT_FALSE(dialog.OPselection.enabled());
     dialog.OPall.userChoose();
     dialog.COK.click();
-    EXPECT_NE(dialog.Lresult.caption().bytes.find(" 6"), std::string::npos) << dialog.Lresult.caption().bytes;
+    EXPECT_NE(dialog.Lresult.caption().bytes.find(" 4"), std::string::npos) << dialog.Lresult.caption().bytes;
   });
-  EXPECT_EQ(T1.text(), "c 3 c");
+  EXPECT_EQ(T1.text(), "c 3 b");
   EXPECT_EQ(T1.selStart(), 3);
-  EXPECT_EQ(H->WebProject.Item(0).Value, "c 1 c");
+  EXPECT_EQ(H->WebProject.Item(0).Value, "b 1 b");
   EXPECT_TRUE(H->WebProject.Item(0).Changed);
   EXPECT_EQ(H->WebProject.Item(1).Value, app::kImageValue);
   EXPECT_FALSE(H->WebProject.Item(1).Changed);
   T1.undo();
-  EXPECT_EQ(T1.text(), "c 3 a");
+  EXPECT_EQ(T1.text(), "b 3 a");
+}
+
+TEST_F(ListDialog, ATypedPairNeedNotBeAdded) {
+  T1.load("a b");
+  show([this](auto& dialog) {
+    dialog.Tfind.userSet("a");
+    dialog.Treplace.userSet("1");
+    dialog.COK.click();
+    EXPECT_EQ(T1.text(), "1 b");
+    dialog.Treplace.userSet("2");  // the same text once more: the row is changed
+    dialog.COK.click();
+    ASSERT_EQ(dialog.LV.items().size(), 1u);
+    EXPECT_EQ(dialog.LV.items()[0].subItems[0], "2");
+    dialog.Tfind.userSet("b");
+    dialog.COK.click();
+    EXPECT_EQ(T1.text(), "1 2");
+    dialog.Cremove.click();
+    dialog.Cremove.click();
+    dialog.COK.click();
+    EXPECT_TRUE(dialog.LV.items().empty()) << "what was removed does not come back";
+  });
 }
 
 TEST_F(ListDialog, ListsAreLoadedAndSaved) {
@@ -145,16 +173,29 @@ TEST(Entities, BothWays) {
             "\xC2\xA9&nbsp&&;<&nosuch;\xC3\x89\xCF\x91");
   EXPECT_EQ(editor::decodeEntities("&copy;&Eacute;&Alpha;&euro;", PageBytes::EightBit),
             "\xA9&Eacute;&Alpha;\x80");
-  EXPECT_EQ(editor::pageBytes("\xE1\x83\x90"), PageBytes::Utf8);
-  EXPECT_EQ(editor::pageBytes("\xC0\xC1"), PageBytes::EightBit);
+  EXPECT_EQ(editor::pageBytes("\xE1\x83\x90", ui::CharacterSet::Russian), PageBytes::Utf8);
+  EXPECT_EQ(editor::pageBytes("\xC0\xC1", ui::CharacterSet::Ansi), PageBytes::EightBit);
   std::mt19937 random(5);  // NOLINT
   for (int run = 0; run < 500; ++run) {
     const std::string text = tests::randomHtml(random, 100);
-    for (const PageBytes page : {PageBytes::Utf8, PageBytes::EightBit}) {
+    for (const PageBytes page : {PageBytes::Utf8, PageBytes::EightBit, PageBytes::Russian}) {
       const std::string encoded = editor::encodeEntities(text, page);
       ASSERT_EQ(encoded.find_first_of("<>\""), std::string::npos);
       ASSERT_EQ(editor::decodeEntities(encoded, page), text);
     }
+  }
+}
+
+// iconv says what a byte is in a Russian page: no letter may get the name of another character.
+TEST(Entities, RussianLettersHaveNoNames) {
+  for (int i = 0x80; i < 256; ++i) {
+    const std::string byte(1, static_cast<char>(i));
+    const std::string encoded = editor::encodeEntities(byte, editor::PageBytes::Russian);
+    if (i == 0x98) continue;  // nothing in Windows-1251
+    const std::string utf8 = tests::convertWithIconv(byte, "CP1251", "UTF-8");
+    const std::string named = editor::encodeEntities(utf8, editor::PageBytes::Utf8);
+    // The euro sign stands elsewhere than in Windows-1252, and stays.
+    EXPECT_EQ(encoded, named == utf8 || i == 0x88 ? byte : named) << i;
   }
 }
 
@@ -187,6 +228,11 @@ TEST_F(EntityPicker, FindsAndInserts) {
 }
 
 TEST_F(EntityPicker, ConvertsTheSelection) {
+  T1.load("\xC0\xB8 \xA9");
+  T1.setFont({"", 0, false, false, ui::CharacterSet::Russian});
+  T1.select(0, 4);
+  show([](auto& dialog) { dialog.Cencode.click(); });
+  EXPECT_EQ(T1.text(), "\xC0\xB8 &copy;");
   T1.load("<B> <I>");
   T1.select(4, 3);
   show([](auto& dialog) { dialog.Cencode.click(); });

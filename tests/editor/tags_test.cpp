@@ -3,6 +3,7 @@
 #include <set>
 #include <sstream>
 
+#include "base/line_ends.h"
 #include "editor/editor.h"
 #include "editor/frmTags.h"
 #include "editor/frmabzac.h"
@@ -135,7 +136,46 @@ TEST_F(Tags, SelectionLandsAtTheMark) {
   expect("x", 0, 1, "left without a choice");
 }
 
+TEST_F(Tags, CodesEnterWithThePagesLineEnds) {
+  using enum base::LineEnd;
+  const auto run = [this](base::LineEnd end, const std::function<void()>& insert) {
+    set(base::withLineEnds("1\r\nxy\r\n", end), 2 + static_cast<int>(base::bytesOf(end).size()), 1);
+    insert();
+  };
+  std::vector<std::function<void()>> inserts;
+  for (const char* name : {"BODY", "FRAMESET", "DL", "VAR"}) inserts.emplace_back([=, this] { pick(name); });
+  for (const int id : {mnulist, mnuform, mnuaplet, mnuImap, mnuscript})
+    inserts.emplace_back([=, this] { H->runCommand(id); });
+  for (const auto& insert : inserts) {
+    run(CrLf, insert);
+    const std::string text = T1.text();
+    const std::string before = text.substr(0, static_cast<std::size_t>(T1.selStart()));
+    const int length = T1.selLength();
+    for (const base::LineEnd end : {Lf, Cr}) {
+      run(end, insert);
+      expect(base::withLineEnds(text, end), static_cast<int>(base::withLineEnds(before, end).size()), length,
+             text);
+    }
+  }
+}
+
 TEST_F(Tags, ListFollowsTheTyping) {
+  const auto search = [this](std::vector<const char*> texts) {
+    platform.modal.push_back([=](ui::Form& form) {
+      auto& dialog = dynamic_cast<editor::frmTags&>(form);
+      for (const char* text : texts) dialog.Tsearch.userSet(text);
+      dialog.MBOK.click();
+    });
+    ASSERT_TRUE(H->runCommand(mnutags));
+  };
+  set("x", 0, 1);
+  search({});
+  search({"BR", ""});
+  expect("x", 0, 1, "nothing was chosen");
+  search({"BR"});
+  expect("<BR>", 4, 0);
+
+  T1.load("");
   platform.modal.push_back([](ui::Form& form) {
     auto& dialog = dynamic_cast<editor::frmTags&>(form);
     EXPECT_EQ(dialog.List1.selected(), 0);

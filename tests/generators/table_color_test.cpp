@@ -4,6 +4,7 @@
 #include <set>
 
 #include "app/mdlsaerto.h"
+#include "base/line_ends.h"
 #include "generators/frmTabColor.h"
 #include "generators/generators.h"
 #include "generators/palette.h"
@@ -118,9 +119,11 @@ TEST_F(TabColor, TableByKeyboardAndClosedWithoutOne) {
     picker.PP.keyDown(ui::kKeyReturn);
   });
   EXPECT_EQ(T1.text(), tableMarkup("1|1|1"));
-  T1.setText("");
+  T1.setText("\n");
   pick(mnuTable, [](frmTabColor& picker) { picker.MBklose.click(); });
-  EXPECT_EQ(T1.text(), "");
+  EXPECT_EQ(T1.text(), "\n");
+  pick(mnuTable, [](frmTabColor& picker) { picker.PP.keyDown(ui::kKeyReturn); });
+  EXPECT_EQ(T1.text(), base::withLineEnds(tableMarkup("0|0|0"), base::LineEnd::Lf) + "\n");
 }
 
 TEST_F(TabColor, ColourFromThePaletteInTheChosenForm) {

@@ -112,17 +112,17 @@ class TemplateDialog : public tests::MainWindowTest {
 TEST_F(TemplateDialog, TemplatesAreAppliedAroundTheSelectionInOneStep) {
   edit([](generators::frmtempformat& form) {
     EXPECT_FALSE(form.Cadd.enabled());
-    fill(form, "მუქი", "<B>", "</B>");
+    fill(form, "მუქი", "<B>\r\n", "</B>");
     form.COK.click();  // adds and closes
   });
-  T1.setText("x abc y");
+  T1.setText("x abc\ny");
   T1.select(2, 3);
   ASSERT_TRUE(H->runCommand(mnuTFlist));
-  EXPECT_EQ(T1.text(), "x <B>abc</B> y");
-  EXPECT_EQ(T1.selStart(), 5);
+  EXPECT_EQ(T1.text(), "x <B>\nabc</B>\ny") << "with the page's line ends";
+  EXPECT_EQ(T1.selStart(), 6);
   EXPECT_EQ(T1.selLength(), 3);
   ASSERT_TRUE(H->runCommand(mnuUndo));
-  EXPECT_EQ(T1.text(), "x abc y");
+  EXPECT_EQ(T1.text(), "x abc\ny");
   const TemplateFormats before = part->templates();
   startAgain();
   EXPECT_EQ(part->templates(), before);

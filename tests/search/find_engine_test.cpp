@@ -247,12 +247,37 @@ TEST_F(HitListTest, FollowsAnEditAndKnowsWhatIsGone) {
   ASSERT_EQ(hits.size(), 3u);
   text.replace(text.find("second"), 6, "very small");
   EXPECT_EQ(hits.locate(0, text)->start, 10);
-  EXPECT_FALSE(hits.locate(1, text)) << "its surroundings are not what they were";
+  EXPECT_EQ(hits.locate(1, text)->start, static_cast<int>(text.find("small") + 6))
+      << "what stands before it changed";
   EXPECT_EQ(hits.locate(2, text)->start, static_cast<int>(text.find("third") + 6));
   text.replace(text.find("third cat"), 9, "third dog");
   EXPECT_FALSE(hits.locate(2, text));
   EXPECT_FALSE(hits.locate(0, ""));
   EXPECT_FALSE(hits.locate(0, "the first dog"));
+}
+
+// Edits before, between and behind the hits, and close around them: a hit is gone only when its word is.
+TEST_F(HitListTest, AHitThatOnlyMovedIsFound) {
+  const auto expectAt = [this](std::initializer_list<const char*> before) {
+    std::size_t hit = 0;
+    for (const char* part : before) {
+      const auto found = hits.locate(hit++, text);
+      ASSERT_TRUE(found) << part;
+      EXPECT_EQ(static_cast<std::size_t>(found->start), text.find(part) + std::string_view(part).size())
+          << part;
+    }
+  };
+  const std::string old = text;
+  text = "In front: " + text + " And more behind.";
+  expectAt({"first ", "second ", "third "});
+  text = "the 1st <b>cat</b>, then a 2nd <b>cat</b>, and at last a 3rd <b>cat</b> here.";
+  expectAt({"1st <b>", "2nd <b>", "3rd <b>"});
+  text = "Now " + old + " A fourth cat, too. Or not.";
+  expectAt({"first ", "second ", "third "});
+  text.replace(text.find("second cat"), 10, "dog");
+  EXPECT_TRUE(hits.locate(0, text));
+  EXPECT_FALSE(hits.locate(1, text));
+  EXPECT_TRUE(hits.locate(2, text));
 }
 
 TEST_F(HitListTest, KeepsItsDocumentsWhenOthersClose) {

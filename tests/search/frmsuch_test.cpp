@@ -96,6 +96,13 @@ TEST_F(FrmsuchTest, TakesTheSelectionOfOneLine) {
   T1.select(4, 8);
   openDialog();
   EXPECT_EQ(D.Text1.text(), "x|>y") << "a selection over two lines is not taken";
+  for (const char* lines : {"a\nbc", "a\rbc"}) {
+    showText(lines);
+    T1.select(0, 3);
+    openDialog();
+    EXPECT_EQ(D.Text1.text(), "x|>y") << "whatever ends them";
+  }
+  showText("abc def\r\nghi");
   EXPECT_FALSE(D.Calcvla.enabled());
   T1.select(0, 3);
   openDialog();
@@ -195,17 +202,23 @@ TEST_F(FrmsuchTest, ASelectionThatNoLongerExistsHoldsNothing) {
   EXPECT_EQ(info(), "araferi ar Seicvala");
 }
 
-TEST_F(FrmsuchTest, AnEmptyFindTextDoesNothing) {
+TEST_F(FrmsuchTest, AnEmptyFindTextFindsNothing) {
   showText("abc");
   for (const char* text : {"", "|>", "|>|>"}) {
-    find(text);
-    D.lbinf.setCaption("as it was");
-    D.Czuch.click();
-    D.MBAlfind.click();
-    D.Calcvla.click();
-    EXPECT_EQ(info(), "as it was");
-    EXPECT_EQ(T1.text(), "abc");
-    EXPECT_TRUE(D.history().empty());
+    for (ui::Button* button : {&D.MBAlfind, &D.Calcvla}) {
+      find("b");
+      D.MBAlfind.click();
+      ASSERT_EQ(rows().size(), 1u);
+      find(text);
+      D.Czuch.click();
+      if (!button->enabled()) continue;  // several terms cannot be replaced
+      button->click();
+      EXPECT_TRUE(rows().empty()) << "the old list is gone";
+      EXPECT_EQ(info(), button == &D.MBAlfind ? "0 napovni" : "araferi ar Seicvala");
+      EXPECT_TRUE(D.hits.empty());
+      EXPECT_EQ(T1.text(), "abc");
+      EXPECT_EQ(D.history().size(), 1u);
+    }
   }
   find(std::string(100, 'a'));
   D.MBAlfind.click();
@@ -443,6 +456,53 @@ TEST_F(FrmsuchTest, ReplaceAllKeepsToItsScopeAndIsOneStep) {
   EXPECT_EQ(info(), "2 Seicvala");
   EXPECT_EQ(replaced(2, "x.xx.x.x"), "yy.yyx.x.x");
   EXPECT_EQ(replaced(3, "x.xx.x.x"), "x.xyy.yy.yy");
+}
+
+TEST_F(FrmsuchTest, ReplaceAllWorksOnThePresentSelection) {
+  showText("x x x x x");
+  find("x");
+  D.Tcvla.userSet("yy");
+  T1.select(0, 0);
+  D.Combo1.userSelect(1);  // with nothing selected
+  T1.select(2, 3);
+  D.Calcvla.click();
+  EXPECT_EQ(T1.text(), "x yy yy x x");
+  EXPECT_EQ(selected(), "2+5");
+  EXPECT_EQ(info(), "2 Seicvala");
+  D.Combo1.userSelect(3);
+  T1.select(8, 0);
+  D.Calcvla.click();
+  EXPECT_EQ(T1.text(), "x yy yy yy yy");
+  D.Combo1.userSelect(2);
+  T1.setText("x x x");
+  T1.select(3, 0);
+  D.Calcvla.click();
+  EXPECT_EQ(T1.text(), "yy yy x");
+}
+
+TEST_F(FrmsuchTest, ALineEndIsThatOfTheDocument) {
+  open(folder.make("lf.htm", "a\nb\na\n"));
+  open(folder.make("cr.htm", "a\rb\ra\r"));
+  open(folder.make("crlf.htm", "a\r\nb\r\na\r\n"));
+  find("a");
+  D.Tcvla.userSet("x");
+  platform.popupAnswers = {mnuend};
+  D.Cmeniu.click();
+  EXPECT_EQ(walk(), (Steps{"crlf.htm 0+3", "crlf.htm 6+3"}));
+  D.CKalfil.userSet(true);
+  D.MBAlfind.click();
+  EXPECT_EQ(info(), "6 napovnia");
+  D.Calcvla.click();
+  EXPECT_EQ(T1.text(), "x\r\nb\r\nx\r\n");
+  EXPECT_EQ(H->WebProject.Item(0).Value, "x\nb\nx\n");
+  EXPECT_EQ(H->WebProject.Item(1).Value, "x\rb\rx\r");
+  clickNode("lf.htm");
+  D.Text1.userSet("b\r\n");
+  D.CKalfil.userSet(false);
+  D.Czuch.click();
+  expectEnd();
+  D.Ccvla.click();
+  EXPECT_EQ(T1.text(), "x\nx\nx\n");
 }
 
 TEST_F(FrmsuchTest, ReplaceAllLeavesASingleHitAlone) {
