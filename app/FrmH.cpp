@@ -5,6 +5,7 @@
 #include "app/document_tree.h"
 #include "app/mdlsaerto.h"
 #include "app/menu_names.h"
+#include "base/cp1252.h"
 #include "base/files.h"
 #include "base/path.h"
 #include "base/utf8.h"
@@ -68,15 +69,24 @@ FrmH::FrmH(ui::Platform& platform, ui::CodeView& codeView)
   T1.keyDown.connect([this](int key) { keyDown(key); });
   T1.keyUp.connect([this](int key) { keyUp(key); });
   T1.reformed.connect([this] { T1_Reformed(); });
-  T1.typed = [this](char32_t character) { return busy_ || !typed ? std::string() : typed(character); };
+  T1.typed = [this](char32_t character) { return busy_ ? std::string() : typed(character); };
   T1.controlTyped = [this](int code) {
     if (!busy_ && controlTyped) controlTyped(code);
   };
   T1.entering = [this](const ui::TextClip& clip) {
     std::string bytes;
-    if (!busy_) guarded(platform_, [&] { bytes = entering ? entering(clip) : clip.letters; });
+    if (!busy_) guarded(platform_, [&] { bytes = entering(clip); });
     return bytes;
   };
+  // A byte where there is one, or else UTF-8, where nobody gives typing another meaning.
+  typed = [this](char32_t character) {
+    const auto byte = T1.view() == ui::TextView::EightBit ? base::byteOfChar(character) : std::nullopt;
+    if (byte) return std::string(1, static_cast<char>(*byte));
+    std::string utf8;
+    base::appendUtf8(utf8, character);
+    return utf8;
+  };
+  entering = [](const ui::TextClip& clip) { return clip.letters; };
   clipOf = [](std::string bytes) { return ui::TextClip{bytes, bytes}; };
   addOwnCommands();
 }

@@ -202,7 +202,7 @@ TEST_F(Documents, CommandsAreEnabledByState) {
   type("abc");
   T1.select(0, 2);
   H->runCommand(mnuCut);
-  EXPECT_EQ(platform.clipboard, "ab");
+  EXPECT_EQ(platform.clip.bytes, "ab");
   EXPECT_EQ(T1.text(), "c");
   for (const int id : {mnuUndo, mnuPaste, mnuSelectAll}) EXPECT_TRUE(enabled(id)) << id;
   H->runCommand(mnuUndo);

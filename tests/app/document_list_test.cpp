@@ -67,7 +67,7 @@ TEST(ColectionMain, MovingShiftsTextKeyAndTagBothWays) {
   app::ColectionMain list = listOf(4);
   const auto values = [&] {
     std::string all;
-    for (std::int16_t i = 0; i < list.Count(); ++i) all += list.Item(i).Value.back();
+    for (std::int16_t i = 0; i < list.Count(); ++i) all += list.Item(i).Value.view().back();
     return all;
   };
   list.MoveIthem(0, 2);

@@ -101,16 +101,16 @@ TEST_F(ConversionCommands, ConvertTheSelectionAndSelectTheResult) {
 }
 
 TEST_F(ConversionCommands, CopyingLeavesTheDocumentAlone) {
-  platform.clipboard = "before";
+  platform.clip.bytes = "before";
   T1.load("xajo abg");
   EXPECT_FALSE(H->runCommand(mnuUbendkopi));
   EXPECT_FALSE(H->runCommand(mnuCopy));
-  EXPECT_EQ(platform.clipboard, "before");
+  EXPECT_EQ(platform.clip.bytes, "before");
   T1.select(5, 3);
   ASSERT_TRUE(H->runCommand(mnuUbendkopi));
-  EXPECT_EQ(platform.clipboard, "აბგ");
+  EXPECT_EQ(platform.clip.bytes, "აბგ");
   ASSERT_TRUE(H->runCommand(mnuCopy));
-  EXPECT_EQ(platform.clipboard, "abg");
+  EXPECT_EQ(platform.clip.bytes, "abg");
   EXPECT_EQ(T1.text(), "xajo abg");
   EXPECT_EQ(selected(), "abg");
   EXPECT_FALSE(T1.canUndo());

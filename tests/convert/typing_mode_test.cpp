@@ -1,5 +1,6 @@
 #include "convert/typing_mode.h"
 
+#include "base/cp1252.h"
 #include "base/utf8.h"
 #include "convert/attach.h"
 #include "convert/frmrusaso.h"
@@ -16,10 +17,11 @@ class Typing : public tests::MainWindowTest {
     attached = convert::attach(*H);
     start();
   }
+  // `keys` are the bytes that a Western keyboard gives.
   std::string typed(const std::string& keys) {
     T1.load("");
-    T1.type(keys);
-    return T1.text();
+    T1.type(base::utf8FromBytes(keys));
+    return std::string(T1.text());
   }
 
   std::unique_ptr<convert::Attached> attached;
@@ -58,11 +60,11 @@ TEST_F(Typing, CtrlBAndCtrlYReplaceTheSelectionInEveryMode) {
       H->Props.NoBreakSpaceAsReference = reference;
       T1.load("one two");
       T1.select(3, 1);
-      EXPECT_EQ(T1.keyPress(25), 25);
+      T1.typeCharacter(25);
       EXPECT_EQ(T1.text(), reference ? "one&nbsp;two" : "one\xC2\xA0two");
     }
     T1.load("one two");
-    EXPECT_EQ(T1.keyPress(2), 2);
+    T1.typeCharacter(2);
     EXPECT_EQ(T1.text(), "<BR>one two");
   }
 }
@@ -104,15 +106,96 @@ TEST_F(Typing, UnicodeTextBecomesBytesOfTheModeAndNothingIsLost) {
       {mnuens2, "é€“ა中😀",
        "\xE9\x80\x93"
        "a中😀"},
-      // Letters beyond the modern alphabet have no form of a byte; broken UTF-8 stays as it is.
-      {mnuens1, "ჱჲ\xE1\x83", "ჱჲ\xE1\x83"},
+      // Letters beyond the modern alphabet where the font draws them.
+      {mnuens1, "ჱჲჳჴ", tests::convertWithIconv("ჱჲჳჴ", "UTF-8", "GEORGIAN-PS")},
   };
   for (const Case& row : table) {
     H->runCommand(row.mode);
     T1.load("");
-    T1.typeUnicode(row.utf8);
+    T1.type(row.utf8);
     EXPECT_EQ(T1.text(), row.bytes) << row.mode << " " << row.utf8;
   }
+}
+
+TEST_F(Typing, InTheUtf8ViewEverythingEntersAsUtf8) {
+  struct Case {
+    int mode;
+    std::string typed, entered;
+  };
+  const Case table[] = {{mnuens1, "saqarTvelo h„“—№é", "საქართველო h„“—№é"},
+                        {mnuens0, "Privet №é", "Привет №é"},
+                        {mnuens2, "saქЖ", "saქЖ"},
+                        {mnuens3, "aé€ჰ", "aé€ჰ"}};
+  T1.load("ა");
+  T1.setView(ui::TextView::Utf8);
+  for (const Case& row : table) {
+    H->runCommand(row.mode);
+    T1.setText("");
+    T1.setView(ui::TextView::Utf8);
+    T1.type(row.typed);
+    EXPECT_EQ(T1.text(), row.entered) << row.mode;
+  }
+}
+
+TEST_F(Typing, WhatIsPastedEntersByTheViewAndIsAskedAboutWhereNoByteStandsForIt) {
+  const std::string phrase = "„საქართველო“ — №5";
+  H->runCommand(mnuens1);
+  H->mnunewF_Click(".HTML", "ქართული\nx\n");
+  T1.clipboard = phrase + "\r\n";
+  T1.paste();
+  EXPECT_EQ(T1.text(), "ქართული\nx\n" + phrase + "\n");  // the page's own line ends
+
+  H->mnunewF_Click(".HTML", "");
+  H->runCommand(mnuens1);
+  T1.clipboard = "ქ№";
+  expectBoxWith("1 ნიშანია", app::kAnswerYes);
+  T1.paste();
+  EXPECT_EQ(T1.text(), "\xD8&#8470;");
+  expectBoxWith("1 ნიშანია", app::kAnswerCancel);
+  T1.paste();
+  EXPECT_EQ(T1.text(), "\xD8&#8470;");
+}
+
+TEST_F(Typing, TheClipboardGetsTheLettersThatAreSeenAndTheBytesWhole) {
+  const std::string old = "\xC0\xC7\xE4 <B>\x93\x81\r";
+  H->mnunewF_Click(".HTML", old);
+  H->runCommand(mnuens1);
+  T1.select(0, static_cast<int>(old.size()));
+  H->runCommand(mnuCopy);
+  EXPECT_EQ(platform.clip.bytes, old);
+  EXPECT_EQ(platform.clip.letters, "აჱჰ <B>“\xC2\x81\r");
+  const ui::TextClip own = platform.clip;
+  T1.enterClip(own);
+  EXPECT_EQ(T1.text(), old);
+
+  H->runCommand(mnuens0);
+  T1.setText("\xCF\xE8\xB9");
+  T1.select(0, 3);
+  H->runCommand(mnuCopy);
+  EXPECT_EQ(platform.clip.letters, tests::convertWithIconv("\xCF\xE8\xB9", "CP1251", "UTF-8"));
+
+  H->mnunewF_Click(".HTML", "ა");  // the bytes of the font as letters
+  T1.select(0, 3);
+  T1.enterClip(own);
+  EXPECT_EQ(T1.text(), "აჱჰ <B>“\xC2\x81\r\n");
+}
+
+TEST_F(Typing, TheModeBelongsToTheDocument) {
+  H->Props.ModeOfPage = true;
+  const std::string old = tests::convertWithIconv("რომელმან შექმნა სამყარო", "UTF-8", "GEORGIAN-PS");
+  const std::string russian = tests::convertWithIconv("Как закалялась сталь", "UTF-8", "CP1251");
+  folder.make("a.html", old);
+  folder.make("b.html", russian);
+  folder.make("c.html", "plain");
+  for (const char* name : {"a.html", "b.html", "c.html"}) open(folder.file(name));
+  EXPECT_TRUE(H->commandChecked(mnuens3));
+  H->runCommand(mnuens2);
+  clickNode("b.html");
+  EXPECT_TRUE(H->commandChecked(mnuens0));
+  clickNode("a.html");
+  EXPECT_TRUE(H->commandChecked(mnuens1));
+  clickNode("c.html");
+  EXPECT_TRUE(H->commandChecked(mnuens2));
 }
 
 TEST(CyrillicByte, IsTheByteOfWindows1251ForEveryLetter) {

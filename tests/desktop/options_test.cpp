@@ -91,13 +91,13 @@ TEST_F(OptionsTest, WhatTheUserSetsIsWrittenAndTakesEffectAtOnce) {
     form.Capply.click();
     // Before the dialog is closed.
     EXPECT_EQ(T1.currentFont(), (ui::Font{"Arial", 17, true, false, ui::CharacterSet::Ansi}));
-    EXPECT_EQ(T1.backColor, 0x112233U);
-    EXPECT_EQ(T1.textColor, 0x445566U);
-    EXPECT_TRUE(T1.wordWrap);
+    EXPECT_EQ(T1.look.back, 0x112233U);
+    EXPECT_EQ(T1.look.text, 0x445566U);
+    EXPECT_TRUE(T1.look.wordWrap);
     form.CKwrap.userSet(false);
     form.CEXIT.click();
   });
-  EXPECT_TRUE(T1.wordWrap);  // what was applied stays, what came later is dropped
+  EXPECT_TRUE(T1.look.wordWrap);  // what was applied stays, what came later is dropped
   const app::PropsRecord props = app::ReadProps(platform);
   EXPECT_TRUE(props.RememberPosition && props.WordWrap && props.NoBreakSpaceAsReference);
   EXPECT_EQ(props.TypingFontName[2], "Zervo Sans");
@@ -150,7 +150,7 @@ TEST_F(OptionsTest, AWriteThatFailsKeepsDialogFileAndSettings) {
     EXPECT_FALSE(form.closed());
     EXPECT_FALSE(form.CKwrap.checked());
     EXPECT_EQ(stored(), before);
-    EXPECT_TRUE(T1.wordWrap);
+    EXPECT_TRUE(T1.look.wordWrap);
     EXPECT_TRUE(H->Props.WordWrap);
     std::filesystem::permissions(native, perms::owner_read | perms::owner_write);
     form.COK.click();

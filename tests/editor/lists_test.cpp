@@ -76,7 +76,7 @@ TEST_F(ListDialog, SelectionDocumentAndAll) {
   open(folder.make("1.htm", "a 1 a"));
   open(folder.make("2.png", "a"));
   open(folder.make("3.htm", "a 3 a"));
-  const std::string opened = T1.text();
+  const std::string opened(T1.text());
   T1.select(0, 1);
   show([](auto& dialog) {
     EXPECT_EQ(dialog.caption(), "Replace");

@@ -148,7 +148,7 @@ TEST_F(Tags, CodesEnterWithThePagesLineEnds) {
     inserts.emplace_back([=, this] { H->runCommand(id); });
   for (const auto& insert : inserts) {
     run(CrLf, insert);
-    const std::string text = T1.text();
+    const std::string text(T1.text());
     const std::string before = text.substr(0, static_cast<std::size_t>(T1.selStart()));
     const int length = T1.selLength();
     for (const base::LineEnd end : {Lf, Cr}) {

@@ -75,7 +75,7 @@ class Design : public tests::MainWindowTest {
     std::string all;
     for (std::int16_t i = 0; i < H->WebProject.Count(); ++i) {
       if (H->WebProject.Item(i).saved) continue;
-      all += "=== " + H->WebProject.Item(i).FileTitle + "\r\n" + H->documentText(i);
+      all += "=== " + H->WebProject.Item(i).FileTitle + "\r\n" + std::string(H->documentText(i));
     }
     return all;
   }

@@ -89,7 +89,7 @@ TEST_F(SavedPagesDialog, TheShownDocumentBecomesAPageAndAPageADocument) {
   EXPECT_EQ(base::readFile(page("გვერდი.html")), everyByte());
   T1.select(3, 2);
   type("!");
-  const std::string changed = T1.text();
+  const std::string changed(T1.text());
   act([](frmMatrix& form) { form.List1.doubleClicked(); });
   EXPECT_EQ(T1.text(), everyByte());
   EXPECT_EQ(T1.selStart(), 0);

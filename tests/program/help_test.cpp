@@ -112,10 +112,10 @@ TEST_F(Help, TheExamplesOfConversionComeOut) {
       ASSERT_NE(item, all.end()) << language << ": no command " << example[1];
       T1.setText(bytesOf(example[2]));
       T1.select(0, static_cast<int>(T1.text().size()));
-      platform.clipboard.clear();
+      platform.clip = {};
       program->window().command(item->command);
       const bool copies = item->command == mnuUbendkopi;
-      EXPECT_EQ(copies ? platform.clipboard : T1.text(), bytesOf(example[3]))
+      EXPECT_EQ(copies ? std::string_view(platform.clip.bytes) : T1.text(), bytesOf(example[3]))
           << language << ": " << example[1];
       EXPECT_TRUE(!copies || T1.text() == bytesOf(example[2]));
       shownCommands.insert(item->command);

@@ -89,7 +89,7 @@ TEST_F(Menus, RowsAreEnabledByWhatIsThere) {
   for (const int id : needText) EXPECT_FALSE(enabled(id)) << id;
   for (const int id : {mnuCloseWEB, mnuUndo, mnuPaste, mnuNextDocument}) EXPECT_FALSE(enabled(id)) << id;
   T1.type("text");
-  platform.clipboard = "x";
+  platform.clip.bytes = "x";
   for (const int id : needText) EXPECT_TRUE(enabled(id)) << id;
   for (const int id : needSelection) EXPECT_FALSE(enabled(id)) << id;
   T1.select(0, 2);

@@ -444,7 +444,7 @@ TEST_F(FrmsuchTest, ReplaceAllKeepsToItsScopeAndIsOneStep) {
     D.Combo1.userSelect(scope);
     D.Tcvla.userSet("yy");
     D.Calcvla.click();
-    std::string result = T1.text();
+    std::string result(T1.text());
     EXPECT_EQ(selected(), scope == 1 ? "3+5" : "3+3");
     T1.undo();
     EXPECT_EQ(T1.text(), text);
@@ -575,7 +575,7 @@ TEST_F(FrmsuchTest, TakesBackOnlyTheLastReplacing) {
   ASSERT_TRUE(H->runCommand(mnuundoreplace));
   EXPECT_FALSE(H->runCommand(mnuundoreplace));
   std::vector<std::string> texts;
-  for (std::int16_t i = 0; i < H->WebProject.Count(); ++i) texts.push_back(H->documentText(i));
+  for (std::int16_t i = 0; i < H->WebProject.Count(); ++i) texts.emplace_back(H->documentText(i));
   EXPECT_EQ(texts, (Steps{"1", "n1"})) << "the closed document is not looked for among the others";
 }
 

@@ -86,9 +86,9 @@ class FakePlatform : public ui::Platform {
     registry[std::string(section) + "\\" + std::string(key)] = value;
   }
 
-  std::string clipboard;
-  void setClipboard(std::string_view bytes) override { clipboard = bytes; }
-  bool clipboardHasText() const override { return !clipboard.empty(); }
+  ui::TextClip clip;
+  void setClipboard(const ui::TextClip& newClip) override { clip = newClip; }
+  bool clipboardHasText() const override { return !clip.bytes.empty(); }
 
   std::vector<bool> hourglass;  // every call
   void setHourglass(bool on) override { hourglass.push_back(on); }

@@ -1,8 +1,8 @@
-#include "ui/plain_rtf.h"
+#include "tests/support/plain_rtf.h"
 
 #include "base/utf8.h"
 
-namespace ui {
+namespace tests {
 namespace {
 
 constexpr std::string_view kHexDigits = "0123456789abcdef";
@@ -74,4 +74,4 @@ std::string plainRtf(std::string_view bytes, std::string_view lineEnd, std::stri
   return rtf;
 }
 
-}  // namespace ui
+}  // namespace tests

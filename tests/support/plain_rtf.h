@@ -4,7 +4,7 @@
 #include <string>
 #include <string_view>
 
-namespace ui {
+namespace tests {
 
 // The colour table of plain RTF; who colours the text puts a longer one in its place.
 inline constexpr std::string_view kPlainColorTable = "{\\colortbl\\red0\\green0\\blue0;}";
@@ -15,4 +15,4 @@ inline constexpr std::string_view kPlainColorTable = "{\\colortbl\\red0\\green0\
 // is written as its number.
 std::string plainRtf(std::string_view bytes, std::string_view lineEnd, std::string_view fontName);
 
-}  // namespace ui
+}  // namespace tests
