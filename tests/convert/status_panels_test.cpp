@@ -72,11 +72,11 @@ TEST(EncodingCounts, CountLettersOfEachEncoding) {
 
 TEST_F(StatusPanels, CountsFollowTheTextWhenNothingElseIsToDo) {
   T1.load("ab ც");
-  H->idle();
+  H->pause();
   EXPECT_EQ(panel("kCounts"), "ISO 0  UTF8 1  HEX 0  ASCII 2");
   T1.setText("\xC0&#4304;");
   EXPECT_EQ(panel("kCounts"), "ISO 0  UTF8 1  HEX 0  ASCII 2");
-  H->idle();
+  H->pause();
   EXPECT_EQ(panel("kCounts"), "ISO 1  UTF8 0  HEX 1  ASCII 0");
 }
 

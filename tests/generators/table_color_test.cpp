@@ -119,7 +119,7 @@ TEST_F(TabColor, TableByKeyboardAndClosedWithoutOne) {
     picker.PP.keyDown(ui::kKeyReturn);
   });
   EXPECT_EQ(T1.text(), tableMarkup("1|1|1"));
-  T1.setText("\n");
+  T1.load("\n");
   pick(mnuTable, [](frmTabColor& picker) { picker.MBklose.click(); });
   EXPECT_EQ(T1.text(), "\n");
   pick(mnuTable, [](frmTabColor& picker) { picker.PP.keyDown(ui::kKeyReturn); });
