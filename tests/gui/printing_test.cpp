@@ -93,6 +93,7 @@ TEST_F(Printing, AboutShowsTheLicence) {
   const HWND form = shownForm(L"frmabout");
   EXPECT_EQ(textOf(form, IDC_frmabout_Lname), "Zervo " ZERVO_VERSION);
   EXPECT_NE(textOf(form, IDC_frmabout_Tlicence).find("Copyright (c) 2003 by Bitstream"), std::string::npos);
+  EXPECT_NE(textOf(form, IDC_frmabout_Tlicence).find("Neil Hodgson"), std::string::npos);
   press(form, IDC_frmabout_COK);
   zervo.waitUntilFree();
   leave(zervo);
