@@ -1,6 +1,7 @@
 // The program's own message box, input box and choice list.
 #pragma once
 
+#include <functional>
 #include <optional>
 #include <string>
 #include <vector>
@@ -23,6 +24,7 @@ class frmBOXa : public ui::Form {
   frmBOXa(Kind kind, ui::Text text, ui::Text title, ui::IconBox::Sign sign);
 
   ui::IconBox Picon{*this, IDC_frmBOXa_Picon};
+  ui::TextBox Tlist{*this, IDC_frmBOXa_Tlist};  // of a long text all but the question, which stays in sight
   ui::Label LBtext{*this, IDC_frmBOXa_LBtext};
   ui::TextBox Tanswer{*this, IDC_frmBOXa_Tanswer};
   ui::ListView LV{*this, IDC_frmBOXa_LV};
@@ -32,9 +34,13 @@ class frmBOXa : public ui::Form {
   ui::Button CEXIT{*this, IDC_frmBOXa_CEXIT};
 
   const std::string& answer() const { return answer_; }
+  std::string text() const;                      // all of it, as the user reads it; UTF-8
+  std::function<void(const std::string&)> copy;  // what Ctrl+C does with the text
   bool queryClose() override;
+  bool keyPressed(const ui::Shortcut& key) override;
 
  private:
+  void showText(const ui::Text& text);
   void press(const char* answer);
   void Tanswer_Change();
 

@@ -105,6 +105,7 @@ void OpenWithVerb(ui::Platform& platform, std::string_view path) {
 std::string messageBox(ui::Platform& platform, ui::Text text, ui::Text title, frmBOXa::Kind kind,
                        ui::IconBox::Sign sign) {
   frmBOXa box(kind, std::move(text), std::move(title), sign);
+  box.copy = [&platform](const std::string& copied) { platform.setClipboardText(copied); };
   platform.showModal(box);
   return box.answer();
 }

@@ -61,6 +61,7 @@ class Platform {
   // Clipboard text is byte text; characters that no byte stands for go through the code view's rule instead.
   virtual void setClipboard(std::string_view bytes) = 0;
   virtual bool clipboardHasText() const = 0;
+  virtual void setClipboardText(const std::string&) {}  // UTF-8: interface texts, not a document's
 
   virtual void setHourglass(bool on) = 0;
   virtual void pumpEvents() = 0;  // lets pending window events run

@@ -107,6 +107,10 @@ bool Win32Platform::clipboardHasText() const {
   return win32::clipboardHasText();
 }
 
+void Win32Platform::setClipboardText(const std::string& text) {
+  putClipboardText(activeWindow(), wideFromUtf8(text));
+}
+
 void Win32Platform::setHourglass(bool on) {
   win32::setHourglass(on);
 }

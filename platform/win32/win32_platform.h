@@ -27,6 +27,7 @@ class Win32Platform final : public ui::Platform {
   void setRegistryValue(std::string_view section, std::string_view key, std::string_view value) override;
   void setClipboard(std::string_view bytes) override;
   bool clipboardHasText() const override;
+  void setClipboardText(const std::string& text) override;
   void setHourglass(bool on) override;
   void pumpEvents() override;
   bool stopRequested() override;

@@ -89,6 +89,7 @@ class FakePlatform : public ui::Platform {
   std::string clipboard;
   void setClipboard(std::string_view bytes) override { clipboard = bytes; }
   bool clipboardHasText() const override { return !clipboard.empty(); }
+  void setClipboardText(const std::string& text) override { clipboard = text; }
 
   std::vector<bool> hourglass;  // every call
   void setHourglass(bool on) override { hourglass.push_back(on); }
