@@ -36,6 +36,7 @@ frmMatrix::frmMatrix(app::Workbench& bench)
 
 void frmMatrix::setTexts() {
   setCaption("შენახული გვერდები");
+  List1.stretches = Tpreview.stretches = true;
   Cnew.setCaption("&ახალი დოკუმენტი");
   Csave.setCaption("ნაჩვენების &შენახვა...");
   Csamples.setCaption("&ნიმუშების ჩამატება");
