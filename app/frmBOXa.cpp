@@ -27,7 +27,7 @@ bool isLong(std::string_view text) {
 
 }  // namespace
 
-frmBOXa::frmBOXa(Kind kind, ui::Text text, ui::Text title, ui::IconBox::Sign sign)
+frmBOXa::frmBOXa(Kind kind, const ui::Text& text, ui::Text title, ui::IconBox::Sign sign)
     : Form("frmBOXa", IDD_frmBOXa), kind_(kind) {
   setCaption(std::move(title));
   LBtext.autosize = true;
@@ -61,7 +61,11 @@ frmBOXa::frmBOXa(Kind kind, ui::Text text, ui::Text title, ui::IconBox::Sign sig
   defaultButton = asks ? &Cyes : &COK;
   cancelButton = kind == Kind::Message ? &COK : kind == Kind::YesNo ? &Cno : &CEXIT;
   if (kind == Kind::Input) Tanswer_Change();
-  if (Tlist.visible() && kind != Kind::Input && kind != Kind::Choice) defaultButton->setFocus();
+}
+
+// Not in the text: with the keyboard there all of it would be selected, and its end shown.
+void frmBOXa::load() {
+  if (Tlist.visible() && !Tanswer.visible() && !LV.visible()) defaultButton->setFocus();
 }
 
 void frmBOXa::showText(const ui::Text& text) {

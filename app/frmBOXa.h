@@ -21,7 +21,7 @@ inline constexpr const char* kAnswerNo = "7";
 class frmBOXa : public ui::Form {
  public:
   enum class Kind { Message, YesNo, YesNoCancel, Input, Choice };
-  frmBOXa(Kind kind, ui::Text text, ui::Text title, ui::IconBox::Sign sign);
+  frmBOXa(Kind kind, const ui::Text& text, ui::Text title, ui::IconBox::Sign sign);
 
   ui::IconBox Picon{*this, IDC_frmBOXa_Picon};
   ui::TextBox Tlist{*this, IDC_frmBOXa_Tlist};  // of a long text all but the question, which stays in sight
@@ -36,6 +36,7 @@ class frmBOXa : public ui::Form {
   const std::string& answer() const { return answer_; }
   std::string text() const;                      // all of it, as the user reads it; UTF-8
   std::function<void(const std::string&)> copy;  // what Ctrl+C does with the text
+  void load() override;
   bool queryClose() override;
   bool keyPressed(const ui::Shortcut& key) override;
 

@@ -19,6 +19,8 @@ DialogLayout::DialogLayout(HWND dialog, const std::vector<std::unique_ptr<Contro
     : dialog_(dialog), peers_(peers) {
   for (HWND window = GetWindow(dialog, GW_CHILD); window != nullptr;
        window = GetWindow(window, GW_HWNDNEXT)) {
+    // Names for screen readers are windows too, but never seen.
+    if (peerOf(window) == nullptr && (GetWindowLongPtrW(window, GWL_STYLE) & WS_VISIBLE) == 0) continue;
     RECT place;
     GetWindowRect(window, &place);
     MapWindowPoints(nullptr, dialog_, reinterpret_cast<POINT*>(&place), 2);

@@ -44,7 +44,8 @@ void ListViewPeer::prepare() {
 
 // The last column takes what the others leave of the width.
 void ListViewPeer::placed() {
-  if (!list_.stretches) return;
+  const bool report = (GetWindowLongPtrW(window(), GWL_STYLE) & LVS_TYPEMASK) == LVS_REPORT;
+  if (!list_.stretches || !report) return;
   RECT client;
   GetClientRect(window(), &client);
   int left = client.right - (list_.columns.empty() ? GetSystemMetrics(SM_CXVSCROLL) : 0);

@@ -181,6 +181,8 @@ TEST_F(Saving, AllMissingFilesOfAProjectAreNamedInAList) {
     auto& box = dynamic_cast<app::frmBOXa&>(form);
     EXPECT_TRUE(box.Tlist.visible());
     EXPECT_EQ(box.Tlist.text(), "File not found.\r\n\r\n" + missing);
+    EXPECT_TRUE(box.keyPressed(ui::ctrl('C')));
+    EXPECT_EQ(platform.clipboard, box.Tlist.text());
     box.COK.click();
   });
   start(folder.make("g.web", names + "a.html\r\n"));
@@ -232,10 +234,16 @@ TEST_F(Saving, ANameThatStandsTwiceHasTwoDocumentsAndNeitherLosesText) {
 }
 
 TEST_F(Saving, FilesOutsideTheProjectsFolderAreAskedAbout) {
-  const std::string project = folder.makeFolder("site") + "\\p.web";
+  const std::string site = folder.makeFolder("a folder whose name is-longer-than-any-line-of-a-message-box");
+  const std::string project = site + "\\p.web";
   base::writeFile(project, "..\\a.html\r\nown.html\r\n");
-  base::writeFile(folder.file("site\\own.html"), "own");
-  expectBoxWith("..\\a.html", kAnswerCancel);
+  base::writeFile(site + "\\own.html", "own");
+  platform.modal.push_back([&](ui::Form& form) {
+    auto& box = dynamic_cast<app::frmBOXa&>(form);
+    EXPECT_NE(box.Tlist.text().find("..\\a.html"), std::string::npos);  // a path breaks nowhere else
+    EXPECT_EQ(ui::display(box.LBtext.caption()), "გაიხსნას ისინიც?");
+    press(box, kAnswerCancel);
+  });
   start(project);
   EXPECT_FALSE(H->WebProject.WEBopened);
   expectBoxWith("..\\a.html", kAnswerNo);
