@@ -13,6 +13,7 @@ constexpr const char* kLink = "https://dejavu-fonts.github.io/";
 
 frmabout::frmabout(ui::Platform& platform) : Form("frmabout", IDD_frmabout) {
   setCaption("პროგრამის შესახებ");
+  Tlicence.stretches = true;
   Picon.sign = ui::IconBox::Sign::Program;
   Lname.setCaption("Zervo " ZERVO_VERSION);
   Lwhat.setCaption(

@@ -90,6 +90,7 @@ void frmCSSstile::setTexts() {
   Lselector.setCaption("&სელექტორი:");
   Lgroup.setCaption("&ჯგუფები:");
   Llist.setCaption("&თვისებები:");
+  List1.stretches = LV.stretches = Tpreview.stretches = true;
   Lvalue.setCaption("&მნიშვნელობა:");
   CKimportant.setCaption("!&important");
   Cclear.setCaption("&წაშლა");

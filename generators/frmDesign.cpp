@@ -330,6 +330,16 @@ std::int16_t frmDesign::deliver(const std::string& title, const std::string& tex
   return index;
 }
 
+// Such a file stays as it is: opening it anew would ask, and drop what was changed in it.
+bool frmDesign::isOpen(const std::string& path) const {
+  if (base::samePath(bench_.shownPath(), path)) return true;
+  app::ColectionMain& documents = bench_.documents();
+  for (std::int16_t i = 0; i < documents.Count(); ++i) {
+    if (base::samePath(documents.Item(i).filepath, path)) return true;
+  }
+  return false;
+}
+
 void frmDesign::generate() {
   const HeaderText header{bench_.props().HeaderTextOn, bench_.props().HeaderText};
   std::int16_t shown = -1;
@@ -345,7 +355,7 @@ void frmDesign::generate() {
   bench_.documentsAdded();
   // One that cannot be read must not cost the pages that are made.
   for (const Frame& frame : design_.frames) {
-    if (frame.existingFile.empty()) continue;
+    if (frame.existingFile.empty() || isOpen(frame.existingFile)) continue;
     app::guarded(bench_.platform(), [this, &frame] { bench_.ofnen(frame.existingFile); });
   }
   bench_.showDocument(shown);

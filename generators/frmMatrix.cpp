@@ -36,6 +36,7 @@ frmMatrix::frmMatrix(app::Workbench& bench)
 
 void frmMatrix::setTexts() {
   setCaption("შენახული გვერდები");
+  List1.stretches = Tpreview.stretches = true;
   Cnew.setCaption("&ახალი დოკუმენტი");
   Csave.setCaption("ნაჩვენების &შენახვა...");
   Csamples.setCaption("&ნიმუშების ჩამატება");
@@ -118,7 +119,8 @@ void frmMatrix::Cnew_Click() {
 void frmMatrix::Csave_Click() {
   std::string proposal;
   const std::int16_t shown = bench_.shownIndex();
-  if (shown >= 0 && bench_.documents().Item(shown).saved) proposal = bench_.documents().Item(shown).FileTitle;
+  if (shown >= 0 && bench_.documents().Item(shown).saved)
+    proposal = base::fileName(bench_.documents().Item(shown).FileTitle);
   const auto name = askName("ნაჩვენების შენახვა", proposal, kExtension);
   if (!name) return;
   if (pages_.has(*name) &&

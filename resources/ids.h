@@ -29,6 +29,7 @@
 #define IDC_frmBOXa_Cno 1106
 #define IDC_frmBOXa_CEXIT 1107
 #define IDC_frmBOXa_Picon 1108
+#define IDC_frmBOXa_Tlist 1109
 
 // Russian keyboard map
 #define IDD_frmrusaso 1200

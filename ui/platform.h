@@ -59,7 +59,8 @@ class Platform {
   virtual std::string registryValue(std::string_view section, std::string_view key) const = 0;
   virtual void setRegistryValue(std::string_view section, std::string_view key, std::string_view value) = 0;
 
-  virtual void setClipboard(const TextClip& clip) = 0;  // nothing in it: the clipboard is emptied
+  // Letters alone: a text that is no document's. Nothing in it: the clipboard is emptied.
+  virtual void setClipboard(const TextClip& clip) = 0;
   virtual bool clipboardHasText() const = 0;
 
   virtual bool darkColours() const { return false; }  // the user has chosen dark windows
