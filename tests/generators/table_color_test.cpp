@@ -121,6 +121,8 @@ TEST_F(TabColor, TableByKeyboardAndClosedWithoutOne) {
   T1.setText("");
   pick(mnuTable, [](frmTabColor& picker) { picker.MBklose.click(); });
   EXPECT_EQ(T1.text(), "");
+  pick(mnuTable, [](frmTabColor& picker) { picker.PP.otherMouseUp({15, 5}); });
+  EXPECT_EQ(T1.text(), tableMarkup("1|0|0"));
 }
 
 TEST_F(TabColor, ColourFromThePaletteInTheChosenForm) {
