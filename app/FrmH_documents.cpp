@@ -290,7 +290,8 @@ void FrmH::nameUntitled() {
   for (std::int16_t i = 0; i < WebProject.Count(); ++i) {
     Ithem& record = WebProject.Item(i);
     if (!record.filepath.empty()) continue;
-    record.FileTitle = untitledName(i, record.FileTitle.ends_with(".TXT") ? ".TXT" : ".HTML");
+    const std::size_t dot = record.FileTitle.rfind('.');
+    record.FileTitle = untitledName(i, dot == std::string::npos ? ".HTML" : record.FileTitle.substr(dot));
   }
 }
 
