@@ -63,7 +63,11 @@ std::optional<int> registryNumber(const std::string& text) {
 
 void ShowHelp(ui::Platform& platform, std::string_view topic) {
   const std::string path = base::joinPath(platform.programFolder(), "Zervo.chm");
-  if (base::fileExists(path)) platform.showHelpFile(path, topic);
+  if (!base::fileExists(path) || platform.showHelpFile(path, topic)) return;
+  messageBox(
+      platform,
+      "დახმარების ჩვენება ვერ მოხერხდა: ამ კომპიუტერზე არ არის ის, რაც ასეთ ფაილს აჩვენებს.\r\n\r\n" + path,
+      "დახმარება", frmBOXa::Kind::Message, ui::IconBox::Sign::Warning);
 }
 
 std::string ColorToHtml(base::Color color) {

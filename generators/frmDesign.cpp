@@ -147,8 +147,10 @@ void frmDesign::showFields() {
         static_cast<ui::Control*>(&Tramwidth), static_cast<ui::Control*>(&TBframparams)}) {
     control->setEnabled(layout);
   }
-  Trows.setEnabled(!design_.rows.empty());
-  Tcols.setEnabled(!design_.cols.empty());
+  // By the layout, so that a field that was cleared can be filled again.
+  const FramesetDesign first = newDesign(design_.layout);
+  Trows.setEnabled(!first.rows.empty());
+  Tcols.setEnabled(!first.cols.empty());
   for (ui::Control* control : {static_cast<ui::Control*>(&Tname), static_cast<ui::Control*>(&Tsource),
                                static_cast<ui::Control*>(&CHfile), static_cast<ui::Control*>(&CBskrol),
                                static_cast<ui::Control*>(&CKresice)}) {
@@ -285,10 +287,12 @@ bool frmDesign::checkNames() {
   if (hasSign(design_.page.image)) return complain(kBadSign, Timage);
   if (design_.layout < 0) return true;
   if (design_.pageName.empty() || app::IsBadFileName(design_.pageName)) return complain(kBadName, TSTpage);
-  if ((!design_.rows.empty() || Trows.enabled()) && !isFrameLengths(design_.rows)) {
+  // Outer rows may be left out where there are columns, which then stand for them.
+  const bool noRows = design_.rows.empty() && shapeOf(design_.layout).outerRows && Tcols.enabled();
+  if (Trows.enabled() && !noRows && !isFrameLengths(design_.rows)) {
     return complain("სტრიქონები ასე იწერება: 64,25%,*", Trows);
   }
-  if ((!design_.cols.empty() || Tcols.enabled()) && !isFrameLengths(design_.cols)) {
+  if (Tcols.enabled() && !isFrameLengths(design_.cols)) {
     return complain("სვეტები ასე იწერება: 150,*", Tcols);
   }
   if (design_.spacing < 0) return complain("დაშორება უნდა იყოს რიცხვი 0-დან 32767-მდე.", Tramwidth);

@@ -110,8 +110,7 @@ void frmMatrix::List1_Click() {
 
 void frmMatrix::Cnew_Click() {
   const std::string name = selected();
-  const bool plain = base::extensionOf(name) == "TXT";
-  bench_.mnunewF_Click(plain ? ".TXT" : ".HTML", pages_.read(name));
+  bench_.mnunewF_Click(documentExtension(name).c_str(), pages_.read(name));
   bench_.codeView().select(0, 0);
   close();
 }

@@ -106,6 +106,7 @@
 #define mnutempformat 40820
 #define mnuTFlist 40821     // the first template in the menu
 #define mnuTFlistLast 40899
+#define mnuTFmore 4000      // the next, and so on: as many as a file can hold, ..36688
 
 // CSS style builder
 #define IDD_frmCSSstile 2000

@@ -83,7 +83,8 @@ class Platform {
   virtual bool startProcess(std::string_view commandLine) = 0;
   // What F1 does in the windows of forms.
   virtual void onHelp(const std::function<void(const Form& form)>&) {}
-  virtual void showHelpFile(std::string_view path, std::string_view topic) = 0;  // empty topic: default page
+  // Empty topic: the default page. False: this machine has no viewer, or nothing that shows pages in it.
+  virtual bool showHelpFile(std::string_view path, std::string_view topic) = 0;
 };
 
 // The hourglass for the length of a block.

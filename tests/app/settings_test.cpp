@@ -85,6 +85,9 @@ TEST_F(SettingsFile, HelpOpensOnlyWhenItsFileIsThere) {
   app::ShowHelp(platform, "");
   app::ShowHelp(platform, "a.htm");
   EXPECT_EQ(platform.helped, (std::vector<std::string>{help, help + "::a.htm"}));
+  platform.showsHelp = false;
+  expectBoxWith(help, app::kAnswerOk);
+  app::ShowHelp(platform, "");
 }
 
 TEST(WebFile, ReadsFilesWrittenByHand) {

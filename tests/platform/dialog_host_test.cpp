@@ -367,7 +367,9 @@ TEST_F(DialogHost, PictureIsDrawnByItsForm) {
 TEST_F(DialogHost, PictureTellsWhatMouseAndKeyboardDo) {
   std::vector<ui::Point> down;
   std::vector<ui::Point> moved;
+  std::vector<ui::Point> others;
   std::vector<int> keys;
+  form_.Pfram.otherMouseUp.connect([&](ui::Point point) { others.push_back(point); });
   form_.Pfram.mouseDown.connect([&](ui::Point point) { down.push_back(point); });
   form_.Pfram.mouseMove.connect([&](ui::Point point) { moved.push_back(point); });
   form_.Pfram.keyDown = [&](int key) {
@@ -387,6 +389,9 @@ TEST_F(DialogHost, PictureTellsWhatMouseAndKeyboardDo) {
   EXPECT_EQ(down, (std::vector<ui::Point>{{7, 9}}));
   ASSERT_FALSE(moved.empty());
   EXPECT_EQ(moved.front(), (ui::Point{-3, 4}));
+  for (const UINT up : {WM_RBUTTONUP, WM_MBUTTONUP, WM_XBUTTONUP})
+    SendMessageW(picture, up, 0, MAKELPARAM(5, 6));
+  EXPECT_EQ(others, (std::vector<ui::Point>{{5, 6}, {5, 6}})) << "all but the right one";
   press(picture, VK_RIGHT);
   EXPECT_EQ(GetFocus(), picture);
   press(picture, VK_LEFT);  // not used: the dialog moves the focus
