@@ -31,6 +31,7 @@ class SampleMain : public ui::MainForm {
     Tgroups.setTabs({{"alpha"}, {"beta"}, {"gamma"}, {"delta"}, {"epsilon"}, {"zeta"}, {"eta"}}, 0);
     List.draggable = true;
     List.setItems({"A", "B", "C"});
+    menus = {{"menu", 0, {}, {{"next pane", mnuNextPane, {VK_F6, false, false, false}, {}}}}};
   }
   ui::TreeView TV{*this, IDC_FrmH_TV};
   ui::TabStrip TS{*this, IDC_FrmH_TS};
@@ -39,7 +40,9 @@ class SampleMain : public ui::MainForm {
   ui::StatusBar Status{*this, IDC_FrmH_Status, {{"kMain", -1, {}, false}}};
 
   void menuOpening() override {}
-  void command(int) override {}
+  void command(int id) override {
+    if (id == mnuNextPane) window->nextPane();
+  }
   void menuHighlighted(const ui::Text&) override {}
   void filesDropped(const std::vector<std::string>&) override {}
   void idle() override {}
@@ -226,6 +229,20 @@ TEST_F(MainWindow, F6GoesThroughThePanesThatAreShown) {
   EXPECT_EQ(GetFocus(), item(IDC_FrmH_Ltags));
   press(VK_ESCAPE);
   EXPECT_EQ(GetFocus(), view.hwnd());
+}
+
+TEST_F(MainWindow, AClickOnAStatusPanelNamesIt) {
+  std::string clicked;
+  form.Status.panelClicked.connect([&](std::string_view key) { clicked = key; });
+  const HWND bar = item(IDC_FrmH_Status);
+  form.Status.setWhole("help");
+  mouse(bar, WM_LBUTTONDOWN, {8, 8}, MK_LBUTTON);
+  mouse(bar, WM_LBUTTONUP, {8, 8});
+  EXPECT_EQ(clicked, "");
+  form.Status.setWhole({});
+  mouse(bar, WM_LBUTTONDOWN, {8, 8}, MK_LBUTTON);
+  mouse(bar, WM_LBUTTONUP, {8, 8});
+  EXPECT_EQ(clicked, "kMain");
 }
 
 TEST_F(MainWindow, AScreenOfAnotherDensityScalesAllOfIt) {
