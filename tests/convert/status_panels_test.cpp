@@ -74,7 +74,8 @@ TEST_F(StatusPanels, CountsFollowTheTextWhenNothingElseIsToDo) {
   T1.load("ab ც");
   H->pause();
   EXPECT_EQ(panel("kCounts"), "ISO 0  UTF8 1  HEX 0  ASCII 2");
-  T1.setText("\xC0&#4304;");
+  T1.select(0, 6);
+  T1.replaceSelection("\xC0&#4304;");
   EXPECT_EQ(panel("kCounts"), "ISO 0  UTF8 1  HEX 0  ASCII 2");
   H->pause();
   EXPECT_EQ(panel("kCounts"), "ISO 1  UTF8 0  HEX 1  ASCII 0");
