@@ -30,10 +30,10 @@ enum class CodeColour : std::uint8_t {
 // 0x00BBGGRR, each readable on white or on 1E1E1E.
 inline constexpr std::array<base::Color, static_cast<std::size_t>(CodeColour::Count)> kLightColours = {
     0x000000, 0xFF0000, 0x0000FF, 0x329600, 0x8B008B, 0x805000, 0x00609C, 0xA02000,
-    0x6A5A00, 0x6B6B6B, 0xF2F2F2, 0xFFF4E8, 0xFFD6AD, 0xB0B0B0};
+    0x6A5A00, 0x6B6B6B, 0xF2F2F2, 0xFFF4E8, 0xFFD6AD, 0x909090};
 inline constexpr std::array<base::Color, static_cast<std::size_t>(CodeColour::Count)> kDarkColours = {
     0xD4D4D4, 0xFFB070, 0x9090FF, 0x70C070, 0xE0A0E0, 0xA8CEB5, 0x70C8F0, 0xFFC090,
-    0xC8C060, 0x909090, 0x282828, 0x302A28, 0x784F26, 0x606060};
+    0xC8C060, 0x909090, 0x282828, 0x302A28, 0x784F26, 0x7A7A7A};
 
 inline base::Color codeColour(CodeColour which, bool dark) {
   return (dark ? kDarkColours : kLightColours)[static_cast<std::size_t>(which)];
