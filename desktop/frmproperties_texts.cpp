@@ -40,7 +40,7 @@ void frmproperties::setTexts() {
   Tbody.hint = "BODY-ს ატრიბუტები";
 
   Ltimeout.setCaption("FTP: &მოლოდინი, წამი:");
-  CKpassive.setCaption("FTP: &Passive რეჟიმი");
+  CKpassive.setCaption("FTP: &Passive რეჟიმი (საწყისი პარამეტრებით ჩართულია)");
   CKbrowser.setCaption("გადახედვა ყოველთვის ნაგულისხმევ &ბრაუზერში");
 
   Cdefault.setCaption("&საწყისი მნიშვნელობები");
