@@ -16,6 +16,7 @@ namespace win32 {
 namespace {
 
 constexpr UINT kUnicodePage = 1200;
+constexpr int kUsualSize = 10;  // of letters, in points, where the font names none
 
 struct StreamSource {
   const char* at;
@@ -327,6 +328,22 @@ void RichEditCodeView::select(int start, int length) {
 std::string RichEditCodeView::selText() const {
   const int start = selStart();
   return text_.substr(static_cast<std::size_t>(start), static_cast<std::size_t>(selLength()));
+}
+
+std::optional<ui::ScreenArea> RichEditCodeView::selectionOnScreen() const {
+  const Range range = selection();
+  POINTL from{}, to{};
+  send(EM_POSFROMCHAR, reinterpret_cast<WPARAM>(&from), range.from);
+  send(EM_POSFROMCHAR, reinterpret_cast<WPARAM>(&to), range.to);
+  RECT view;
+  GetClientRect(edit_, &view);
+  // The control does not tell how high a line is: one and a half times the letters are no less.
+  const LONG line = MulDiv(font_.size > 0 ? font_.size : kUsualSize, dpi_ * 3 / 2, 72);
+  RECT area{from.x, from.y, to.x, to.y + line};
+  if (from.y != to.y) area = {view.left, from.y, view.right, to.y + line};
+  if (!IntersectRect(&area, &area, &view)) return std::nullopt;
+  MapWindowPoints(edit_, nullptr, reinterpret_cast<POINT*>(&area), 2);
+  return ui::ScreenArea{area.left, area.top, area.right, area.bottom};
 }
 
 ui::CaretPlace RichEditCodeView::caret() const {

@@ -37,6 +37,7 @@ class RichEditCodeView final : public ui::CodeView, private Subclass<RichEditCod
   int selLength() const override;
   void select(int start, int length) override;
   std::string selText() const override;
+  std::optional<ui::ScreenArea> selectionOnScreen() const override;
   void replaceSelection(std::string_view text) override;
   ui::CaretPlace caret() const override;
   int scrollTop() const override;

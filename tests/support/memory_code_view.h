@@ -34,6 +34,7 @@ class MemoryCodeView : public ui::CodeView {
   std::string selText() const override {
     return now_.text.substr(static_cast<std::size_t>(now_.start), static_cast<std::size_t>(now_.length));
   }
+  std::optional<ui::ScreenArea> selectionOnScreen() const override { return onScreen; }
   void replaceSelection(std::string_view text) override {
     State next = now_;
     next.text.replace(static_cast<std::size_t>(now_.start), static_cast<std::size_t>(now_.length), text);
@@ -84,7 +85,8 @@ class MemoryCodeView : public ui::CodeView {
   }
   void typeUnicode(const std::string& utf8) { replaceSelection(unicodeTyped(utf8)); }
 
-  std::string clipboard;  // what paste() finds
+  std::string clipboard;                   // what paste() finds
+  std::optional<ui::ScreenArea> onScreen;  // of any selection
   ui::Font font;
   base::Color backColor = 0, textColor = 0;
   bool wordWrap = false;
