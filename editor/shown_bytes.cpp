@@ -1,6 +1,7 @@
 #include "editor/shown_bytes.h"
 
 #include "base/cp1252.h"
+#include "base/line_ends.h"
 #include "base/text.h"
 #include "base/utf8.h"
 
@@ -8,8 +9,7 @@ namespace editor {
 
 std::string shownBytes(std::string_view bytes) {
   std::string shown = base::isUtf8(bytes) ? std::string(bytes) : base::utf8FromBytes(bytes);
-  shown = base::replaceAll(shown, base::kCrLf, "↵");
-  shown = base::replaceAll(shown, "\n", "↵");
+  shown = base::replaceAll(base::withLineEnds(shown, base::LineEnd::Lf), "\n", "↵");
   return base::replaceAll(shown, "\t", "→");
 }
 

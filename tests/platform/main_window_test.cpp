@@ -9,6 +9,7 @@
 #include <vector>
 
 #include "platform/win32/drag.h"
+#include "platform/win32/handles.h"
 #include "platform/win32/rich_edit_code_view.h"
 #include "resources/ids.h"
 #include "ui/tab_strip.h"
@@ -36,7 +37,9 @@ class SampleMain : public ui::MainForm {
   ui::TabStrip TS{*this, IDC_FrmH_TS};
   ui::TabStrip Tgroups{*this, IDC_FrmH_Ttags};
   ui::ListBox List{*this, IDC_FrmH_Ltags};
-  ui::StatusBar Status{*this, IDC_FrmH_Status, {{"kMain", -1, {}, false}}};
+  ui::StatusBar Status{*this,
+                       IDC_FrmH_Status,
+                       {{"kMain", -1, {}, false}, {"kPreview", 200, {}, true}, {"kNumbers", 60, {}, false}}};
 
   void menuOpening() override {}
   void command(int) override {}
@@ -144,7 +147,7 @@ TEST_F(MainWindow, TabsAreChosenClosedAndMovedByTheMouse) {
 
 TEST_F(MainWindow, TabsFollowTheModel) {
   const HWND strip = item(IDC_FrmH_TS);
-  form.TS.setTabs({{"one.html *"}, {"two.html"}}, 1);
+  form.TS.setTabs({{"one & 1.html *"}, {"two.html"}}, 1);
   EXPECT_EQ(SendMessageW(strip, TCM_GETITEMCOUNT, 0, 0), 2);
   EXPECT_EQ(SendMessageW(strip, TCM_GETCURSEL, 0, 0), 1);
   wchar_t text[64] = L"";
@@ -153,7 +156,33 @@ TEST_F(MainWindow, TabsFollowTheModel) {
   wanted.pszText = text;
   wanted.cchTextMax = 64;
   SendMessageW(strip, TCM_GETITEMW, 0, reinterpret_cast<LPARAM>(&wanted));
-  EXPECT_STREQ(wanted.pszText, L"one.html *");
+  EXPECT_STREQ(wanted.pszText, L"one && 1.html *") << "drawn as one";
+  const auto tips = reinterpret_cast<HWND>(SendMessageW(strip, TCM_GETTOOLTIPS, 0, 0));
+  EXPECT_NE(GetWindowLongPtrW(tips, GWL_STYLE) & TTS_NOPREFIX, 0);
+}
+
+TEST_F(MainWindow, NumbersInTheStatusBarAreNeverCut) {
+  const HWND bar = item(IDC_FrmH_Status);
+  const std::wstring numbers = L"ISO 10000003  UTF8 20000002  HEX 30000001";
+  const win32::UniqueCanvas canvas(CreateCompatibleDC(nullptr));
+  SelectObject(canvas.get(), reinterpret_cast<HFONT>(SendMessageW(bar, WM_GETFONT, 0, 0)));
+  SIZE text;
+  GetTextExtentPoint32W(canvas.get(), numbers.c_str(), static_cast<int>(numbers.size()), &text);
+  for (const int widthOfWindow : {900, 400}) {
+    SetWindowPos(handle(), nullptr, 0, 0, widthOfWindow, 500, SWP_NOMOVE | SWP_NOZORDER);
+    for (const char* shown : {"1", "ISO 10000003  UTF8 20000002  HEX 30000001"}) {
+      form.Status.setPanel("kNumbers", shown);
+      RECT panel, client;
+      SendMessageW(bar, SB_GETRECT, 2, reinterpret_cast<LPARAM>(&panel));
+      GetClientRect(bar, &client);
+      EXPECT_LE(panel.right, client.right);
+      if (shown[1] != 0) {
+        EXPECT_GT(width(panel), text.cx);
+      } else {
+        EXPECT_LT(width(panel), text.cx) << "and no wider than need be";
+      }
+    }
+  }
 }
 
 TEST_F(MainWindow, RowsAreDraggedIntoTheCode) {

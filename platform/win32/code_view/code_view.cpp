@@ -201,6 +201,23 @@ std::string CodeView::selText() const {
       text().substr(static_cast<std::size_t>(selStart()), static_cast<std::size_t>(selLength())));
 }
 
+std::optional<ui::ScreenArea> CodeView::selectionOnScreen() const {
+  const auto pointOf = [this](int at) {
+    return POINT{static_cast<LONG>(sci_.call(SCI_POINTXFROMPOSITION, 0, at)),
+                 static_cast<LONG>(sci_.call(SCI_POINTYFROMPOSITION, 0, at))};
+  };
+  const POINT from = pointOf(selStart());
+  const POINT to = pointOf(selStart() + selLength());
+  const auto line = static_cast<LONG>(sci_.call(SCI_TEXTHEIGHT));
+  RECT view;
+  GetClientRect(hwnd(), &view);
+  RECT area{from.x, from.y, to.x, to.y + line};
+  if (from.y != to.y) area = {view.left, from.y, view.right, to.y + line};
+  if (!IntersectRect(&area, &area, &view)) return std::nullopt;
+  MapWindowPoints(hwnd(), nullptr, reinterpret_cast<POINT*>(&area), 2);
+  return ui::ScreenArea{area.left, area.top, area.right, area.bottom};
+}
+
 void CodeView::replaceSelection(std::string_view text) {
   {
     const Edits inside(*this);
