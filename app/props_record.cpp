@@ -34,6 +34,7 @@ void eachField(Record& props, Visitor&& visit) {
   visit(props.FtpPassive);
   visit(props.PreviewInBrowser);
   visit(props.TypingModeAtStart);
+  visit(props.NewPageSkeleton);
 }
 
 struct Write {

@@ -36,6 +36,7 @@ struct PropsRecord {
   bool FtpPassive = false;
   bool PreviewInBrowser = false;       // the preview always goes to the default browser
   std::uint8_t TypingModeAtStart = 0;  // number of the typing mode plus one; 0: the Latin one
+  bool NewPageSkeleton = false;        // a new HTML page is a whole one in UTF-8, not "<HTML>" alone
 
   bool operator==(const PropsRecord&) const = default;
 };
