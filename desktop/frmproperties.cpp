@@ -65,7 +65,7 @@ std::vector<frmproperties::Tick> frmproperties::ticks() {
           {CKitalic, &Props::EditorFontItalic},  {CKwrap, &Props::WordWrap},
           {CKdecode, &Props::SelectionPreview},  {CKheader, &Props::HeaderTextOn},
           {CKbody, &Props::BodyAttributesOn},    {CKpassive, &Props::FtpPassive},
-          {CKbrowser, &Props::PreviewInBrowser}};
+          {CKbrowser, &Props::PreviewInBrowser}, {CKskeleton, &Props::NewPageSkeleton}};
 }
 
 void frmproperties::connectEvents() {

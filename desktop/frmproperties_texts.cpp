@@ -34,6 +34,7 @@ void frmproperties::setTexts() {
   OPbytes.setCaption("&UTF-8 ბაიტები C2 A0");
   OPreference.setCaption("მითითე&ბა &&nbsp;");
 
+  CKskeleton.setCaption("ახალი &HTML გვერდი სრული კარკასით, UTF-8");
   CKheader.setCaption("და&მატებითი ტექსტი ახალი გვერდის თავში:");
   CKbody.setCaption("BODY-ს ატრი&ბუტები ახალ გვერდზე:");
   Theader.hint = "ტექსტი გვერდის თავში";
@@ -70,7 +71,7 @@ void frmproperties::addPages() {
     typing.push_back(Ptyping[i].get());
   }
   Tabs.addPage("კრეფა", std::move(typing));
-  Tabs.addPage("ახალი გვერდი", {&CKheader, &Theader, &CKbody, &Tbody});
+  Tabs.addPage("ახალი გვერდი", {&CKskeleton, &CKheader, &Theader, &CKbody, &Tbody});
   Tabs.addPage("FTP, გადახედვა", {&Ltimeout, &Ttimeout, &CKpassive, &CKbrowser});
 }
 

@@ -265,6 +265,7 @@
 #define mnuPreviousDocument 40304
 #define mnuTree 40305
 #define mnuTagPalette 40306
+#define mnuToolMore 40307 // the chevron of the tool bar: what has no room in it
 #define mnuPageSetup 40341
 #define mnuPrintPreview 40342
 #define mnuPrint 40343
@@ -484,6 +485,7 @@
 #define IDC_frmproperties_CEXIT 2235
 #define IDC_frmproperties_Capply 2236
 #define IDC_frmproperties_Cdefault 2237
+#define IDC_frmproperties_CKskeleton 2238
 #define IDC_frmproperties_Ltyping 2250 // ..2253: one a typing mode
 #define IDC_frmproperties_CBtyping 2254 // ..2257
 #define IDC_frmproperties_Ptyping 2258 // ..2261

@@ -39,6 +39,7 @@ class MainPeer {
   virtual PaneWidths paneWidths() const = 0;
   virtual void setPaneWidths(PaneWidths widths) = 0;
   virtual void toolBarChanged() = 0;  // colours of its buttons
+  virtual void toolBarStates() = 0;   // which of them are enabled
   virtual void menusChanged() = 0;    // rows, not states: states are asked before they show
 };
 

@@ -3,6 +3,7 @@
 
 #include <functional>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "ui/text.h"
@@ -52,6 +53,8 @@ struct MenuItem {
   bool checked = false;
   bool radio = false;  // the check mark is a bullet: one of a group
   Text help;           // one sentence for the status bar
+  // In place of an icon by number; see ui/drawing.h.
+  std::string_view drawing = {};
 
   bool separator() const { return command == 0 && items.empty() && caption.empty(); }
 };

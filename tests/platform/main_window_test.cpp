@@ -32,7 +32,18 @@ class SampleMain : public ui::MainForm {
     Tgroups.setTabs({{"alpha"}, {"beta"}, {"gamma"}, {"delta"}, {"epsilon"}, {"zeta"}, {"eta"}}, 0);
     List.draggable = true;
     List.setItems({"A", "B", "C"});
+    menus.resize(1);
+    menus[0].caption = "menu";
+    menus[0].items.resize(1);
+    menus[0].items[0].caption = "|1|from the menu";
+    menus[0].items[0].command = kFirstTool + 28;
+    for (int i = 0; i < kTools; ++i) {
+      toolBar.push_back({kFirstTool + i, ui::ToolIcon::Bold, "tool " + std::to_string(i)});
+      if (i == 4) toolBar.emplace_back();
+    }
   }
+  static constexpr int kTools = 30;
+  static constexpr int kFirstTool = 40000;
   ui::TreeView TV{*this, IDC_FrmH_TV};
   ui::TabStrip TS{*this, IDC_FrmH_TS};
   ui::TabStrip Tgroups{*this, IDC_FrmH_Ttags};
@@ -42,7 +53,8 @@ class SampleMain : public ui::MainForm {
                        {{"kMain", -1, {}, false}, {"kPreview", 200, {}, true}, {"kNumbers", 60, {}, false}}};
 
   void menuOpening() override {}
-  void command(int) override {}
+  std::vector<int> commands;
+  void command(int id) override { commands.push_back(id); }
   void menuHighlighted(const ui::Text&) override {}
   void filesDropped(const std::vector<std::string>&) override {}
   void idle() override {}
@@ -58,9 +70,11 @@ class MainWindow : public testing::Test {
   }
   HWND item(int id) { return GetDlgItem(handle(), id); }
   HWND handle() { return FindWindowW(L"frmsamplemain", nullptr); }
-  RECT placeOf(int id) {
+  HWND bar() { return FindWindowExW(handle(), nullptr, TOOLBARCLASSNAMEW, nullptr); }
+  RECT placeOf(int id) { return placeOf(item(id)); }
+  RECT placeOf(HWND window) {
     RECT place;
-    GetWindowRect(item(id), &place);
+    GetWindowRect(window, &place);
     MapWindowPoints(nullptr, handle(), reinterpret_cast<POINT*>(&place), 2);
     return place;
   }
@@ -249,12 +263,81 @@ TEST_F(MainWindow, F6GoesThroughThePanesThatAreShown) {
   press(VK_F6);
   EXPECT_EQ(GetFocus(), item(IDC_FrmH_Ltags));
   press(VK_F6);
+  EXPECT_EQ(GetFocus(), bar());
+  press(VK_F6);
   EXPECT_EQ(GetFocus(), view.hwnd());
   form.TV.setVisible(false);
   press(VK_F6);
   EXPECT_EQ(GetFocus(), item(IDC_FrmH_Ltags));
   press(VK_ESCAPE);
   EXPECT_EQ(GetFocus(), view.hwnd());
+}
+
+std::vector<std::wstring> shownNames;  // of the pop-up menu's items
+
+// A timer, since an open menu has the loop.
+void CALLBACK readMenuAndTakeItsLast(HWND, UINT, UINT_PTR timer, DWORD) {
+  const HWND menu = FindWindowW(L"#32768", nullptr);
+  if (menu == nullptr) return;
+  KillTimer(nullptr, timer);
+  const auto items = reinterpret_cast<HMENU>(SendMessageW(menu, MN_GETHMENU, 0, 0));
+  for (int i = 0; i < GetMenuItemCount(items); ++i) {
+    wchar_t name[64] = L"";
+    GetMenuStringW(items, static_cast<UINT>(i), name, 64, MF_BYPOSITION);
+    shownNames.emplace_back(name);
+  }
+  const HWND owner = FindWindowW(L"frmsamplemain", nullptr);
+  PostMessageW(owner, WM_KEYDOWN, VK_UP, 1);
+  PostMessageW(owner, WM_KEYDOWN, VK_RETURN, 1);
+}
+
+TEST_F(MainWindow, ToolsWithoutRoomAreBehindTheChevron) {
+  const auto hidden = [this](int command) {
+    return SendMessageW(bar(), TB_ISBUTTONHIDDEN, static_cast<WPARAM>(command), 0) != 0;
+  };
+  const auto resize = [this](int pixels) {
+    SetWindowPos(handle(), nullptr, 0, 0, pixels, 500, SWP_NOMOVE | SWP_NOZORDER);
+  };
+  const int last = SampleMain::kFirstTool + SampleMain::kTools - 1;
+  resize(960);
+  EXPECT_TRUE(hidden(mnuToolMore));
+  EXPECT_FALSE(hidden(last));
+  const int oneRow = height(placeOf(bar()));
+  resize(500);
+  EXPECT_EQ(height(placeOf(bar())), oneRow);
+  EXPECT_FALSE(hidden(mnuToolMore));
+  EXPECT_FALSE(hidden(SampleMain::kFirstTool));
+  EXPECT_TRUE(hidden(last));
+  RECT chevron, area;
+  SendMessageW(bar(), TB_GETITEMRECT, SampleMain::kTools + 1, reinterpret_cast<LPARAM>(&chevron));
+  GetClientRect(handle(), &area);
+  EXPECT_LE(chevron.right, area.right);
+  EXPECT_GT(chevron.right, area.right - 2 * width(chevron)) << "no room is left empty";
+
+  // The keyboard goes to the chevron; its menu has the rest, under the names of the menus where they have
+  // some.
+  SetFocus(bar());
+  for (const WPARAM key : {VK_END, VK_RETURN}) PostMessageW(bar(), WM_KEYDOWN, key, 1);
+  shownNames.clear();
+  SetTimer(nullptr, 0, 100, readMenuAndTakeItsLast);
+  for (int i = 0; i < 50 && form.commands.empty(); ++i) {
+    win32::pumpMessages();
+    Sleep(20);
+  }
+  EXPECT_EQ(form.commands, std::vector<int>{last});
+  ASSERT_GT(shownNames.size(), 5U);
+  EXPECT_EQ(shownNames[shownNames.size() - 1], L"tool 29");
+  EXPECT_EQ(shownNames[shownNames.size() - 2], L"from the menu");
+  resize(960);
+  EXPECT_FALSE(hidden(last));
+  EXPECT_TRUE(hidden(mnuToolMore));
+}
+
+TEST_F(MainWindow, DisabledToolsAreGrey) {
+  form.toolBar[1].enabled = false;
+  form.window->toolBarStates();
+  EXPECT_EQ(SendMessageW(bar(), TB_ISBUTTONENABLED, SampleMain::kFirstTool + 1, 0), 0);
+  EXPECT_NE(SendMessageW(bar(), TB_ISBUTTONENABLED, SampleMain::kFirstTool + 2, 0), 0);
 }
 
 TEST_F(MainWindow, AScreenOfAnotherDensityScalesAllOfIt) {

@@ -24,6 +24,7 @@ class FakeMainPeer : public ui::MainPeer {
   ui::PaneWidths paneWidths() const override { return widths; }
   void setPaneWidths(ui::PaneWidths newWidths) override { widths = newWidths; }
   void toolBarChanged() override {}
+  void toolBarStates() override {}
   void menusChanged() override {}
 
   int shown = 0;
