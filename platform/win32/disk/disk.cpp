@@ -114,15 +114,14 @@ struct Identity {
   BY_HANDLE_FILE_INFORMATION information{};
 };
 
-int copyRights(const std::wstring& from, const std::wstring& to) {
+// The list of rights as it is stored; empty where the file system has none.
+std::string rightsOf(const std::wstring& path) {
   DWORD size = 0;
-  GetFileSecurityW(from.c_str(), DACL_SECURITY_INFORMATION, nullptr, 0, &size);
+  GetFileSecurityW(path.c_str(), DACL_SECURITY_INFORMATION, nullptr, 0, &size);
   std::string rights(size, '\0');
-  if (size == 0 ||
-      GetFileSecurityW(from.c_str(), DACL_SECURITY_INFORMATION, rights.data(), size, &size) == FALSE) {
-    return 0;  // a file system that has none
-  }
-  return result(SetFileSecurityW(to.c_str(), DACL_SECURITY_INFORMATION, rights.data()));
+  if (GetFileSecurityW(path.c_str(), DACL_SECURITY_INFORMATION, rights.data(), size, &size) == FALSE)
+    return {};
+  return rights;
 }
 
 }  // namespace
@@ -224,7 +223,8 @@ int replace(std::string_view from, std::string_view to) {
   SetFileTime(file, &data.ftCreationTime, nullptr, nullptr);
   CloseHandle(file);
   SetFileAttributesW(source.c_str(), data.dwFileAttributes);
-  if (const int code = copyRights(kept, source)) return code;
+  // New files of a folder mostly have the rights of its old ones. Copied ones are not everywhere the same.
+  if (rightsOf(kept) != rightsOf(source)) return EPERM;
   return result(
       ReplaceFileW(kept.c_str(), source.c_str(), nullptr, REPLACEFILE_IGNORE_MERGE_ERRORS, nullptr, nullptr));
 }
