@@ -296,7 +296,12 @@ void FrmH::buildMenus() {
       ui::MenuItem submenu;
       submenu.caption = line.submenu;
       submenu.help = line.help;
-      for (const int id : line.lines) {
+      std::vector<int> rows = line.lines;
+      if (line.listed) {
+        const std::vector<int> listed = line.listed();
+        rows.insert(rows.end(), listed.begin(), listed.end());
+      }
+      for (const int id : rows) {
         if (auto made = item(id)) submenu.items.push_back(std::move(*made));
       }
       tidySeparators(submenu.items);

@@ -146,6 +146,11 @@ class FrmH final : public ui::MainForm, public Workbench {
   bool isShown(std::int16_t index) const { return index < 0 || index == CurrentItemIndex; }
   std::string titleOf(std::int16_t index);
   std::optional<std::int16_t> recordOf(const std::string& path);
+  std::vector<std::int16_t> othersOf(const std::string& path, std::int16_t index);
+  bool mayWriteOver(const std::string& path, std::int16_t index);  // false: the user does not want it
+  void showInTwins(const std::string& path, std::int16_t index);
+  bool askForOutside(const std::string& folder, std::vector<std::string>& names, bool& dropped);
+  std::string nameInProject(const std::string& path) const;
   void openText(const std::string& path);
   void addFile(const std::string& path, std::string& failed);  // into list and project; `failed` gets a line
   void parkShown();
@@ -177,19 +182,19 @@ class FrmH final : public ui::MainForm, public Workbench {
   std::string shownName_;             // in the caption
   bool shownChanged_ = false;         // the caption bears the mark
   std::vector<std::int16_t> tabbed_;  // position in the list, by tab of TS; -1: the shown one has none
-  // While a long command lets window events run, no other command may begin.
-  class BusyBlock {
+  // Sets a flag for the length of a block.
+  class FlagBlock {
    public:
-    explicit BusyBlock(bool& busy) : busy_(busy) { busy_ = true; }
-    BusyBlock(const BusyBlock&) = delete;
-    BusyBlock& operator=(const BusyBlock&) = delete;
-    ~BusyBlock() { busy_ = false; }
+    explicit FlagBlock(bool& flag) : flag_(flag) { flag_ = true; }
+    FlagBlock(const FlagBlock&) = delete;
+    FlagBlock& operator=(const FlagBlock&) = delete;
+    ~FlagBlock() { flag_ = false; }
 
    private:
-    bool& busy_;
+    bool& flag_;
   };
 
-  bool busy_ = false;
+  bool busy_ = false;            // a long command lets window events run: no other may begin
   bool reopenHeldBack_ = false;  // ReopenLastFile is set, but off for this run
   bool switching_ = false;       // a switch of documents is under way: its own clicks are not followed
 };

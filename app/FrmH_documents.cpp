@@ -16,8 +16,18 @@ using ui::operator""_keyboard;
 constexpr const char* kOpenFilter =
     "All Files(*.*)|*.*|HTML-HTM(*.html,*.htm)|*.html;*.htm|Text(*.txt)|*.txt|WEB Proect|*.WEB";
 
+constexpr std::string_view kUntitled = "nosaved";
+
 std::string untitledName(std::int16_t index, std::string_view extension) {
-  return "nosaved" + std::to_string(index) + std::string(extension);
+  return std::string(kUntitled) + std::to_string(index) + std::string(extension);
+}
+
+// The extension of a name that untitledName gave; nothing when the name is another one.
+std::optional<std::string> untitledExtension(const std::string& title) {
+  if (!title.starts_with(kUntitled)) return std::nullopt;
+  const std::size_t dot = title.find_first_not_of("0123456789", kUntitled.size());
+  if (dot == std::string::npos || dot == kUntitled.size() || title[dot] != '.') return std::nullopt;
+  return title.substr(dot);
 }
 
 // True for the length of a block in which the program itself fills the code view.
@@ -56,7 +66,6 @@ void FrmH::ofnen(const std::string& path) {
     WEB_Open(path);
   } else if (isPictureFile(path)) {
     if (!base::fileExists(path)) base::readFile(path);  // says why it cannot be added
-    if (recordOf(path)) return;
     appendRecord(kImageValue, path, base::fileName(path));
     WebProject.WEBChanged = true;
     Treefulen();
@@ -289,12 +298,13 @@ void FrmH::showNothing() {
   showCaption();
 }
 
-// An untitled document's number is its position, so that no two share a name; positions moved.
+// An untitled document's number is its position, so that no two share a name; positions moved. Pages that
+// others refer to by a name (frames) have no file yet either, and keep it.
 void FrmH::nameUntitled() {
   for (std::int16_t i = 0; i < WebProject.Count(); ++i) {
     Ithem& record = WebProject.Item(i);
-    if (!record.filepath.empty()) continue;
-    record.FileTitle = untitledName(i, record.FileTitle.ends_with(".TXT") ? ".TXT" : ".HTML");
+    const auto extension = untitledExtension(record.FileTitle);
+    if (record.filepath.empty() && extension) record.FileTitle = untitledName(i, *extension);
   }
 }
 

@@ -26,20 +26,6 @@ constexpr const char* kSaveFilter =
 constexpr std::int16_t kDeclined = 1;
 constexpr std::int16_t kProjectRecord = -1;
 
-// A message of tens of thousands of missing files could not be read, nor its box shown.
-constexpr std::size_t kMostMissingShown = 25;
-
-std::string missingList(const std::vector<std::string>& missing) {
-  std::string list;
-  for (std::size_t i = 0; i < std::min(missing.size(), kMostMissingShown); ++i) {
-    list.append(missing[i]).append(base::kCrLf);
-  }
-  if (missing.size() > kMostMissingShown) {
-    list += "... +" + std::to_string(missing.size() - kMostMissingShown) + "\r\n";
-  }
-  return list;
-}
-
 }  // namespace
 
 bool FrmH::SaveDocument(const std::string& path, std::int16_t index, SaveKind kind) {
@@ -54,16 +40,12 @@ bool FrmH::SaveDocument(const std::string& path, std::int16_t index, SaveKind ki
     dialog.title = "Save";
     dialog.filter = kSaveFilter;
     dialog.kind = "documents";
-    dialog.name = titleOf(own);
+    dialog.name = base::fileName(titleOf(own));
     const auto chosen = platform_.saveFile(dialog);
     if (!chosen || chosen->empty()) return false;
     target = *chosen;
   }
-  const auto other = recordOf(target);
-  if (other && *other != own) {
-    throw base::Error(base::ErrorNumber::PermissionDenied,
-                      "ეს ფაილი სხვა დოკუმენტად უკვე გახსნილია:\r\n" + target);
-  }
+  if (!mayWriteOver(target, own)) return false;
 
   base::overwriteFile(target, documentText(index));
 
@@ -73,7 +55,10 @@ bool FrmH::SaveDocument(const std::string& path, std::int16_t index, SaveKind ki
   }
   if (own >= 0) {
     Ithem& record = WebProject.Item(own);
-    const std::string title = base::fileName(target);
+    showInTwins(target, own);
+    // Saved elsewhere, it is a project document only when it is still in the project's folder.
+    const std::string inside = record.IsInWEB ? nameInProject(target) : "";
+    const std::string title = inside.empty() ? base::fileName(target) : inside;
     const bool renamed = record.FileTitle != title;
     record.Changed = false;
     record.saved = true;
@@ -82,8 +67,7 @@ bool FrmH::SaveDocument(const std::string& path, std::int16_t index, SaveKind ki
     if (renamed) {
       if (record.IsInWEB) {
         WebProject.WEBChanged = true;
-        // Saved elsewhere, it is a project document only when it is still in the project's folder.
-        record.IsInWEB = base::samePath(target, base::joinPath(WebProject.WEBpath, title));
+        record.IsInWEB = !inside.empty();
       }
       Treefulen();
     }
@@ -97,6 +81,53 @@ bool FrmH::SaveDocument(const std::string& path, std::int16_t index, SaveKind ki
     }
   }
   return true;
+}
+
+// The name by which the project file knows a file: relative to its folder. Empty: outside of it.
+std::string FrmH::nameInProject(const std::string& path) const {
+  const std::string& folder = WebProject.WEBpath;
+  const bool inside = WebProject.WEBopened && path.size() > folder.size() &&
+                      base::samePath(std::string_view(path).substr(0, folder.size()), folder);
+  return inside ? path.substr(folder.size()) : "";
+}
+
+std::vector<std::int16_t> FrmH::othersOf(const std::string& path, std::int16_t index) {
+  std::vector<std::int16_t> others;
+  for (std::int16_t i = 0; i < WebProject.Count(); ++i) {
+    if (i != index && base::samePath(WebProject.Item(i).filepath, path)) others.push_back(i);
+  }
+  return others;
+}
+
+// Other documents may have the file too: a project file that names it twice gives it two.
+bool FrmH::mayWriteOver(const std::string& path, std::int16_t index) {
+  for (const std::int16_t i : othersOf(path, index)) {
+    if (index < 0 || !base::samePath(WebProject.Item(index).filepath, path)) {
+      throw base::Error(base::ErrorNumber::PermissionDenied,
+                        "ეს ფაილი სხვა დოკუმენტად უკვე გახსნილია:\r\n" + path);
+    }
+    const bool changed = i == CurrentItemIndex ? FileChanged : WebProject.Item(i).Changed;
+    if (!changed || documentText(i) == documentText(index)) continue;
+    const std::string answer = messageBox(platform_,
+                                          "ეს ფაილი სიაში ორჯერაა და მეორე დოკუმენტიც შეცვლილია:\r\n" + path +
+                                              "\r\n\r\nჩაიწეროს ამ დოკუმენტის ტექსტი?",
+                                          "", frmBOXa::Kind::YesNo, ui::IconBox::Sign::Warning);
+    if (answer != kAnswerYes) return false;
+  }
+  return true;
+}
+
+// The file's other documents follow what was saved, unless they have changes of their own.
+void FrmH::showInTwins(const std::string& path, std::int16_t index) {
+  for (const std::int16_t i : othersOf(path, index)) {
+    Ithem& other = WebProject.Item(i);
+    if (i == CurrentItemIndex) {
+      const FlagBlock loading(Loading);
+      if (!FileChanged) T1.load(documentText(index));
+    } else if (!other.Changed && !isImage(other)) {
+      other.Value = documentText(index);
+    }
+  }
 }
 
 void FrmH::mnuSaveas_Click() {
@@ -187,11 +218,13 @@ bool FrmH::copyIntoProject(std::int16_t index) {
   Ithem& record = WebProject.Item(index);
   const std::string target = base::joinPath(WebProject.WEBpath, record.FileTitle);
   if (!base::samePath(target, record.filepath) && !base::sameFile(target, record.filepath)) {
-    if (recordOf(target)) {
+    const bool sameData = isImage(record) && base::fileExists(target) &&
+                          base::readFile(target) == base::readFile(record.filepath);
+    if (recordOf(target) && !sameData) {
       throw base::Error(base::ErrorNumber::PermissionDenied,
                         "პროექტში ამ სახელის დოკუმენტი უკვე არის:\r\n" + target);
     }
-    if (base::fileExists(target)) {
+    if (base::fileExists(target) && !sameData) {
       const std::string answer = messageBox(
           platform_, "პროექტის საქაღალდეში ეს ფაილი უკვე არსებობს:\r\n" + target + "\r\n\r\nჩანაცვლდეს?",
           "New Files", frmBOXa::Kind::YesNoCancel, ui::IconBox::Sign::Warning);
@@ -199,7 +232,7 @@ bool FrmH::copyIntoProject(std::int16_t index) {
       if (answer != kAnswerYes) return true;  // this one stays outside
     }
     if (isImage(record)) {
-      base::copyFile(record.filepath, target);
+      if (!sameData) base::copyFile(record.filepath, target);
     } else {
       base::writeFile(target, documentText(index));
       record.Changed = false;
@@ -258,28 +291,51 @@ void FrmH::writeProjectFile() {
   WebProject.ColectionSaved();
 }
 
+// Of the names in a project file those that lead out of its folder: whoever made the file may mean any file
+// of this computer. False: nothing is to be opened.
+bool FrmH::askForOutside(const std::string& folder, std::vector<std::string>& names, bool& dropped) {
+  std::string outside;
+  for (const std::string& name : names) {
+    if (leavesFolder(name) && base::fileExists(folder + name))
+      outside.append(folder + name).append(base::kCrLf);
+  }
+  if (outside.empty()) return true;
+  const std::string answer = messageBox(
+      platform_,
+      "პროექტი თავისი საქაღალდის გარეთ მდებარე ფაილებსაც ასახელებს:\r\n" + outside + "\r\nგაიხსნას ისინიც?",
+      "Zervo", frmBOXa::Kind::YesNoCancel, ui::IconBox::Sign::Warning);
+  if (answer == kAnswerCancel) return false;
+  dropped = answer != kAnswerYes;
+  if (dropped) names.erase(std::remove_if(names.begin(), names.end(), leavesFolder), names.end());
+  return true;
+}
+
 void FrmH::WEB_Open(const std::string& path) {
   struct Document {
     std::string name, path, text;
   };
   try {
     // All is read before the old list goes.
-    const WebFile file = parseWebFile(base::readFile(path));
+    WebFile file = parseWebFile(base::readFile(path));
     const std::string folder = base::joinPath(base::folderOf(path), "");
     std::vector<Document> found;
-    std::vector<std::string> missing;
+    std::string missing, twice;
+    bool dropped = false;
+    if (!askForOutside(folder, file.names, dropped)) return;
     std::set<std::string> known;
-    const BusyBlock busy(busy_);
-    Progress progress(
-        platform_, [this](const std::string& line) { setPanel("kMain", line); }, file.names.size());
-    for (const std::string& name : file.names) {
-      if (!progress.step(name)) return;  // stopped: the open documents stay
-      const std::string document = folder + name;
-      if (!known.insert(base::upperAscii(document)).second) continue;  // a document never has two records
-      if (name.find('\0') != std::string::npos || !base::fileExists(document)) {
-        missing.push_back(base::replaceAll(document, std::string_view("\0", 1), "?"));
-      } else {
-        found.push_back({name, document, base::readFile(document)});
+    const FlagBlock busy(busy_);
+    {
+      Progress progress(
+          platform_, [this](const std::string& line) { setPanel("kMain", line); }, file.names.size());
+      for (const std::string& name : file.names) {
+        if (!progress.step(name)) return;  // stopped: the open documents stay
+        const std::string document = folder + name;
+        if (name.find('\0') != std::string::npos || !base::fileExists(document)) {
+          missing.append(base::replaceAll(document, std::string_view("\0", 1), "?")).append(base::kCrLf);
+        } else {
+          found.push_back({name, document, base::readFile(document)});
+          if (!known.insert(base::upperAscii(document)).second) twice += " " + name;
+        }
       }
     }
 
@@ -303,7 +359,7 @@ void FrmH::WEB_Open(const std::string& path) {
     WebProject.WEBopened = true;
     WebProject.WEBpath = folder;
     WebProject.WEBtitle = base::fileName(path);
-    WebProject.WEBChanged = !missing.empty();
+    WebProject.WEBChanged = dropped || !missing.empty();
 
     Treefulen();
     // The start page, or else the first document with text; pictures and sounds have icons of their own.
@@ -321,9 +377,8 @@ void FrmH::WEB_Open(const std::string& path) {
     }
     if (start >= 0) showDocument(start);
     WebProject.ColectionReaded();
-    if (!missing.empty()) {
-      messageBox(platform_, "File not found.\r\n\r\n" + missingList(missing), "Zervo");
-    }
+    if (!twice.empty()) setPanel("kMain", "პროექტის ფაილში ერთზე მეტჯერ წერია:" + twice);
+    if (!missing.empty()) messageBox(platform_, "File not found.\r\n\r\n" + missing, "Zervo");
   } catch (const std::exception& error) {
     const ErrorText text = errorText(error);
     messageBox(platform_, text.description + "\r\nError!!\r\nError:N: " + std::to_string(text.number),

@@ -1,6 +1,7 @@
 // The main window's start and close: entry routine, load sequence, prompts before the end.
 #include "app/FrmH.h"
 #include "app/code_look.h"
+#include "app/command_line.h"
 #include "app/mdlsaerto.h"
 #include "base/error.h"
 #include "base/files.h"
@@ -17,24 +18,24 @@ constexpr std::string_view kBetweenFiles = "\" \"";
 }  // namespace
 
 void FrmH::entry(const std::string& commandLine) {
+  using Kind = CommandLine::Kind;
   commandLine_ = commandLine;
+  const CommandLine read =
+      readCommandLine(commandLine, [](const std::string& path) { return base::fileExists(path); });
   Props = ReadProps(platform_);
-  const bool severalFiles = commandLine.find(kBetweenFiles) != std::string::npos;
-  const bool plain = commandLine.empty() || commandLine == "NOMAX" || severalFiles;
   // The last file is not to be opened below the one that was asked for.
-  reopenHeldBack_ = !plain && Props.ReopenLastFile;
-  if (!plain) Props.ReopenLastFile = false;
+  reopenHeldBack_ = read.kind == Kind::One && Props.ReopenLastFile;
+  if (read.kind == Kind::One) Props.ReopenLastFile = false;
   load();
-  if (commandLine.empty()) {
-    window->show();
-  } else if (commandLine == "NOMAX") {
-    commandladenforma("NOMAX");
-  } else if (severalFiles) {
-    const bool quoted = commandLine.front() == '"' && commandLine.size() > 1;
-    comandopen("SIA", quoted ? commandLine.substr(1, commandLine.size() - 2) : commandLine);
-  } else {
-    const std::string unquoted = base::replaceAll(commandLine, "\"", " ");
-    comandopen(std::string(base::trimSpaces(unquoted)), "");
+  switch (read.kind) {
+    case Kind::Empty:
+      return window->show();
+    case Kind::NoMax:
+      return commandladenforma("NOMAX");
+    case Kind::One:
+      return comandopen(read.paths.front(), "");
+    case Kind::Several:
+      return comandopen("SIA", base::join(read.paths, kBetweenFiles));
   }
 }
 
@@ -84,21 +85,23 @@ void FrmH::comandopen(const std::string& first, const std::string& list) {
   if (first == "SIA") {
     for (const std::string& path : base::split(list, kBetweenFiles)) {
       Loading = true;
-      guarded(platform_, [&] { ofnen(path); });
+      guarded(platform_, [&] { ofnen(base::fullPath(path)); });
     }
   } else {
     guarded(platform_, [&] {
-      if (base::fileExists(first)) documentOpened(first);
-      if (base::lastThree(first) == "WEB") {
-        WEB_Open(first);
+      // The working folder may be another one later.
+      const std::string path = base::fullPath(first);
+      if (base::fileExists(path)) documentOpened(path);
+      if (base::lastThree(path) == "WEB") {
+        WEB_Open(path);
         return;
       }
       Loading = true;
       // A file that is there but cannot be read must not be saved over later; one that is missing may be
       // made.
-      CurrentFilePath = base::fileExists(first) || base::folderExists(first) ? "" : first;
-      showText(base::readFile(first), base::fileName(first));
-      CurrentFilePath = first;
+      CurrentFilePath = base::fileExists(path) || base::folderExists(path) ? "" : path;
+      showText(base::readFile(path), base::fileName(path));
+      CurrentFilePath = path;
       FileChanged = false;
       documentShown();
     });

@@ -70,7 +70,9 @@ void FrmH::moveDocument(std::int16_t from, std::int16_t to) {
   }
   CurrentItemIndex = static_cast<std::int16_t>(placeAfterMove(CurrentItemIndex, from, to));
   if (WebProject.WEBopened) WebProject.WEBChanged = true;  // its file names the documents in their order
+  nameUntitled();
   documentMoved(from, to);
+  showCaption();
   Treefulen();
 }
 

@@ -57,7 +57,7 @@ void FrmH::mnuwebAdd_Click() {
   parkShown();
   std::string failed;
   {
-    const BusyBlock busy(busy_);
+    const FlagBlock busy(busy_);
     Progress progress(
         platform_, [this](const std::string& line) { setPanel("kMain", line); }, chosen.size());
     for (const std::string& path : chosen) {
@@ -91,8 +91,8 @@ void FrmH::mnuwebRemove_Click() {
 void FrmH::mnuwebRename_Click() {
   const std::int16_t index = selectedDocument();
   Ithem& record = WebProject.Item(index);
-  const auto typed = inputBox(platform_, "ფაილის ახალი სახელი:", "File", record.FileTitle);
-  if (!typed || *typed == record.FileTitle) return;
+  const auto typed = inputBox(platform_, "ფაილის ახალი სახელი:", "File", base::fileName(record.FileTitle));
+  if (!typed || *typed == base::fileName(record.FileTitle)) return;
   if (IsBadFileName(*typed)) {
     reportBadName(platform_);
     return;
@@ -106,7 +106,7 @@ void FrmH::mnuwebRename_Click() {
   }
   base::renameFile(record.filepath, target);
   record.filepath = target;
-  record.FileTitle = *typed;
+  record.FileTitle = base::joinPath(base::folderOf(record.FileTitle), *typed);
   if (record.IsInWEB) WebProject.WEBChanged = true;
   if (index == CurrentItemIndex) CurrentFilePath = target;
   Treefulen();

@@ -44,7 +44,8 @@ struct MenuPlan {
     int command = 0;
     ui::Text submenu;  // caption of a submenu, then `lines` are its rows
     std::vector<int> lines;
-    ui::Text help = {};  // of the submenu; a command has its own
+    ui::Text help = {};                                  // of the submenu; a command has its own
+    std::function<std::vector<int>()> listed = nullptr;  // rows of a submenu that come and go, behind `lines`
   };
   ui::Text caption;
   std::vector<Line> lines;

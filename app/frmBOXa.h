@@ -1,6 +1,7 @@
 // The program's own message box, input box and choice list.
 #pragma once
 
+#include <functional>
 #include <optional>
 #include <string>
 #include <vector>
@@ -20,9 +21,10 @@ inline constexpr const char* kAnswerNo = "7";
 class frmBOXa : public ui::Form {
  public:
   enum class Kind { Message, YesNo, YesNoCancel, Input, Choice };
-  frmBOXa(Kind kind, ui::Text text, ui::Text title, ui::IconBox::Sign sign);
+  frmBOXa(Kind kind, const ui::Text& text, ui::Text title, ui::IconBox::Sign sign);
 
   ui::IconBox Picon{*this, IDC_frmBOXa_Picon};
+  ui::TextBox Tlist{*this, IDC_frmBOXa_Tlist};  // of a long text all but the question, which stays in sight
   ui::Label LBtext{*this, IDC_frmBOXa_LBtext};
   ui::TextBox Tanswer{*this, IDC_frmBOXa_Tanswer};
   ui::ListView LV{*this, IDC_frmBOXa_LV};
@@ -35,9 +37,14 @@ class frmBOXa : public ui::Form {
   bool blanksCount = false;
 
   const std::string& answer() const { return answer_; }
+  std::string text() const;                      // all of it, as the user reads it; UTF-8
+  std::function<void(const std::string&)> copy;  // what Ctrl+C does with the text
+  void load() override;
   bool queryClose() override;
+  bool keyPressed(const ui::Shortcut& key) override;
 
  private:
+  void showText(const ui::Text& text);
   void press(const char* answer);
   void Tanswer_Change();
 

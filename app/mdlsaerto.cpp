@@ -63,7 +63,11 @@ std::optional<int> registryNumber(const std::string& text) {
 
 void ShowHelp(ui::Platform& platform, std::string_view topic) {
   const std::string path = base::joinPath(platform.programFolder(), "Zervo.chm");
-  if (base::fileExists(path)) platform.showHelpFile(path, topic);
+  if (!base::fileExists(path) || platform.showHelpFile(path, topic)) return;
+  messageBox(
+      platform,
+      "დახმარების ჩვენება ვერ მოხერხდა: ამ კომპიუტერზე არ არის ის, რაც ასეთ ფაილს აჩვენებს.\r\n\r\n" + path,
+      "დახმარება", frmBOXa::Kind::Message, ui::IconBox::Sign::Warning);
 }
 
 std::string ColorToHtml(base::Color color) {
@@ -102,16 +106,17 @@ void OpenWithVerb(ui::Platform& platform, std::string_view path) {
   platform.shellOpen(path, "1");
 }
 
-std::string messageBox(ui::Platform& platform, ui::Text text, ui::Text title, frmBOXa::Kind kind,
+std::string messageBox(ui::Platform& platform, const ui::Text& text, ui::Text title, frmBOXa::Kind kind,
                        ui::IconBox::Sign sign) {
-  frmBOXa box(kind, std::move(text), std::move(title), sign);
+  frmBOXa box(kind, text, std::move(title), sign);
+  box.copy = [&platform](const std::string& copied) { platform.setClipboard({"", copied}); };
   platform.showModal(box);
   return box.answer();
 }
 
-std::optional<std::string> inputBox(ui::Platform& platform, ui::Text prompt, ui::Text title,
+std::optional<std::string> inputBox(ui::Platform& platform, const ui::Text& prompt, ui::Text title,
                                     std::string proposal, Blanks blanks) {
-  frmBOXa box(frmBOXa::Kind::Input, std::move(prompt), std::move(title), ui::IconBox::Sign::None);
+  frmBOXa box(frmBOXa::Kind::Input, prompt, std::move(title), ui::IconBox::Sign::None);
   box.blanksCount = blanks == Blanks::Kept;
   box.Tanswer.userSet(std::move(proposal));
   platform.showModal(box);
@@ -120,9 +125,9 @@ std::optional<std::string> inputBox(ui::Platform& platform, ui::Text prompt, ui:
   return std::string(base::trimSpaces(box.Tanswer.text()));
 }
 
-std::optional<std::vector<std::size_t>> choiceBox(ui::Platform& platform, ui::Text prompt, ui::Text title,
-                                                  const std::vector<std::string>& rows) {
-  frmBOXa box(frmBOXa::Kind::Choice, std::move(prompt), std::move(title), ui::IconBox::Sign::None);
+std::optional<std::vector<std::size_t>> choiceBox(ui::Platform& platform, const ui::Text& prompt,
+                                                  ui::Text title, const std::vector<std::string>& rows) {
+  frmBOXa box(frmBOXa::Kind::Choice, prompt, std::move(title), ui::IconBox::Sign::None);
   std::vector<ui::ListView::Item> items;
   for (const std::string& row : rows) {
     ui::ListView::Item item;

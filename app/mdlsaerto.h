@@ -42,13 +42,13 @@ enum class Blanks { Trimmed, Kept };  // around a typed text
 
 // The program's own boxes. messageBox answers with an answer code, inputBox with the typed text, choiceBox
 // with the ticked rows; cancelled: "2" or nothing.
-std::string messageBox(ui::Platform& platform, ui::Text text, ui::Text title,
+std::string messageBox(ui::Platform& platform, const ui::Text& text, ui::Text title,
                        frmBOXa::Kind kind = frmBOXa::Kind::Message,
                        ui::IconBox::Sign sign = ui::IconBox::Sign::Information);
-std::optional<std::string> inputBox(ui::Platform& platform, ui::Text prompt, ui::Text title,
+std::optional<std::string> inputBox(ui::Platform& platform, const ui::Text& prompt, ui::Text title,
                                     std::string proposal = {}, Blanks blanks = Blanks::Trimmed);
 std::optional<std::vector<std::size_t>> choiceBox(
-    ui::Platform& platform, ui::Text prompt, ui::Text title,
+    ui::Platform& platform, const ui::Text& prompt, ui::Text title,
     const std::vector<std::string>& rows);  // all ticked at first
 
 // Number and sentence of an error, as the error boxes show them.

@@ -13,8 +13,12 @@ struct WebFile {
   std::optional<std::string> startPage;  // nothing: the file has no "STOPF=" line
 };
 
-// Takes files written by hand too: LF line ends, blank lines, spaces around names.
+// Lines are taken as they are, blanks included; those of blanks alone are skipped. Files that other editors
+// wrote are read too: with a UTF-8 byte-order mark, or with LF for every line end.
 WebFile parseWebFile(std::string_view text);
+
+// The name leads out of the project's folder.
+bool leavesFolder(std::string_view name);
 
 // Sorted names, the start page, CR LF line ends.
 std::string webFileText(std::vector<std::string> names, std::string_view startPage);

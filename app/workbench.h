@@ -50,7 +50,7 @@ class Workbench {
 
   virtual void showDocument(std::int16_t index) = 0;
   virtual void documentsAdded() = 0;  // records were added, removed or renamed: the tree follows
-  // A new untitled document (".HTML" or ".TXT") that holds `text`, shown.
+  // A new untitled document of a kind (".HTML", ".TXT", ".CSS") that holds `text`, shown.
   virtual void mnunewF_Click(const char* extension, const std::string& text) = 0;
   virtual void ofnen(const std::string& path) = 0;     // open one file, of any kind
   virtual void WEB_Open(const std::string& path) = 0;  // replaces all documents: ask first

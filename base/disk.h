@@ -29,6 +29,7 @@ int fileNames(std::string_view folder, std::vector<std::string>& names);  // add
 
 bool same(std::string_view a, std::string_view b);  // one existing file, whatever the spelling
 std::string tempFolder();
+std::string fullPath(std::string_view path);  // a relative one begins at the working folder
 void pause(int milliseconds);
 
 }  // namespace base::disk

@@ -185,6 +185,10 @@ FileLock::~FileLock() {
   if (!lockFile_.empty()) disk::remove(lockFile_);
 }
 
+std::string fullPath(std::string_view path) {
+  return disk::fullPath(path);
+}
+
 bool sameFile(std::string_view a, std::string_view b) {
   return disk::same(a, b);
 }

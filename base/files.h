@@ -51,4 +51,7 @@ class FileLock {
 // Both name one existing file, whatever the spelling.
 bool sameFile(std::string_view a, std::string_view b);
 
+// A relative path with its folder, which is the working folder of this moment; a full one as it is.
+std::string fullPath(std::string_view path);
+
 }  // namespace base

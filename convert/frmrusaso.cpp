@@ -9,6 +9,7 @@ using namespace ui::literals;
 
 frmrusaso::frmrusaso() : Form("frmrusaso", IDD_frmrusaso) {
   setCaption("ÒÖÓÖËÉ ÀÓÏÄÁÉ"_legacy);
+  LV.stretches = true;
   LV.hint = "რუსული ასოები კლავიატურაზე";
   LV.columns = {{"კლავიში", 55}, {"ასო", 55}};
   std::vector<ui::ListView::Item> items;

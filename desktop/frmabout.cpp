@@ -1,7 +1,7 @@
 #include "desktop/frmabout.h"
 
 #include "app/mdlsaerto.h"
-#include "base/text.h"
+#include "base/line_ends.h"
 
 namespace desktop {
 namespace {
@@ -13,14 +13,16 @@ constexpr const char* kLink = "https://dejavu-fonts.github.io/";
 
 frmabout::frmabout(ui::Platform& platform) : Form("frmabout", IDD_frmabout) {
   setCaption("პროგრამის შესახებ");
+  Tlicence.stretches = true;
   Picon.sign = ui::IconBox::Sign::Program;
   Lname.setCaption("Zervo " ZERVO_VERSION);
   Lwhat.setCaption(
       "HTML რედაქტორი ქართული ვებ-გვერდების ავტორებისთვის. გარდაქმნის ძველი შრიფტებით და ლათინური ასოებით "
       "აკრეფილ "
       "ქართულ ტექსტს UTF-8-ად და უკან.");
-  Llicence.setCaption("შრიფტები შექმნილია DejaVu შრიფტებიდან. მათი &ლიცენზია:");
-  Tlicence.setText(base::replaceAll(platform.resource("FONT_LICENCE"), "\n", "\r\n"));
+  Llicence.setCaption("რედაქტორი: Scintilla; შრიფტები: DejaVu-დან. მათი &ლიცენზიები:");
+  Tlicence.setText(base::withLineEnds(
+      platform.resource("CODE_LICENCE") + "\n\n" + platform.resource("FONT_LICENCE"), base::LineEnd::CrLf));
   Clink.setCaption("&DejaVu ინტერნეტში");
   Clink.hint = kLink;
   COK.setCaption("&OK");

@@ -49,6 +49,7 @@ void frmproperties::setTexts() {
   Capply.setCaption("გამო&ყენება");
 
   Tabs.hint = "გვერდები";
+  Frame1.stretches = Theader.stretches = Tbody.stretches = true;  // the frame: on pages without a text
   CBmode.hint = "კრეფის რეჟიმი დაწყებისას";
   CBfont.hint = "რედაქტორის შრიფტი";
   Tsize.hint = "შრიფტის ზომა";

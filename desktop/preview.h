@@ -15,10 +15,14 @@ class Preview {
   Preview& operator=(const Preview&) = delete;
 
  private:
+  struct Writing;  // of the copies
   void mnuPreview_Click();
   bool showsPage();
   void writeCopy();
+  std::string textOf(Writing& writing, std::int16_t index, const std::string& folderUrl);
+  std::string addressOf(Writing& writing, std::int16_t from, std::string_view address);
   void openBrowser();
+  void sayNoEngine();
   void left();
 
   app::Workbench& bench_;
@@ -26,6 +30,7 @@ class Preview {
   PreviewCopy copy_;
   bool inBrowser_ = false;  // the copy is shown there: it may be read again at any time
   bool noEngine_ = false;   // found out at the first preview
+  bool told_ = false;       // and the user was told
 };
 
 }  // namespace desktop

@@ -26,11 +26,12 @@ std::string copyName(const std::string& title) {
 }  // namespace
 
 void PreviewCopy::put(const std::string& folder, const std::string& name, const std::string& document,
-                      const std::string& text) {
+                      const std::function<std::string(const std::string& path)>& page) {
   const std::string path = base::joinPath(folder, name);
-  base::writeFile(path, text);
+  base::writeFile(path, page(path));
   if (path_ != path) remove();
   path_ = path;
+  companions_.clear();  // gone with the leftovers, or written anew
   for (const std::string& other : base::fileNames(folder)) {
     const std::string leftover = base::joinPath(folder, other);
     if (other.starts_with(kPrefix) && other.ends_with(kExtension) && other != name &&
@@ -41,22 +42,36 @@ void PreviewCopy::put(const std::string& folder, const std::string& name, const 
 }
 
 const std::string& PreviewCopy::write(const std::string& document, const std::string& title,
-                                      const std::function<std::string(const std::string& folderUrl)>& page) {
+                                      const Page& page) {
+  const auto from = [&page](const std::string& url) {
+    return [&page, url](const std::string& path) { return page(path, url); };
+  };
   const std::string name = copyName(title.empty() ? "page" : title);
   if (document.empty()) {
-    put(base::tempFolder(), name, document, page(""));
+    put(base::tempFolder(), name, document, from(""));
     return path_;
   }
   const std::string folder = base::folderOf(document);
   try {
-    put(folder, name, document, page(""));
+    put(folder, name, document, from(""));
   } catch (const base::Error&) {
-    put(base::tempFolder(), name, document, page(fileUrl(folder + "\\")));
+    put(base::tempFolder(), name, document, from(fileUrl(folder + "\\")));
   }
   return path_;
 }
 
+std::string PreviewCopy::companion(const std::string& path, int number, const std::string& title) {
+  return base::joinPath(base::folderOf(path), copyName(std::to_string(number) + "-" + title));
+}
+
+void PreviewCopy::writeCompanion(const std::string& path, const std::string& text) {
+  base::writeFile(path, text);
+  companions_.push_back(path);
+}
+
 void PreviewCopy::remove() {
+  for (const std::string& path : companions_) removeQuietly(path);
+  companions_.clear();
   if (!path_.empty()) removeQuietly(path_);
   path_.clear();
 }

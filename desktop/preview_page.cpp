@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <array>
 #include <cctype>
+#include <charconv>
 #include <cstdint>
 
 #include "base/text.h"
@@ -99,6 +100,35 @@ bool findTag(std::string_view page, std::size_t at, Tag& tag) {
   return true;
 }
 
+// The value of an attribute of a tag that names another page: where it stands, without quotes.
+struct Value {
+  std::size_t start = 0;
+  std::size_t end = 0;
+};
+
+Value attributeValue(std::string_view page, const Tag& tag, std::string_view wanted) {
+  const auto blank = [&](std::size_t at) { return std::isspace(static_cast<unsigned char>(page[at])) != 0; };
+  std::size_t at = tag.start + 1 + tag.name.size();
+  const std::size_t end = tag.end - 1;
+  while (at < end) {
+    while (at < end && (blank(at) || page[at] == '/')) ++at;
+    const std::size_t name = at;
+    while (at < end && !blank(at) && page[at] != '=') ++at;
+    const std::size_t nameEnd = at;
+    while (at < end && blank(at)) ++at;
+    if (at >= end || page[at] != '=') continue;
+    ++at;
+    while (at < end && blank(at)) ++at;
+    const char quote = at < end && (page[at] == '"' || page[at] == '\'') ? page[at] : '\0';
+    Value value{quote == 0 ? at : ++at, 0};
+    while (at < end && (quote == 0 ? !blank(at) : page[at] != quote)) ++at;
+    value.end = at;
+    if (quote != 0 && at < end) ++at;
+    if (base::equalNoCase(page.substr(name, nameEnd - name), wanted)) return value;
+  }
+  return {};
+}
+
 // Behind <HEAD>, or where it would stand; never in front of the document type, which decides how a browser
 // lays the page out.
 std::size_t headOf(std::string_view page) {
@@ -179,6 +209,39 @@ std::string previewPage(std::string_view page, PageLetters letters, const std::s
   if (!style.empty()) head += "<STYLE TYPE=\"text/css\">\r\n" + style + "</STYLE>\r\n";
   const std::size_t at = headOf(page);
   return std::string(page.substr(0, at)) + head + std::string(page.substr(at));
+}
+
+std::string withAddresses(std::string_view page,
+                          const std::function<std::string(std::string_view address)>& other) {
+  std::string text;
+  std::size_t done = 0;
+  Tag tag;
+  for (std::size_t at = 0; findTag(page, at, tag); at = tag.end) {
+    const bool frame = tag.name == "FRAME" || tag.name == "IFRAME";
+    if (!frame && tag.name != "A" && tag.name != "AREA") continue;
+    Value value = attributeValue(page, tag, frame ? "SRC" : "HREF");
+    const std::string_view whole = page.substr(value.start, value.end - value.start);
+    value.end = value.start + whole.substr(0, whole.find_first_of("?#")).size();
+    if (value.end == value.start) continue;
+    const std::string address = other(page.substr(value.start, value.end - value.start));
+    if (address.empty()) continue;
+    text.append(page.substr(done, value.start - done)).append(address);
+    done = value.end;
+  }
+  return text.append(page.substr(done));
+}
+
+std::string withoutPercents(std::string_view address) {
+  std::string text;
+  for (std::size_t at = 0; at < address.size(); ++at) {
+    unsigned byte = 0;
+    const char* const digits = address.data() + at + 1;
+    const bool code = address[at] == '%' && at + 2 < address.size() &&
+                      std::from_chars(digits, digits + 2, byte, 16).ptr == digits + 2;
+    text += code ? static_cast<char>(byte) : address[at];
+    if (code) at += 2;
+  }
+  return text;
 }
 
 std::string fileUrl(std::string_view path) {

@@ -21,6 +21,14 @@ bool readsAsLegacy(std::string_view page);
 std::string previewPage(std::string_view page, PageLetters letters, const std::string& folderUrl,
                         const std::function<std::string(std::string_view family)>& fontFile);
 
+// `page` with another address in each FRAME, IFRAME, A and AREA for which `other` has one (not empty). It is
+// asked with the address as bytes of the page, without what follows "?" or "#".
+std::string withAddresses(std::string_view page,
+                          const std::function<std::string(std::string_view address)>& other);
+
+// An address or part of one as plain text: "%20" is a blank.
+std::string withoutPercents(std::string_view address);
+
 // The URL of a path; a folder's ends in "/" when the path ends in "\".
 std::string fileUrl(std::string_view path);
 

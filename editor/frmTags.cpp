@@ -8,6 +8,7 @@ frmTags::frmTags(ui::Platform& platform) : Form("frmTags", IDD_frmTags), platfor
   Tsearch.hint = "სახელის დასაწყისი";
   MBOK.setCaption("&OK");
   MBexit.setCaption("&გამოსვლა");
+  List1.stretches = true;
   Tsearch.changed.connect([this] { Tsearch_Change(); });
   List1.selectionChanged.connect([this] { List1_Click(); });
   List1.doubleClicked.connect([this] {

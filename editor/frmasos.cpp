@@ -28,6 +28,7 @@ std::string numbersOf(const Entity& entity) {
 frmasos::frmasos(ui::Platform& platform, ui::CodeView& T1)
     : Form("frmasos", IDD_frmasos), platform_(platform), T1_(T1) {
   setCaption("სიმბოლოები");
+  LV.stretches = true;
   Lsearch.setCaption("&ძებნა:");
   Tsearch.hint = "სახელი, სიმბოლო ან ნომერი";
   LV.hint = "სიმბოლოები";

@@ -8,6 +8,7 @@ namespace editor {
 
 frmkod::frmkod(const std::string& tag) : Form("frmkod", IDD_frmkod), tag_(parseTag(tag)) {
   setCaption("ტეგის ატრიბუტები");
+  LV.stretches = true;
   Ltag.setCaption(shownBytes("<" + tag_.name + ">"));
   Lname.setCaption("&სახელი:");
   Lvalue.setCaption("&მნიშვნელობა:");

@@ -15,6 +15,7 @@ constexpr const char* kFilter = "Text(*.txt)|*.txt|All Files(*.*)|*.*";
 
 frmxascvla::frmxascvla(app::Workbench& bench) : Form("frmxascvla", IDD_frmxascvla), bench_(bench) {
   setCaption("Replace");
+  LV.stretches = Tfind.stretches = Treplace.stretches = true;
   LV.hint = "წყვილები";
   LV.columns = {{"საძებნი", 110}, {"შემცვლელი", 110}, {"შეიცვალა", 44}};
   Lfind.setCaption("სა&ძებნი:");

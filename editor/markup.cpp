@@ -4,6 +4,7 @@
 #include <array>
 
 #include "base/text.h"
+#include "editor/server_blocks.h"
 
 namespace editor {
 namespace {
@@ -25,7 +26,7 @@ bool isVerbatim(std::string_view name) {
 
 class Scanner {
  public:
-  explicit Scanner(std::string_view text) : text_(text) {}
+  explicit Scanner(std::string_view text) : text_(text), servers_(text) {}
 
   std::vector<Piece> scan() {
     for (std::size_t at = 0; (at = text_.find('<', at)) != kNone;) {
@@ -79,11 +80,22 @@ class Scanner {
     for (std::size_t at = start + 1; at < text_.size() && !quotesFail_; ++at) {
       const char c = text_[at];
       if (c == '>') return at + 1;
-      if (value && (c == '"' || c == '\'')) at = std::min(next(c, at + 1), text_.size());
+      const std::size_t behind = servers_.behind(at);
+      if (behind != at) at = behind - 1;
+      if (value && (c == '"' || c == '\'')) at = closingQuote(c, at + 1);
       if (!isBlank(c)) value = c == '=';
     }
     quotesFail_ = true;
     return first + 1;
+  }
+
+  // The place of the quote that ends a value; the text's end when there is none.
+  std::size_t closingQuote(char quote, std::size_t at) {
+    while (at < text_.size() && text_[at] != quote) {
+      const std::size_t behind = servers_.behind(at);
+      at = behind != at ? behind : at + 1;
+    }
+    return at;
   }
 
   // Like find(), but remembers when there are none left, so that a broken page is not searched to its end
@@ -107,6 +119,7 @@ class Scanner {
   std::size_t done_ = 0;
   std::vector<Piece> pieces_;
   std::array<bool, 256> none_{};
+  ServerBlocks servers_;
   bool quotesFail_ = false;
 };
 

@@ -1,6 +1,7 @@
 #include "editor/tag_text.h"
 
 #include "base/text.h"
+#include "editor/server_blocks.h"
 
 namespace editor {
 namespace {
@@ -11,7 +12,7 @@ bool isBlank(char c) {
 
 class Reader {
  public:
-  explicit Reader(std::string_view text) : text_(text) {}
+  explicit Reader(std::string_view text) : text_(text), servers_(text) {}
   bool atEnd() const { return at_ >= text_.size(); }
   char front() const { return text_[at_]; }
   std::size_t at() const { return at_; }
@@ -22,7 +23,10 @@ class Reader {
   }
   std::string_view upTo(std::string_view ends) {
     const std::size_t start = at_;
-    at_ = std::min(text_.size(), text_.find_first_of(ends, at_));
+    while (!atEnd() && ends.find(front()) == std::string_view::npos) {
+      const std::size_t behind = servers_.behind(at_);
+      at_ = behind != at_ ? behind : at_ + 1;
+    }
     return since(start);
   }
   void skip() { ++at_; }
@@ -30,6 +34,7 @@ class Reader {
  private:
   std::string_view text_;
   std::size_t at_ = 0;
+  ServerBlocks servers_;
 };
 
 constexpr std::string_view kBlanks = " \t\r\n";

@@ -45,28 +45,16 @@ class Reader {
     for (std::size_t at = 0; at < tokens_.size();) {
       if (tokens_[at].filler() || tokens_[at].is(';')) {
         ++at;
-      } else {
-        at = piece(at);
+        continue;
       }
+      const CssPiece piece = cssPiece(block_, tokens_, at, tokens_.size());
+      if (!piece.rule() && piece.colon != CssToken::kAlone) declaration(at, piece.colon, piece.last);
+      at = piece.last;
     }
     return std::move(declarations_);
   }
 
  private:
-  // Up to the ";", or behind the braces of a nested rule.
-  std::size_t piece(std::size_t first) {
-    std::size_t colon = kNone;
-    std::size_t at = first;
-    while (at < tokens_.size() && !tokens_[at].is(';')) {
-      if (tokens_[at].is(':') && colon == kNone) colon = at;
-      const bool braces = tokens_[at].is('{') && tokens_[at].partner != CssToken::kAlone;
-      at = nextCssToken(tokens_, at);
-      if (braces) return at;
-    }
-    if (colon != kNone) declaration(first, colon, at);
-    return at;
-  }
-
   void declaration(std::size_t first, std::size_t colon, std::size_t last) {
     const Range name = trimmed(tokens_, {first, colon});
     if (name.empty() || tokens_[name.first].is('@')) return;
@@ -298,13 +286,14 @@ std::string editedBlock(const std::string& block, char quote, const std::vector<
   return Writer(block, quote, layout).write(entries);
 }
 
-bool fitsDeclaration(std::string_view value) {
+bool fitsDeclaration(std::string_view value, std::string_view property) {
   const Tokens tokens = scanCss(value, CssSpelling::Sheet);
   for (std::size_t at = 0; at < tokens.size(); at = nextCssToken(tokens, at)) {
     const CssToken& token = tokens[at];
     const bool bracket = token.kind == Kind::Open || token.kind == Kind::Close;
     if (!token.whole || token.is(';') || token.is('!')) return false;
-    if (bracket && (token.is('{') || token.partner == CssToken::kAlone)) return false;
+    if (token.is('{') && !isCustomProperty(property)) return false;
+    if (bracket && token.partner == CssToken::kAlone) return false;
   }
   // Inside a round bracket too: it ends the braces around.
   for (const CssToken& token : tokens) {

@@ -23,7 +23,8 @@ struct CssDeclaration {
   bool important;
 };
 
-// Whatever is no declaration is passed over: nested rules, text without a colon.
+// Whatever is no declaration is passed over: nested rules, text without a colon. Custom properties are
+// declarations, whatever braces their values hold.
 std::vector<CssDeclaration> readDeclarations(std::string_view block, CssSpelling spelling);
 
 // A declaration as the user wants it. An empty value: not there (one that stood there without a value stays).
@@ -50,8 +51,9 @@ CssLayout layoutOf(std::string_view block, CssSpelling spelling, CssLayout other
 std::string editedBlock(const std::string& block, char quote, const std::vector<CssEntry>& entries,
                         const CssLayout& layout);
 
-// Nothing in the value would end the declaration or swallow what follows.
-bool fitsDeclaration(std::string_view value);
+// Nothing in the value would end the declaration or swallow what follows. Of properties only custom ones may
+// hold braces.
+bool fitsDeclaration(std::string_view value, std::string_view property = {});
 // The same for the selector of a rule.
 bool fitsSelector(std::string_view selector);
 

@@ -149,7 +149,9 @@ std::size_t CssEdit::caret() const {
     case Kind::NewRule:
     case Kind::NewElement: {
       const std::size_t brace = text.rfind('}');
-      return brace == std::string::npos ? text.size() : brace;
+      if (brace == std::string::npos) return text.size();
+      // Directly behind a rule in this one the caret would stand at that one.
+      return brace > 0 && text[brace - 1] == '}' ? text.find('{') + 1 : brace;
     }
     case Kind::NewSpan: {
       const std::size_t quote = text.find(quote_, text.find(quote_) + 1);

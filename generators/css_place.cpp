@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <array>
 #include <optional>
+#include <utility>
 #include <vector>
 
 #include "base/text.h"
@@ -23,10 +24,10 @@ bool isOneOf(std::string_view name, const Names& names) {
                      [&](std::string_view one) { return base::equalNoCase(name, one); });
 }
 
-// At-rules that hold rules; all others with braces hold declarations.
-constexpr std::array<std::string_view, 9> kContainers = {"media",         "supports",  "document",
-                                                         "-moz-document", "layer",     "container",
-                                                         "scope",         "keyframes", "-webkit-keyframes"};
+// At-rules that hold rules; all others with braces hold declarations. A maker's name may stand before them:
+// "-moz-keyframes".
+constexpr std::array<std::string_view, 8> kContainers = {
+    "media", "supports", "document", "layer", "container", "scope", "keyframes", "starting-style"};
 
 // Tags that show nothing, so that a style of theirs would have no effect.
 constexpr std::array<std::string_view, 11> kUnseen = {
@@ -78,7 +79,7 @@ class SheetFinder {
         }
       } else {
         const CssPlace rule = ruleOf(at, open, closed ? close : last_, closed);
-        if (caret_ >= rule.start && caret_ < end) return checked(rule);
+        if (caret_ >= rule.start && caret_ < end) return closed ? innermost(rule, open) : checked(rule);
         if (caret_ == end) before = rule;
         if (rule.closed) {
           modelStart_ = rule.blockStart;
@@ -122,8 +123,35 @@ class SheetFinder {
 
   bool isContainer(std::size_t at) const {
     if (!tokens_[at].is('@') || at + 1 >= tokens_.size()) return false;
-    const CssToken& name = tokens_[at + 1];
-    return isOneOf(text_.substr(name.start, name.end - name.start), kContainers);
+    std::string_view name = text_.substr(tokens_[at + 1].start, tokens_[at + 1].end - tokens_[at + 1].start);
+    const std::size_t dash = name.find('-', 1);
+    if (name.starts_with('-') && dash != std::string_view::npos) name.remove_prefix(dash + 1);
+    return isOneOf(name, kContainers);
+  }
+
+  // The rule in the rule's braces that holds the caret or ends there, and in that one, and so on; else the
+  // rule itself. In a rule all braces hold declarations, those of "@media" too.
+  CssPlace innermost(CssPlace rule, std::size_t open) const {
+    for (std::size_t at = open + 1, end = tokens_[open].partner; at < end && tokens_[at].start <= caret_;) {
+      if (tokens_[at].filler() || tokens_[at].is(';')) {
+        ++at;
+        continue;
+      }
+      const CssPiece piece = cssPiece(text_, tokens_, at, end);
+      const std::size_t behind = tokens_[piece.last - 1].end;
+      const bool touches = behind == caret_ && (piece.last == end || tokens_[piece.last].filler());
+      if (!piece.rule() || (caret_ >= behind && !touches)) {
+        at = piece.last;
+        continue;
+      }
+      const CssPlace outer = std::exchange(rule, ruleOf(at, piece.open, piece.last - 1, true));
+      rule.tag = text_.substr(outer.selectorStart, outer.selectorEnd - outer.selectorStart);
+      rule.modelStart = outer.blockStart;
+      rule.modelEnd = outer.blockEnd;
+      at = piece.open + 1;
+      end = piece.last - 1;
+    }
+    return rule;
   }
 
   std::string trimmedText(std::size_t first, std::size_t last) const {

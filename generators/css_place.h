@@ -8,7 +8,7 @@ namespace generators {
 
 struct CssPlace {
   enum class Kind {
-    Rule,          // selector { ... }
+    Rule,          // selector { ... }, the innermost one
     Attribute,     // the STYLE attribute of a tag
     NewRule,       // none yet: at `start`, in a sheet or a STYLE element
     NewAttribute,  // a tag without it: at `start`
@@ -33,7 +33,8 @@ struct CssPlace {
   // A rule near by, as a model for a new one: what stands between its braces.
   std::size_t modelStart = 0;
   std::size_t modelEnd = 0;
-  std::string tag;  // upper-case name of the tag, or what stands before the braces around, as "@media print"
+  std::string
+      tag;  // upper-case name of the tag, or what stands before the braces around: "@media print", "a"
   bool lowerCase = false;  // the tag's name is written so
   bool inPage = false;     // in the STYLE element of a page
 };

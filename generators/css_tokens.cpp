@@ -5,6 +5,7 @@
 #include <utility>
 
 #include "base/text.h"
+#include "editor/server_blocks.h"
 
 namespace generators {
 namespace {
@@ -59,7 +60,7 @@ Unit unitAt(std::string_view text, std::size_t at, CssSpelling spelling) {
 
 class Scanner {
  public:
-  Scanner(std::string_view text, CssSpelling spelling) : text_(text), spelling_(spelling) {}
+  Scanner(std::string_view text, CssSpelling spelling) : text_(text), spelling_(spelling), servers_(text) {}
 
   std::vector<CssToken> scan() {
     while (at_ < text_.size()) token();
@@ -110,6 +111,10 @@ class Scanner {
     std::size_t end = at_ + quote.length;
     bool closed = false;
     while (end < text_.size() && !closed) {
+      if (const std::size_t server = servers_.behind(end); server != end) {
+        end = server;
+        continue;
+      }
       const Unit now = unit(end);
       if (now.character == '\n' || now.character == '\r') break;
       closed = now.character == quote.character;
@@ -122,28 +127,17 @@ class Scanner {
     add(Kind::String, end).whole = closed;
   }
 
-  // "<? ?>" and "<% %>" as one character of a word: a server puts other text in their place.
-  std::size_t serverBlock(std::size_t at) {
-    const std::string_view open = text_.substr(at, 2);
-    if (open != "<?" && open != "<%") return kNone;
-    const bool php = open == "<?";
-    if (noServerEnd_[php]) return kNone;
-    const std::size_t end = text_.find(php ? "?>" : "%>", at + 2);
-    noServerEnd_[php] = end == kNone;
-    return end == kNone ? kNone : end + 2;
-  }
-
   bool inWord(std::size_t at) const {
     const char c = unit(at).character;
     return !isCssBlank(c) && std::string_view("\"'()[]{}:;!,@").find(c) == kNone &&
            !(c == '/' && have(at + unit(at).length, '*')) && text_.substr(at, 4) != "<!--";
   }
 
+  // The block of a server is one character of a word.
   void word() {
     std::size_t end = at_;
     while (end < text_.size() && inWord(end)) {
-      const std::size_t server = serverBlock(end);
-      if (server != kNone) {
+      if (const std::size_t server = servers_.behind(end); server != end) {
         end = server;
         continue;
       }
@@ -163,6 +157,10 @@ class Scanner {
     while (at < text_.size() && (text_[at] == ' ' || text_[at] == '\t')) ++at;
     if (have(at, '"') || have(at, '\'')) return open;
     while (at < text_.size() && text_[at] != '\n' && text_[at] != '\r') {
+      if (const std::size_t server = servers_.behind(at); server != at) {
+        at = server;
+        continue;
+      }
       const Unit now = unit(at);
       at += now.length;
       if (now.character == ')') return at;
@@ -215,9 +213,8 @@ class Scanner {
   std::string_view text_;
   CssSpelling spelling_;
   std::size_t at_ = 0;
-  // A broken text is not searched again for each end that is not there.
-  std::size_t noUrlUntil_ = 0;
-  std::array<bool, 2> noServerEnd_{};
+  std::size_t noUrlUntil_ = 0;  // a broken text is not searched again for each end that is not there
+  editor::ServerBlocks servers_;
   std::vector<CssToken> tokens_;
 };
 
@@ -231,9 +228,34 @@ std::vector<CssToken> scanCss(std::string_view text, CssSpelling spelling) {
   return Scanner(text, spelling).scan();
 }
 
+CssPiece cssPiece(std::string_view text, const std::vector<CssToken>& tokens, std::size_t first,
+                  std::size_t end) {
+  CssPiece piece;
+  const bool dashes = isCustomProperty(text.substr(tokens[first].start));
+  std::size_t behindName = first + 1;
+  while (behindName < end && tokens[behindName].filler()) ++behindName;
+  const bool custom = dashes && behindName < end && tokens[behindName].is(':');
+  std::size_t at = first;
+  for (; at < end && !tokens[at].is(';'); at = nextCssToken(tokens, at)) {
+    if (tokens[at].is(':') && piece.colon == CssToken::kAlone) piece.colon = at;
+    if (custom || !tokens[at].is('{') || tokens[at].partner == CssToken::kAlone) continue;
+    piece.open = at;
+    at = nextCssToken(tokens, at);
+    break;
+  }
+  piece.last = at;
+  return piece;
+}
+
 std::string cssFromAttribute(std::string_view raw) {
   std::string css;
+  editor::ServerBlocks servers(raw);
   for (std::size_t at = 0; at < raw.size();) {
+    if (const std::size_t server = servers.behind(at); server != at) {
+      css += raw.substr(at, server - at);
+      at = server;
+      continue;
+    }
     const Unit unit = unitAt(raw, at, CssSpelling::Attribute);
     if (unit.known) {
       css += unit.character;
@@ -249,9 +271,13 @@ std::string cssForAttribute(const std::string& css, char quote) {
   const char other = quote == '"' ? '\'' : '"';
   const bool swaps = css.find(other) == std::string::npos && css.find('\\') == std::string::npos;
   std::string raw;
+  editor::ServerBlocks servers(css);
   for (std::size_t at = 0; at < css.size(); ++at) {
     const char c = css[at];
-    if (c == quote) {
+    if (const std::size_t server = servers.behind(at); server != at) {
+      raw += css.substr(at, server - at);
+      at = server - 1;
+    } else if (c == quote) {
       raw += swaps ? std::string(1, other) : quote == '"' ? "&quot;" : "&#39;";
     } else if (c == '&' && unitAt(css, at, CssSpelling::Attribute).known) {
       raw += "&amp;";

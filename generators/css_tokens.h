@@ -36,6 +36,21 @@ struct CssToken {
 
 std::vector<CssToken> scanCss(std::string_view text, CssSpelling spelling);
 
+// One piece of what stands between braces or in an attribute: a declaration, or a rule with its own braces.
+struct CssPiece {
+  std::size_t colon = CssToken::kAlone;  // index of the first ":" outside of brackets
+  std::size_t open = CssToken::kAlone;   // index of a rule's "{"
+  std::size_t last = 0;                  // index of the ";", or behind the last token of the piece
+  bool rule() const { return open != CssToken::kAlone; }
+};
+// The piece that begins at `first`, which is no filler; it ends before the token `end` at the latest. The
+// value of a custom property ("--name:") may hold braces.
+CssPiece cssPiece(std::string_view text, const std::vector<CssToken>& tokens, std::size_t first,
+                  std::size_t end);
+inline bool isCustomProperty(std::string_view name) {
+  return name.starts_with("--");
+}
+
 // Behind the brackets that open at `index`; they count as one token when they do not close.
 inline std::size_t nextCssToken(const std::vector<CssToken>& tokens, std::size_t index) {
   const CssToken& token = tokens[index];

@@ -107,7 +107,7 @@ std::vector<ui::Rect> frameAreas(const FramesetDesign& design, const ui::Rect& a
   };
   const std::size_t outer = design.frames.size() - (shape.nested >= 0 ? 1 : 0);
   std::vector<ui::Rect> places;
-  const auto cells = cut({0, 0, kBrowser.width, kBrowser.height}, shape.outerRows, outer);
+  const auto cells = cut({0, 0, kBrowser.width, kBrowser.height}, cutInRows(design), outer);
   for (std::size_t i = 0; i < cells.size(); ++i) {
     if (static_cast<int>(i) != shape.nested) {
       places.push_back(cells[i]);

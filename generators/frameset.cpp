@@ -81,14 +81,18 @@ std::string page(std::string_view title, const HeaderText& header, const std::st
   page.lines({R"(<!DOCTYPE HTML PUBLIC "-//W3C//DTD HTML 4.0 Transitional//EN">)", "<HTML>", "<HEAD>",
               "<TITLE>" + std::string(title) + "</TITLE>", "</HEAD>"});
   page.header(header);
-  page.lines({"<BODY" + attributes + ">", "", "</BODY>", "</HTML>"});
-  return page.text();
+  page.lines({"<BODY" + attributes + ">", "", "</BODY>"});
+  return page.text() + "</HTML>";
 }
 
 }  // namespace
 
 FrameShape shapeOf(int layout) {
   return layoutOf(layout).shape;
+}
+
+bool cutInRows(const FramesetDesign& design) {
+  return shapeOf(design.layout).outerRows && !design.rows.empty();
 }
 
 FramesetDesign newDesign(int number) {
@@ -114,7 +118,7 @@ std::string framesetPage(const FramesetDesign& design, const HeaderText& header)
               "<TITLE>Frame Page</TITLE>", "</HEAD>"});
   page.header(header);
   const FrameShape shape = shapeOf(design.layout);
-  page.line(openingTag(design, shape.outerRows));
+  page.line(openingTag(design, cutInRows(design)));
   int cell = 0;
   for (std::size_t i = 0; i < design.frames.size(); ++cell) {
     if (cell != shape.nested) {

@@ -32,7 +32,7 @@ struct Frame {
 // How the frames stand in one another: the outer frameset's cells from left or top, of which one may be a
 // frameset of two frames.
 struct FrameShape {
-  bool outerRows;  // else columns
+  bool outerRows;  // as the layout begins; else columns
   int nested;      // cell that holds a frameset the other way; -1: none
 };
 
@@ -50,13 +50,16 @@ struct FramesetDesign {
 // A layout as it begins.
 FramesetDesign newDesign(int layout);
 FrameShape shapeOf(int layout);
+// The outer frameset is cut in rows: where there are none, its columns stand for them.
+bool cutInRows(const FramesetDesign& design);
 
 struct HeaderText {
   bool on = false;
   std::string text;
 };
 
-// The frameset page, and the page of one frame (or, without a layout, the single one). Lines end in CR LF.
+// The frameset page, whose lines end in CR LF, and the page of one frame (or, without a layout, the single
+// one), whose lines are joined by CR LF.
 std::string framesetPage(const FramesetDesign& design, const HeaderText& header);
 std::string framePage(const FramesetDesign& design, std::size_t frame, const HeaderText& header);
 std::string singlePage(const FramesetDesign& design, const HeaderText& header);

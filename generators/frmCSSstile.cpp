@@ -90,6 +90,7 @@ void frmCSSstile::setTexts() {
   Lselector.setCaption("&სელექტორი:");
   Lgroup.setCaption("&ჯგუფები:");
   Llist.setCaption("&თვისებები:");
+  List1.stretches = LV.stretches = Tpreview.stretches = true;
   Lvalue.setCaption("&მნიშვნელობა:");
   CKimportant.setCaption("!&important");
   Cclear.setCaption("&წაშლა");
@@ -363,7 +364,7 @@ bool frmCSSstile::refused() {
   }
   for (std::size_t i = 0; i < edit_.entries.size(); ++i) {
     const CssEntry& entry = edit_.entries[i];
-    if (!edit_.changed(i) || (fitsDeclaration(entry.value) && !spills(entry.value))) continue;
+    if (!edit_.changed(i) || (fitsDeclaration(entry.value, entry.name) && !spills(entry.value))) continue;
     say("მნიშვნელობა არ ვარგა: " + editor::shownBytes(entry.name + ": " + entry.value));
     List1.setSelected(0);
     List1_Click();

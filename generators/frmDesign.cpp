@@ -147,8 +147,10 @@ void frmDesign::showFields() {
         static_cast<ui::Control*>(&Tramwidth), static_cast<ui::Control*>(&TBframparams)}) {
     control->setEnabled(layout);
   }
-  Trows.setEnabled(!design_.rows.empty());
-  Tcols.setEnabled(!design_.cols.empty());
+  // By the layout, so that a field that was cleared can be filled again.
+  const FramesetDesign first = newDesign(design_.layout);
+  Trows.setEnabled(!first.rows.empty());
+  Tcols.setEnabled(!first.cols.empty());
   for (ui::Control* control : {static_cast<ui::Control*>(&Tname), static_cast<ui::Control*>(&Tsource),
                                static_cast<ui::Control*>(&CHfile), static_cast<ui::Control*>(&CBskrol),
                                static_cast<ui::Control*>(&CKresice)}) {
@@ -285,10 +287,12 @@ bool frmDesign::checkNames() {
   if (hasSign(design_.page.image)) return complain(kBadSign, Timage);
   if (design_.layout < 0) return true;
   if (design_.pageName.empty() || app::IsBadFileName(design_.pageName)) return complain(kBadName, TSTpage);
-  if ((!design_.rows.empty() || Trows.enabled()) && !isFrameLengths(design_.rows)) {
+  // Outer rows may be left out where there are columns, which then stand for them.
+  const bool noRows = design_.rows.empty() && shapeOf(design_.layout).outerRows && Tcols.enabled();
+  if (Trows.enabled() && !noRows && !isFrameLengths(design_.rows)) {
     return complain("სტრიქონები ასე იწერება: 64,25%,*", Trows);
   }
-  if ((!design_.cols.empty() || Tcols.enabled()) && !isFrameLengths(design_.cols)) {
+  if (Tcols.enabled() && !isFrameLengths(design_.cols)) {
     return complain("სვეტები ასე იწერება: 150,*", Tcols);
   }
   if (design_.spacing < 0) return complain("დაშორება უნდა იყოს რიცხვი 0-დან 32767-მდე.", Tramwidth);
@@ -330,6 +334,16 @@ std::int16_t frmDesign::deliver(const std::string& title, const std::string& tex
   return index;
 }
 
+// Such a file stays as it is: opening it anew would ask, and drop what was changed in it.
+bool frmDesign::isOpen(const std::string& path) const {
+  if (base::samePath(bench_.shownPath(), path)) return true;
+  app::ColectionMain& documents = bench_.documents();
+  for (std::int16_t i = 0; i < documents.Count(); ++i) {
+    if (base::samePath(documents.Item(i).filepath, path)) return true;
+  }
+  return false;
+}
+
 void frmDesign::generate() {
   const HeaderText header{bench_.props().HeaderTextOn, bench_.props().HeaderText};
   std::int16_t shown = -1;
@@ -345,7 +359,7 @@ void frmDesign::generate() {
   bench_.documentsAdded();
   // One that cannot be read must not cost the pages that are made.
   for (const Frame& frame : design_.frames) {
-    if (frame.existingFile.empty()) continue;
+    if (frame.existingFile.empty() || isOpen(frame.existingFile)) continue;
     app::guarded(bench_.platform(), [this, &frame] { bench_.ofnen(frame.existingFile); });
   }
   bench_.showDocument(shown);

@@ -81,6 +81,7 @@ class frmDesign : public ui::Form {
   bool checkNames();  // says what is wrong and leads there
   bool complain(const char* text, ui::TextBox& field, int frame = -1);
   void generate();
+  bool isOpen(const std::string& path) const;
   std::int16_t deliver(const std::string& title, const std::string& text, bool frameset);
   std::string pathInPage(const std::string& path) const;
 

@@ -36,6 +36,7 @@ frmMatrix::frmMatrix(app::Workbench& bench)
 
 void frmMatrix::setTexts() {
   setCaption("შენახული გვერდები");
+  List1.stretches = Tpreview.stretches = true;
   Cnew.setCaption("&ახალი დოკუმენტი");
   Csave.setCaption("ნაჩვენების &შენახვა...");
   Csamples.setCaption("&ნიმუშების ჩამატება");
@@ -109,8 +110,7 @@ void frmMatrix::List1_Click() {
 
 void frmMatrix::Cnew_Click() {
   const std::string name = selected();
-  const bool plain = base::extensionOf(name) == "TXT";
-  bench_.mnunewF_Click(plain ? ".TXT" : ".HTML", pages_.read(name));
+  bench_.mnunewF_Click(documentExtension(name).c_str(), pages_.read(name));
   bench_.codeView().select(0, 0);
   close();
 }
@@ -118,7 +118,8 @@ void frmMatrix::Cnew_Click() {
 void frmMatrix::Csave_Click() {
   std::string proposal;
   const std::int16_t shown = bench_.shownIndex();
-  if (shown >= 0 && bench_.documents().Item(shown).saved) proposal = bench_.documents().Item(shown).FileTitle;
+  if (shown >= 0 && bench_.documents().Item(shown).saved)
+    proposal = base::fileName(bench_.documents().Item(shown).FileTitle);
   const auto name = askName("ნაჩვენების შენახვა", proposal, kExtension);
   if (!name) return;
   if (pages_.has(*name) &&

@@ -95,6 +95,7 @@ void frmTabColor::connect() {
       if (pressed_) markCells(pointer);
     });
     PP.mouseUp.connect([this](ui::Point pointer) { takeCells(pointer); });
+    PP.otherMouseUp.connect([this](ui::Point pointer) { takeCells(pointer); });
   } else {
     PP.paint = [this](ui::Canvas& canvas) { paintPalette(canvas); };
     PP.keyDown = [this](int key) { return paletteKey(key); };

@@ -23,6 +23,7 @@ frmtempformat::frmtempformat(app::Workbench& bench, TemplateFormats& templates, 
       templates_(templates),
       changed_(std::move(changed)) {
   setCaption("Temp Formats");
+  List1.stretches = Tfor.stretches = Tnach.stretches = true;
   Lsaxeli.setCaption("&სახელი:");
   Lfor.setCaption("დასაწყ&ისი:");
   Lnach.setCaption("დასას&რული:");

@@ -14,6 +14,16 @@
 #include "resources/ids.h"
 
 namespace generators {
+namespace {
+
+constexpr std::size_t kFirstIds = mnuTFlistLast - mnuTFlist + 1;
+
+int templateCommand(std::size_t number) {
+  const auto id = number < kFirstIds ? mnuTFlist + number : mnuTFmore + (number - kFirstIds);
+  return static_cast<int>(id);
+}
+
+}  // namespace
 
 Generators::Generators(app::Workbench& bench) : bench_(bench), tableAndColor_(bench) {
   loadKept();
@@ -34,18 +44,11 @@ Generators::Generators(app::Workbench& bench) : bench_(bench), tableAndColor_(be
                   nullptr,
                   "გვერდები ფრეიმებით: განლაგება, თვისებები, ახალი დოკუმენტები"});
   app::MenuPlan::Line submenu{0, "|85|ფორ&მატები", {mnutempformat, 0}, "მონიშნულის ჩასმა საკუთარ ფორმატში"};
-  for (int id = mnuTFlist; id <= mnuTFlistLast; ++id) {
-    const auto number = static_cast<std::size_t>(id - mnuTFlist);
-    app::Command row{id, "mnuTFlist", "", {}, [this, number] { applyTemplate(number); }};
-    row.text = [this, number]() -> ui::Text {
-      if (number >= templates_.size()) return "";
-      const std::string name = base::nameFromStored(templates_[number].name);
-      return base::replaceAll(name.empty() ? " " : name, "&", "&&");
-    };
-    row.help = "ფორმატის დასაწყისი და დასასრული მონიშნულის ორივე მხარეს";
-    rows.push_back(std::move(row));
-    submenu.lines.push_back(id);
-  }
+  submenu.listed = [this] {
+    std::vector<int> ids;
+    for (std::size_t number = 0; number < templates_.size(); ++number) ids.push_back(templateCommand(number));
+    return ids;
+  };
   rows.push_back({mnuCSSstile,
                   "mnuCSSstile",
                   "|61|&CSS სტილი...",
@@ -57,6 +60,24 @@ Generators::Generators(app::Workbench& bench) : bench_(bench), tableAndColor_(be
   bench.addCommands(std::move(rows));
   bench.addMenu({app::kTagsMenu, {{mnuDesign, {}, {}}, {mnuCSSstile, {}, {}}, {0, {}, {}}, submenu}});
   addSavedPages(bench);
+  addTemplateRows();
+}
+
+// A row for each template that has none yet; those of templates that were removed wait for others.
+void Generators::addTemplateRows() {
+  std::vector<app::Command> rows;
+  for (; rows_ < templates_.size(); ++rows_) {
+    app::Command row{
+        templateCommand(rows_), "mnuTFlist", "", {}, [this, number = rows_] { applyTemplate(number); }};
+    row.text = [this, number = rows_]() -> ui::Text {
+      const std::string name = base::nameFromStored(templates_[number].name);
+      // A name is shown as it is, even one that begins like the number of an icon.
+      return "|0|" + base::replaceAll(name.empty() ? " " : name, "&", "&&");
+    };
+    row.help = "ფორმატის დასაწყისი და დასასრული მონიშნულის ორივე მხარეს";
+    rows.push_back(std::move(row));
+  }
+  bench_.addCommands(std::move(rows));
 }
 
 std::string Generators::keptFile() const {
@@ -75,6 +96,7 @@ void Generators::loadKept() {
 }
 
 void Generators::TFormatladen() {
+  addTemplateRows();
   bench_.menuTextsChanged();
   if (templates_.empty()) {
     if (base::fileExists(keptFile())) base::removeFile(keptFile());

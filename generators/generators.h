@@ -25,12 +25,14 @@ class Generators {
   std::string keptFile() const;
   void loadKept();
   void TFormatladen();  // the list changed: it is kept, and the menu follows
+  void addTemplateRows();
   void mnuDesign_Click();
   void mnutempformat_Click();
 
   app::Workbench& bench_;
   TableColorCommands tableAndColor_;
   TemplateFormats templates_;
+  std::size_t rows_ = 0;  // commands that apply a template
 };
 
 // Adds the commands to the main window; `bench` must outlive what is returned.

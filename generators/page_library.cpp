@@ -65,6 +65,11 @@ std::string_view extensionIn(std::string_view name) {
   return letter ? name.substr(dot) : std::string_view();
 }
 
+std::string documentExtension(std::string_view name) {
+  const std::string extension = base::upperAscii(extensionIn(name));
+  return extension.empty() || extension == ".HTM" ? ".HTML" : extension;
+}
+
 std::string completedName(std::string_view typed, std::string_view extension) {
   std::string name(typed);
   if (extensionIn(typed).empty() && !typed.ends_with('.')) name += extension;

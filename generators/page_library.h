@@ -31,6 +31,8 @@ class PageLibrary {
 std::string completedName(std::string_view typed, std::string_view extension);
 // The extension of a name with its "."; empty when it has none.
 std::string_view extensionIn(std::string_view name);
+// That of new documents from the page: in upper case, ".HTML" for pages by any of their names.
+std::string documentExtension(std::string_view name);
 
 // What no file can be called besides the names of app::IsBadFileName: devices, names that end in "." or
 // blank.

@@ -83,6 +83,7 @@ frmWEB::frmWEB(app::Workbench& bench) : Form("frmWEB", IDD_frmWEB), bench_(bench
   Tpname.hint = "პროექტის სახელი";
   Twebpath.hint = "პროექტის საქაღალდე";
   LV.hint = "პროექტის ფაილები";
+  LV.stretches = true;
   using enum ui::FileIcon;
   LV.icons = {{1, Page},    {2, Script}, {3, Style}, {4, Server}, {5, Other},
               {6, Picture}, {7, Text},   {8, Xml},   {9, Sound},  {10, Php}};
@@ -121,13 +122,13 @@ frmWEB::frmWEB(app::Workbench& bench) : Form("frmWEB", IDD_frmWEB), bench_(bench
     remove.enabled = LV.selected() >= 0;
     if (bench_.platform().popupMenu(items) == mnuLE) removeFile();
   });
-  addItem("Index.HTML", "");
+  addItems({{"Index.HTML", ""}});
   LV.setSelected(0);
   enableCreate();
 }
 
 std::string frmWEB::HTMLheaderi(const std::string& title) const {
-  return project::HTMLheaderi(title, bench_.props());
+  return project::HTMLheaderi(base::storedName(title), bench_.props());
 }
 
 bool frmWEB::keyPressed(const ui::Shortcut& key) {
@@ -144,25 +145,27 @@ void frmWEB::showInfo(int button) {
   LBinfo.setCaption(button == kNoButton ? ui::Text() : infoTexts()[static_cast<std::size_t>(button)]);
 }
 
-void frmWEB::addItem(const std::string& name, const std::string& source) {
+void frmWEB::addItems(const std::vector<NewItem>& added) {
+  if (added.empty()) return;
   auto items = LV.items();
-  ui::ListView::Item item;
-  item.text = name;
-  item.tag = source;
-  item.icon = source.empty() ? kNewPageIcon : fileIcon(name);
-  items.push_back(std::move(item));
+  for (const auto& [name, source] : added) {
+    ui::ListView::Item item;
+    item.text = name;
+    item.tag = source;
+    item.icon = source.empty() ? kNewPageIcon : fileIcon(name);
+    items.push_back(std::move(item));
+  }
   LV.setItems(std::move(items));
   LV.setSelected(static_cast<int>(LV.items().size()) - 1);
   LV.setFocus();
 }
 
+// Its number is the count of files before it, also where an earlier page was removed and that name is taken.
 void frmWEB::addPage() {
-  std::size_t number = LV.items().size();
-  std::string name;
-  do {
-    name = "NewPage" + std::to_string(number++) + ".HTML";
-  } while (isListed(name, -1));
-  addItem(name, "");
+  const std::string name = "NewPage" + std::to_string(LV.items().size()) + ".HTML";
+  const bool taken = isListed(name, -1);
+  addItems({{name, ""}});
+  if (taken) LBinfo.setCaption("სიაში ამ სახელის ფაილი უკვე არის, გადაარქვით (F2): " + name);
 }
 
 void frmWEB::addFiles() {
@@ -177,32 +180,38 @@ void frmWEB::addFiles() {
                     ui::IconBox::Sign::Critical);
     return;
   }
+  std::set<std::string> listed;
+  for (const auto& item : LV.items()) listed.insert(base::upperAscii(item.text.bytes));
+  std::vector<NewItem> added;
   for (const std::string& path : chosen) {
-    std::string name = base::fileName(path);
-    while (isListed(name, -1)) {
-      // Two files cannot have one name in the project's folder.
-      const std::string answer = app::messageBox(
-          bench_.platform(),
-          "სიაში ამ სახელის ფაილი უკვე არის:\r\n" + name + "\r\n\r\nგინდათ ახალი ფაილის სხვა სახელით ჩასმა?",
-          "New WEB", app::frmBOXa::Kind::YesNoCancel, ui::IconBox::Sign::Question);
-      if (answer == app::kAnswerCancel) return;
-      if (answer != app::kAnswerYes) {
-        name.clear();
-        break;
-      }
-      const auto typed = app::inputBox(bench_.platform(), "ფაილის სახელი პროექტში:", "New WEB", name);
-      if (!typed) {
-        name.clear();
-        break;
-      }
-      if (app::IsBadFileName(*typed)) {
-        app::reportBadName(bench_.platform());
-      } else {
-        name = *typed;
-      }
-    }
-    if (!name.empty()) addItem(name, path);
+    const auto name = nameFor(path, listed);
+    if (!name) break;
+    if (name->empty()) continue;
+    listed.insert(base::upperAscii(*name));
+    added.push_back({*name, path});
   }
+  addItems(added);
+}
+
+// Two files cannot have one name in the project's folder. Empty: this one stays out; nothing: so do the rest.
+std::optional<std::string> frmWEB::nameFor(const std::string& path, const std::set<std::string>& listed) {
+  std::string name = base::fileName(path);
+  while (listed.count(base::upperAscii(name)) != 0) {
+    const std::string answer = app::messageBox(
+        bench_.platform(),
+        "სიაში ამ სახელის ფაილი უკვე არის:\r\n" + name + "\r\n\r\nგინდათ ახალი ფაილის სხვა სახელით ჩასმა?",
+        "New WEB", app::frmBOXa::Kind::YesNoCancel, ui::IconBox::Sign::Question);
+    if (answer == app::kAnswerCancel) return std::nullopt;
+    if (answer != app::kAnswerYes) return "";
+    const auto typed = app::inputBox(bench_.platform(), "ფაილის სახელი პროექტში:", "New WEB", name);
+    if (!typed) return "";
+    if (app::IsBadFileName(*typed)) {
+      app::reportBadName(bench_.platform());
+    } else {
+      name = *typed;
+    }
+  }
+  return name;
 }
 
 void frmWEB::removeFile() {
@@ -221,12 +230,17 @@ void frmWEB::chooseFolder() {
 
 void frmWEB::Tpname_Change() {
   if (app::IsBadFileName(Tpname.text())) {
+    const std::string typed = Tpname.text();
+    const auto caret = static_cast<std::size_t>(std::max(Tpname.selection().start, 0));
     app::reportBadName(bench_.platform());
     std::string kept;
-    for (const char c : Tpname.text()) {
-      if (!app::IsBadFileName({&c, 1})) kept += c;
+    std::size_t place = 0;  // of the caret in what is kept
+    for (std::size_t i = 0; i < typed.size(); ++i) {
+      if (!app::IsBadFileName({&typed[i], 1})) kept += typed[i];
+      if (i < caret) place = kept.size();
     }
     Tpname.setText(kept);
+    Tpname.select(static_cast<int>(place), 0);
   }
   enableCreate();
 }
@@ -288,11 +302,12 @@ void frmWEB::create() {
   // A copy of the path: the text box may go with the dialog.
   const std::string folder = Twebpath.text();
   const std::string project = base::joinPath(folder, Tpname.text() + ".WEB");
+  std::string missing;
   if (base::folderExists(folder)) {
     bool replace = false;
     if (!mayReplace(folder, replace)) return;
     const Writing writing(writing_);  // events run meanwhile
-    writeFiles(folder, replace);
+    if (!writeFiles(folder, replace, missing)) return;
   }
   // The main window says it when the project is not there.
   if (base::fileExists(project)) {
@@ -301,53 +316,45 @@ void frmWEB::create() {
     bench_.WEB_Open(project);
   }
   close();
+  if (!missing.empty()) {
+    app::messageBox(bench_.platform(), "File not found.\r\n\r\n" + missing, "New WEB");
+  }
 }
 
-void frmWEB::writeFiles(const std::string& folder, bool replace) {
-  std::string text, failed;
-  const std::string project = base::joinPath(folder, Tpname.text() + ".WEB");
-  const auto step = [&failed](const std::string& name, const std::function<void()>& action) {
-    try {
-      action();
-    } catch (const std::exception& error) {
-      failed += name + ": " + error.what() + "\r\n";
+// The list's own order, its first entry as start page. A source that has gone is not named.
+std::string frmWEB::projectText(std::string& missing) const {
+  std::string text;
+  for (const auto& item : LV.items()) {
+    if (!item.tag.empty() && !base::fileExists(item.tag)) {
+      missing.append(item.tag).append(base::kCrLf);
+    } else {
+      text.append(base::storedName(item.text.bytes)).append(base::kCrLf);
     }
-  };
+  }
+  return text.append("STOPF=").append(base::storedName(LV.items().front().text.bytes)).append(base::kCrLf);
+}
+
+// Throws base::Error at the first file that cannot be written: what is written already stays. False: the user
+// stopped it.
+bool frmWEB::writeFiles(const std::string& folder, bool replace, std::string& missing) {
+  const auto wanted = [replace](const std::string& target) { return replace || !base::fileExists(target); };
   app::Progress progress(
       bench_.platform(), [this](const std::string& line) { LBinfo.setCaption(line); }, LV.items().size());
+  const std::string text = projectText(missing);
+  const std::string project = base::joinPath(folder, Tpname.text() + ".WEB");
+  if (wanted(project)) base::writeFile(project, text);
   for (const auto& item : LV.items()) {
     const std::string& name = item.text.bytes;
-    if (!progress.step(name)) {
-      failed += "შეწყვეტილია.\r\n";
-      break;
-    }
+    if (!progress.step(name)) return false;
     const std::string target = base::joinPath(folder, name);
-    const bool gone = !item.tag.empty() && !base::fileExists(item.tag);
-    if (gone) {
-      failed += name + ": ფაილი ვერ მოიძებნა: " + item.tag + "\r\n";
-      continue;  // nor is it named in the project
-    }
-    text.append(base::storedName(name)).append(base::kCrLf);
-    if (replace || !base::fileExists(target)) {
-      step(name, [&] {
-        if (item.tag.empty()) {
-          base::writeFile(target, HTMLheaderi(name).append(base::kCrLf));
-        } else {
-          base::copyFile(item.tag, target);
-        }
-      });
+    if (!wanted(target)) continue;
+    if (item.tag.empty()) {
+      base::writeFile(target, HTMLheaderi(name).append(base::kCrLf));
+    } else if (base::fileExists(item.tag)) {
+      base::copyFile(item.tag, target);
     }
   }
-  // The list's own order, its first entry as start page.
-  text.append("STOPF=").append(base::storedName(LV.items().front().text.bytes)).append(base::kCrLf);
-  if (replace || !base::fileExists(project))
-    step(base::fileName(project), [&] { base::writeFile(project, text); });
-  if (!failed.empty()) {
-    app::messageBox(bench_.platform(),
-                    "Error!!\r\nError:N: " +
-                        std::to_string(static_cast<int>(base::ErrorNumber::DeviceError)) + "\r\n" + failed,
-                    "ERROR!!!", app::frmBOXa::Kind::Message, ui::IconBox::Sign::Critical);
-  }
+  return true;
 }
 
 }  // namespace project

@@ -3,6 +3,8 @@
 
 #include <array>
 #include <memory>
+#include <optional>
+#include <set>
 #include <string>
 #include <vector>
 
@@ -38,7 +40,11 @@ class frmWEB : public ui::Form {
   void removeFile();
   void chooseFolder();
   void create();
-  void addItem(const std::string& name, const std::string& source);
+  struct NewItem {
+    std::string name, source;  // no source: a new page
+  };
+  void addItems(const std::vector<NewItem>& added);
+  std::optional<std::string> nameFor(const std::string& path, const std::set<std::string>& listed);
   bool LV_AfterLabelEdit(int row, std::string& text);
   void Tpname_Change();
   void enableCreate();
@@ -46,7 +52,8 @@ class frmWEB : public ui::Form {
   bool isListed(const std::string& name, int except) const;
   // What to do with files of the project folder that would be replaced. False: the user cancelled.
   bool mayReplace(const std::string& folder, bool& replace) const;
-  void writeFiles(const std::string& folder, bool replace);
+  bool writeFiles(const std::string& folder, bool replace, std::string& missing);
+  std::string projectText(std::string& missing) const;
 
   app::Workbench& bench_;
   bool writing_ = false;  // files are being made: nothing else is done until Esc or the end

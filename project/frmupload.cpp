@@ -25,6 +25,7 @@ std::string nameOf(const std::string& line) {
 frmupload::frmupload(app::Workbench& bench, ui::Ftp& ftp)
     : Form("frmupload", IDD_frmupload), bench_(bench), ftp_(ftp) {
   setCaption("FTP Upload");
+  Tinf.stretches = List1.stretches = true;
   Laccount.setCaption("FTP &Account :");
   Lfile.setCaption("faili"_keyboard);
   Cfile.setCaption("...");

@@ -63,6 +63,7 @@ frmrecentfile::frmrecentfile(app::Workbench& bench)
   CKonstart.setCaption("siis Ceveneba programis startisas"_keyboard);
   CKonstart.setChecked(bench.props().ShowAtStart > 0);
   LV.hint = "ბოლო ფაილები";
+  LV.stretches = true;
   LV.columns = {{"ფაილი", 110}, {"საქაღალდე", 190}};
   std::vector<ui::ListView::Item> items;
   for (const std::string& path : recentPaths(bench.platform().programFolder())) {

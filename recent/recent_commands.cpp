@@ -1,5 +1,9 @@
 #include "recent/recent_commands.h"
 
+#include <memory>
+#include <string>
+#include <vector>
+
 #include "app/mdlsaerto.h"
 #include "app/menu_names.h"
 #include "base/files.h"
@@ -13,7 +17,7 @@ namespace {
 
 using ui::operator""_keyboard;
 
-constexpr int kInMenu = 9;
+constexpr std::size_t kInMenu = 9;
 
 void openPath(app::Workbench& bench, const std::string& path) {
   if (path.empty()) return;
@@ -24,19 +28,28 @@ void openPath(app::Workbench& bench, const std::string& path) {
   }
 }
 
-std::string entry(app::Workbench& bench, int number) {
-  const auto paths = recentPaths(bench.platform().programFolder());
-  return number < static_cast<int>(paths.size()) ? paths[static_cast<std::size_t>(number)] : "";
-}
-
 }  // namespace
 
 void attach(app::Workbench& bench) {
-  bench.documentOpened.connect([&bench](const std::string& path) {
-    addRecent(bench.platform().programFolder(), path);
+  // What the menu shows is also what its lines open, whatever has become of the list meanwhile.
+  const auto inMenu = std::make_shared<std::vector<std::string>>();
+  const auto refresh = [&bench, inMenu] {
+    *inMenu = recentPaths(bench.platform().programFolder());
     bench.menuTextsChanged();
+  };
+  const auto entry = [inMenu](std::size_t number) {
+    return number < inMenu->size() ? (*inMenu)[number] : std::string();
+  };
+  refresh();
+  bench.documentOpened.connect([&bench, refresh](const std::string& path) {
+    addRecent(bench.platform().programFolder(), path);
+    refresh();
   });
-  const auto show = [&bench] { openPath(bench, recentopen(bench)); };
+  const auto show = [&bench, refresh] {
+    const std::string chosen = recentopen(bench);
+    refresh();
+    openPath(bench, chosen);
+  };
   bench.startUp.connect(show);
 
   std::vector<app::Command> rows = {{mnurecentfile,
@@ -48,16 +61,17 @@ void attach(app::Workbench& bench) {
                                      nullptr,
                                      "ბოლოს გახსნილი ფაილების სია"}};
   app::MenuPlan plan{app::kFileMenu, {{0, {}, {}}, {mnurecentfile, {}, {}}}};
-  for (int i = 0; i < kInMenu; ++i) {
-    app::Command row{mnurecent1 + i, "mnurecent", "", {}, [&bench, i] { openPath(bench, entry(bench, i)); }};
-    row.text = [&bench, i]() -> ui::Text {
-      const std::string path = entry(bench, i);
+  for (std::size_t i = 0; i < kInMenu; ++i) {
+    const int id = mnurecent1 + static_cast<int>(i);
+    app::Command row{id, "mnurecent", "", {}, [&bench, entry, i] { openPath(bench, entry(i)); }};
+    row.text = [entry, i]() -> ui::Text {
+      const std::string path = entry(i);
       if (path.empty()) return "";
       return "&" + std::to_string(i + 1) + " " + base::replaceAll(path, "&", "&&");
     };
     row.help = "ბოლოს გახსნილი ფაილის გახსნა";
     rows.push_back(std::move(row));
-    plan.lines.push_back({mnurecent1 + i, {}, {}});
+    plan.lines.push_back({id, {}, {}});
   }
   bench.addCommands(std::move(rows));
   bench.addMenu(plan);

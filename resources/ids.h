@@ -30,6 +30,7 @@
 #define IDC_frmBOXa_Cno 1106
 #define IDC_frmBOXa_CEXIT 1107
 #define IDC_frmBOXa_Picon 1108
+#define IDC_frmBOXa_Tlist 1109
 
 // Russian keyboard map
 #define IDD_frmrusaso 1200
@@ -106,6 +107,7 @@
 #define mnutempformat 40820
 #define mnuTFlist 40821     // the first template in the menu
 #define mnuTFlistLast 40899
+#define mnuTFmore 4000      // the next, and so on: as many as a file can hold, ..36688
 
 // CSS style builder
 #define IDD_frmCSSstile 2000

@@ -27,6 +27,7 @@ constexpr ui::Shortcut kLeave{ui::kKeyEscape, false, false, false};
 
 frmsuch::frmsuch(app::Workbench& bench) : Form("frmsuch", IDD_frmsuch), bench_(bench), T1_(bench.codeView()) {
   setCaption("Suchen");
+  Text1.stretches = Tcvla.stretches = List1.stretches = true;
   LBfind.setCaption("საძიებელი ტექსტი");
   LBreplace.setCaption("შემცვლელი ტექსტი");
   LBscope.setCaption("სად");

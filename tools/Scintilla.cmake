@@ -5,6 +5,13 @@ if(NOT EXISTS ${ZERVO_SCINTILLA}/scintilla/src/Editor.cxx)
   message(FATAL_ERROR "no sources in ${ZERVO_SCINTILLA}: run tools/setup")
 endif()
 
+# Its licence with the version, for the about box and the downloads.
+file(STRINGS ${ZERVO_SOURCES}/scite.version ZERVO_SCITE_VERSION LIMIT_COUNT 1)
+file(READ ${ZERVO_SCINTILLA}/scintilla/License.txt scintilla_licence)
+file(CONFIGURE OUTPUT licences/LICENSE-Scintilla.txt @ONLY NEWLINE_STYLE LF CONTENT
+     "Scintilla and Lexilla, which are the code view, from Debian's package scite @ZERVO_SCITE_VERSION@\n\n@scintilla_licence@\n")
+message(STATUS "Scintilla: scite ${ZERVO_SCITE_VERSION}")
+
 file(GLOB scintilla_sources ${ZERVO_SCINTILLA}/scintilla/src/*.cxx)
 foreach(name PlatWin HanjaDic ScintillaWin)
   list(APPEND scintilla_sources ${ZERVO_SCINTILLA}/scintilla/win32/${name}.cxx)

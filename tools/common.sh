@@ -46,7 +46,7 @@ build_preset() {
   local preset=$1 log="$zervo_build/logs/build-$1.log" start=$SECONDS
   shift
   mkdir -p "$zervo_build/logs"
-  if (cd "$zervo_top" && cmake --preset "$preset" -B "$zervo_build/$preset" &&
+  if (cd "$zervo_top" && cmake --preset "$preset" -B "$zervo_build/$preset" -DZERVO_SOURCES="$zervo_build/sources" &&
       cmake --build "$zervo_build/$preset" -j "$zervo_jobs" ${1:+--target "$@"}) >"$log" 2>&1; then
     say "built $preset in $((SECONDS - start)) s"
   else

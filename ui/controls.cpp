@@ -127,6 +127,7 @@ void ListView::userEdit(int row, std::string text) {
   if (rowIn(items_, row) < 0 || !labelEdited || !labelEdited(row, text)) return;
   items_[static_cast<std::size_t>(row)].text = std::move(text);
   tell(Aspect::Items);
+  tell(Aspect::Selection);
 }
 
 void TreeView::setNodes(std::vector<Node> nodes) {

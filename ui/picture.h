@@ -74,6 +74,7 @@ class PictureBox : public Control {
   Signal<Point> mouseDown;  // left button
   Signal<Point> mouseMove;  // also outside the picture while the button is down
   Signal<Point> mouseUp;
+  Signal<Point> otherMouseUp;  // a button that is neither the left nor the right one
   Signal<Point> doubleClicked;
   Signal<> mouseLeft;  // the pointer is elsewhere
   // A virtual-key number pressed while the picture has the keyboard; true: used, else the dialog has it

@@ -59,7 +59,8 @@ class Platform {
   virtual std::string registryValue(std::string_view section, std::string_view key) const = 0;
   virtual void setRegistryValue(std::string_view section, std::string_view key, std::string_view value) = 0;
 
-  virtual void setClipboard(const TextClip& clip) = 0;  // nothing in it: the clipboard is emptied
+  // Letters alone: a text that is no document's. Nothing in it: the clipboard is emptied.
+  virtual void setClipboard(const TextClip& clip) = 0;
   virtual bool clipboardHasText() const = 0;
 
   virtual bool darkColours() const { return false; }  // the user has chosen dark windows
@@ -82,7 +83,8 @@ class Platform {
   virtual bool startProcess(std::string_view commandLine) = 0;
   // What F1 does in the windows of forms.
   virtual void onHelp(const std::function<void(const Form& form)>&) {}
-  virtual void showHelpFile(std::string_view path, std::string_view topic) = 0;  // empty topic: default page
+  // Empty topic: the default page. False: this machine has no viewer, or nothing that shows pages in it.
+  virtual bool showHelpFile(std::string_view path, std::string_view topic) = 0;
 };
 
 // The hourglass for the length of a block.

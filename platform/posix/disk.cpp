@@ -83,6 +83,11 @@ std::string tempFolder() {
   return fs::temp_directory_path().string();
 }
 
+std::string fullPath(std::string_view path) {
+  if (path.empty() || path.front() == '/') return std::string(path);
+  return fs::absolute(native(path)).string();
+}
+
 void pause(int milliseconds) {
   std::this_thread::sleep_for(std::chrono::milliseconds(milliseconds));
 }

@@ -52,9 +52,9 @@ void put(UINT format, const void* data, std::size_t size) {
 void putClip(HWND owner, const ui::TextClip& clip) {
   const OpenedClipboard clipboard(owner);
   EmptyClipboard();
-  if (clip.bytes.empty()) return;
   const std::wstring letters = wideFromUtf8(clip.letters);
-  put(CF_UNICODETEXT, letters.c_str(), (letters.size() + 1) * sizeof(wchar_t));
+  if (!letters.empty()) put(CF_UNICODETEXT, letters.c_str(), (letters.size() + 1) * sizeof(wchar_t));
+  if (clip.bytes.empty()) return;
   put(CF_TEXT, clip.bytes.c_str(), clip.bytes.size() + 1);
   const OwnHeader header{clip.bytes.size(), clip.source, GetCurrentProcessId(), clip.form};
   std::string own(sizeof header, '\0');

@@ -9,6 +9,7 @@
 
 #include "base/error.h"
 #include "base/path.h"
+#include "base/text.h"
 #include "platform/win32/strings.h"
 
 namespace win32 {
@@ -22,18 +23,12 @@ std::wstring ask(HWND owner, const ui::FileDialog& dialog, bool open) {
   answer.resize(kAnswerSize);
   const std::wstring filter = filterPieces(dialog.filter);
   const std::wstring title = wideFromText(dialog.title);
-  // A name typed without extension gets that of the chosen filter.
-  const std::size_t pattern = dialog.filter.find("|*.");
-  const std::wstring extension =
-      pattern == std::string::npos
-          ? std::wstring()
-          : wideFromUtf8(dialog.filter.substr(pattern + 3,
-                                              dialog.filter.find_first_of("|;", pattern + 3) - pattern - 3));
+  const FilterChoice choice = filterFor(dialog.filter, open ? std::string() : dialog.name);
   OPENFILENAMEW request{};
   request.lStructSize = sizeof request;
   request.hwndOwner = owner;
   request.lpstrFilter = filter.c_str();
-  request.nFilterIndex = 1;
+  request.nFilterIndex = choice.index;
   request.lpstrFile = answer.data();
   request.nMaxFile = static_cast<DWORD>(answer.size());
   request.lpstrTitle = title.empty() ? nullptr : title.c_str();
@@ -42,7 +37,7 @@ std::wstring ask(HWND owner, const ui::FileDialog& dialog, bool open) {
   request.Flags = OFN_EXPLORER | OFN_HIDEREADONLY | OFN_NOCHANGEDIR | OFN_ENABLESIZING | OFN_PATHMUSTEXIST;
   request.Flags |= open ? OFN_FILEMUSTEXIST : OFN_OVERWRITEPROMPT;
   if (dialog.multiple) request.Flags |= OFN_ALLOWMULTISELECT;
-  if (!open && extension != L"*") request.lpstrDefExt = extension.c_str();
+  if (!open) request.lpstrDefExt = choice.extension.c_str();
   if ((open ? GetOpenFileNameW(&request) : GetSaveFileNameW(&request)) == 0) {
     const DWORD error = CommDlgExtendedError();
     if (error == FNERR_BUFFERTOOSMALL) {
@@ -61,6 +56,23 @@ std::wstring filterPieces(const std::string& filter) {
   std::replace(pieces.begin(), pieces.end(), L'|', L'\0');
   pieces += std::wstring(2, L'\0');
   return pieces;
+}
+
+FilterChoice filterFor(const std::string& filter, const std::string& name) {
+  const std::vector<std::string> pieces = base::split(filter, "|");
+  const std::string wanted = "*." + base::extensionOf(name);
+  FilterChoice first{1, {}};
+  for (std::size_t i = 1; i < pieces.size(); i += 2) {
+    const std::vector<std::string> patterns = base::split(pieces[i], ";");
+    const std::string& main = patterns[0];
+    const FilterChoice choice{static_cast<DWORD>(i / 2 + 1),
+                              main.starts_with("*.") && main != "*.*" ? wideFromUtf8(main.substr(2)) : L""};
+    if (i == 1) first = choice;
+    for (const std::string& pattern : patterns) {
+      if (base::equalNoCase(pattern, wanted)) return choice;
+    }
+  }
+  return first;
 }
 
 std::vector<std::string> pathsOfAnswer(const std::wstring& answer) {

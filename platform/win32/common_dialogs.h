@@ -18,6 +18,12 @@ std::optional<base::Color> pickColor(HWND owner, base::Color first);
 
 // "A(*.a)|*.a|B|*.b" as the dialogs want it: NUL behind each piece, one more at the end.
 std::wstring filterPieces(const std::string& filter);
+// The pair of a filter that is for files named so, else the first one; 1 for the first.
+struct FilterChoice {
+  DWORD index;
+  std::wstring extension;  // what a name without one gets; empty: nothing
+};
+FilterChoice filterFor(const std::string& filter, const std::string& name);
 // What a dialog for several files answers: one path, or a folder and names behind NULs.
 std::vector<std::string> pathsOfAnswer(const std::wstring& answer);
 

@@ -29,6 +29,7 @@ class ControlPeer : public ui::Peer {
   virtual void onCommand(int /*code*/) {}
   virtual LRESULT onNotify(const NMHDR&) { return 0; }
   virtual void dpiChanged(int /*dpi*/) {}
+  virtual void placed() {}  // the window has another place or size
   // A message for a window inside the control, before the dialog sees it; true: it is done with.
   virtual bool translate(MSG&) { return false; }
   // A key pressed in the control, before the dialog looks at it; true: used.

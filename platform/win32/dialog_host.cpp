@@ -1,6 +1,7 @@
 #include "platform/win32/dialog_host.h"
 
 #include <algorithm>
+#include <cstdio>
 
 #include "base/error.h"
 #include "platform/win32/button_peers.h"
@@ -11,6 +12,7 @@
 #include "platform/win32/picture_peer.h"
 #include "platform/win32/pointer.h"
 #include "platform/win32/pressed_key.h"
+#include "platform/win32/registry.h"
 #include "platform/win32/strings.h"
 #include "ui/controls.h"
 #include "ui/mnemonics.h"
@@ -18,6 +20,14 @@
 namespace win32 {
 
 namespace {
+
+constexpr const char* kSizes = "dialogs";  // section of the registry; one value a form: "width height"
+
+bool canBeSized(const ui::Form& form) {
+  const auto& controls = form.controls();
+  return std::any_of(controls.begin(), controls.end(),
+                     [](const ui::Control* control) { return control->stretches && control->visible(); });
+}
 
 std::function<void(const ui::Form&)>& help() {
   static std::function<void(const ui::Form&)> wanted;
@@ -32,7 +42,7 @@ void setHelp(std::function<void(const ui::Form&)> wanted) {
 
 DialogHost::DialogHost(ui::Form& form, HWND owner, Kind kind) : form_(form), kind_(kind) {
   registerPictureClass();
-  const std::vector<WORD> dialog = dialogTemplate(form.id(), wideFromUtf8(form.name()));
+  const std::vector<WORD> dialog = dialogTemplate(form.id(), wideFromUtf8(form.name()), canBeSized(form));
   window_ = CreateDialogIndirectParamW(GetModuleHandleW(nullptr),
                                        reinterpret_cast<const DLGTEMPLATE*>(dialog.data()), owner, procedure,
                                        reinterpret_cast<LPARAM>(this));
@@ -73,9 +83,41 @@ void DialogHost::bind() {
     SendMessageW(window_, DM_SETDEFID, static_cast<WPARAM>(form_.defaultButton->id()), 0);
   }
   layout_.emplace(window_, peers_);
-  layout_->arrange();
+  takeKeptSize();
+  layout_->arrange(wantedSize());
   ready_ = true;
-  heightChanged();
+}
+
+// In 1/96 inch, beyond what the controls need.
+void DialogHost::takeKeptSize() {
+  if (!canBeSized(form_)) return;
+  const std::string kept = registryValue(kSizes, form_.name());
+  int width = 0;
+  int height = 0;
+  if (std::sscanf(kept.c_str(), "%d %d", &width, &height) != 2) return;
+  // The screen may be a smaller one today.
+  MONITORINFO monitor{};
+  monitor.cbSize = sizeof monitor;
+  GetMonitorInfoW(MonitorFromWindow(window_, MONITOR_DEFAULTTONEAREST), &monitor);
+  RECT frame;
+  GetWindowRect(window_, &frame);
+  const auto fit = [](int wanted, LONG room) { return std::clamp<LONG>(wanted, 0, std::max<LONG>(0, room)); };
+  const RECT& work = monitor.rcWork;
+  layout_->setExtra({fit(scaled(width, dpi_), work.right - work.left - (frame.right - frame.left)),
+                     fit(scaled(height, dpi_), work.bottom - work.top - (frame.bottom - frame.top))});
+  kept_ = layout_->extra();
+}
+
+void DialogHost::keepSize(HWND window) {
+  if (!layout_ || !canBeSized(form_) || IsZoomed(window) != 0) return;
+  const SIZE now = layout_->extra();
+  if (now.cx == kept_.cx && now.cy == kept_.cy) return;
+  const auto inUnits = [this](LONG pixels) { return std::to_string(MulDiv(pixels, kBaseDpi, dpi_)); };
+  try {
+    setRegistryValue(kSizes, form_.name(), inUnits(now.cx) + " " + inUnits(now.cy));
+  } catch (const base::Error&) {
+    // The next time it comes up as it was made.
+  }
 }
 
 // Many captions are kept without a letter; the keyboard gets one all the same.
@@ -219,16 +261,19 @@ INT_PTR DialogHost::handle(UINT message, WPARAM wParam, LPARAM lParam) {
                         menuCharacter(reinterpret_cast<HMENU>(lParam), static_cast<wchar_t>(LOWORD(wParam))));
       return TRUE;
     case WM_SIZE:
-      if (ready_) layout_->stretch();
+      if (ready_) layout_->sized();
+      return FALSE;
+    case WM_GETMINMAXINFO:
+      if (ready_ && canBeSized(form_)) layout_->limit(*reinterpret_cast<MINMAXINFO*>(lParam));
       return FALSE;
     case kLayoutMessage:
       if (ready_) layOut(wParam);
       return TRUE;
     case WM_DPICHANGED: {
-      const int dpi = HIWORD(wParam);
+      int dpi = HIWORD(wParam);
       for (const auto& peer : peers_) peer->dpiChanged(dpi);
-      layout_->dpiChanged(dpi_, dpi);
-      dpi_ = dpi;
+      std::swap(dpi_, dpi);
+      layout_->dpiChanged(dpi, dpi_, wantedSize());
       return FALSE;
     }
     default:
@@ -244,11 +289,8 @@ void DialogHost::layOut(WPARAM held) {
     layoutHeld_ = false;
     SendMessageW(window_, WM_SETREDRAW, TRUE, 0);
   }
-  // A window that the user has sized keeps its size.
-  const bool sized = (GetWindowLongPtrW(window_, GWL_STYLE) & WS_THICKFRAME) != 0;
-  if (layoutHeld_ || sized) return;
-  layout_->arrange();
-  heightChanged();
+  if (layoutHeld_) return;
+  layout_->arrange(wantedSize());
   if (held == kReleaseLayout) {
     RedrawWindow(window_, nullptr, nullptr, RDW_ERASE | RDW_FRAME | RDW_INVALIDATE | RDW_ALLCHILDREN);
   }
@@ -258,15 +300,12 @@ void DialogHost::captionChanged() {
   SetWindowTextW(window_, wideFromText(form_.caption()).c_str());
 }
 
+SIZE DialogHost::wantedSize() const {
+  return {scaled(form_.width, dpi_), scaled(form_.height(), dpi_)};
+}
+
 void DialogHost::heightChanged() {
-  if (!ready_ || (form_.height() <= 0 && form_.width <= 0)) return;
-  RECT frame;
-  GetWindowRect(window_, &frame);
-  const auto wanted = [this](int told, LONG is) {
-    return told > 0 ? scaled(told, dpi_) : static_cast<int>(is);
-  };
-  SetWindowPos(window_, nullptr, 0, 0, wanted(form_.width, frame.right - frame.left),
-               wanted(form_.height(), frame.bottom - frame.top), SWP_NOMOVE | SWP_NOZORDER | SWP_NOACTIVATE);
+  if (ready_) layout_->arrange(wantedSize());
 }
 
 void DialogHost::close() {
@@ -281,6 +320,7 @@ void DialogHost::destroy() {
   const HWND window = std::exchange(window_, nullptr);
   if (window == nullptr) return;
   ready_ = false;
+  keepSize(window);
   form_.detach();
   // The peers themselves stay: one of them may be what brought us here.
   for (const auto& peer : peers_) peer->detach();

@@ -38,6 +38,9 @@ class DialogHost final : private ui::FormPeer {
   void command(int id, int code);
   ControlPeer* peerOf(HWND window) const;
   void layOut(WPARAM held);
+  SIZE wantedSize() const;  // by the form, of the whole window; 0: as its controls need
+  void takeKeptSize();
+  void keepSize(HWND window);
   void destroy();
 
   void captionChanged() override;
@@ -51,6 +54,7 @@ class DialogHost final : private ui::FormPeer {
   int dpi_ = 0;
   bool ready_ = false;
   bool layoutHeld_ = false;
+  SIZE kept_{};  // what the registry has of the user's size
   std::vector<std::unique_ptr<ControlPeer>> peers_;
   std::optional<DialogLayout> layout_;
   std::optional<LoopWindow> loop_;

@@ -2,60 +2,122 @@
 
 #include <algorithm>
 
+#include "platform/win32/dialog_growth.h"
 #include "ui/controls.h"
 
 namespace win32 {
 
-struct DialogLayout::Places {
-  std::map<HWND, RECT> of;
-  SIZE client;
-
-  // Everything at or below `from` moves by `by`, and the window's lower edge with it.
-  void shift(int from, int by) {
-    for (auto& [window, place] : of) {
-      if (place.top >= from) OffsetRect(&place, 0, by);
-    }
-    client.cy += by;
+// Everything at or below `from` moves by `by`, and the window's lower edge with it.
+void DialogLayout::Places::shift(int from, int by) {
+  for (auto& [window, place] : of) {
+    if (place.top >= from) OffsetRect(&place, 0, by);
   }
-};
+  client.cy += by;
+}
 
 DialogLayout::DialogLayout(HWND dialog, const std::vector<std::unique_ptr<ControlPeer>>& peers)
     : dialog_(dialog), peers_(peers) {
-  for (const auto& peer : peers_) {
+  for (HWND window = GetWindow(dialog, GW_CHILD); window != nullptr;
+       window = GetWindow(window, GW_HWNDNEXT)) {
+    // Names for screen readers are windows too, but never seen.
+    if (peerOf(window) == nullptr && (GetWindowLongPtrW(window, GWL_STYLE) & WS_VISIBLE) == 0) continue;
     RECT place;
-    GetWindowRect(peer->window(), &place);
+    GetWindowRect(window, &place);
     MapWindowPoints(nullptr, dialog_, reinterpret_cast<POINT*>(&place), 2);
-    places_[peer->window()] = place;
+    template_.of[window] = place;
   }
   RECT client;
   GetClientRect(dialog_, &client);
-  client_ = {client.right, client.bottom};
+  template_.client = {client.right, client.bottom};
+  arranged_ = template_;
 }
 
-void DialogLayout::dpiChanged(int from, int to) {
+void DialogLayout::dpiChanged(int from, int to, SIZE window) {
   const auto scale = [from, to](LONG& value) { value = MulDiv(value, to, from); };
-  for (auto& [window, place] : places_) {
+  for (auto& [child, place] : template_.of) {
     scale(place.left);
     scale(place.top);
     scale(place.right);
     scale(place.bottom);
   }
-  scale(client_.cx);
-  scale(client_.cy);
-  arrange();
+  for (SIZE* size : {&template_.client, &extra_}) {
+    scale(size->cx);
+    scale(size->cy);
+  }
+  arrange(window);
 }
 
-void DialogLayout::stretch() const {
+bool DialogLayout::stretches() const {
+  return std::any_of(peers_.begin(), peers_.end(),
+                     [](const auto& peer) { return peer->model().stretches && peer->model().visible(); });
+}
+
+SIZE DialogLayout::border() const {
+  RECT client;
+  RECT frame;
+  GetClientRect(dialog_, &client);
+  GetWindowRect(dialog_, &frame);
+  return {frame.right - frame.left - client.right, frame.bottom - frame.top - client.bottom};
+}
+
+const ControlPeer* DialogLayout::peerOf(HWND window) const {
+  for (const auto& peer : peers_) {
+    if (peer->window() == window) return peer.get();
+  }
+  return nullptr;
+}
+
+void DialogLayout::sized() {
+  if (arranging_ || IsIconic(dialog_) != 0) return;
   RECT client;
   GetClientRect(dialog_, &client);
-  for (const auto& peer : peers_) {
-    if (!peer->model().stretches) continue;
-    const RECT& place = places_.at(peer->window());
-    SetWindowPos(peer->window(), nullptr, 0, 0,
-                 std::max<LONG>(0, place.right - place.left + client.right - client_.cx),
-                 std::max<LONG>(0, place.bottom - place.top + client.bottom - client_.cy),
-                 SWP_NOMOVE | SWP_NOZORDER | SWP_NOACTIVATE);
+  extra_ = {std::max<LONG>(0, client.right - arranged_.client.cx),
+            std::max<LONG>(0, client.bottom - arranged_.client.cy)};
+  place();
+}
+
+void DialogLayout::limit(MINMAXINFO& limits) const {
+  const SIZE around = border();
+  limits.ptMinTrackSize = {arranged_.client.cx + around.cx, arranged_.client.cy + around.cy};
+  if (!stretches()) limits.ptMaxTrackSize = limits.ptMinTrackSize;
+}
+
+void DialogLayout::place() const {
+  std::vector<GrowingPlace> places;
+  std::vector<HWND> windows;
+  for (const auto& [window, rect] : arranged_.of) {
+    const ControlPeer* const peer = peerOf(window);
+    if (peer != nullptr && !peer->model().visible()) {
+      SetWindowPos(window, nullptr, rect.left, rect.top, rect.right - rect.left, rect.bottom - rect.top,
+                   SWP_NOZORDER | SWP_NOACTIVATE);
+      continue;
+    }
+    using Kind = GrowingPlace::Kind;
+    Kind kind = Kind::Widens;  // lines between groups of controls have no model
+    if (peer != nullptr) {
+      const ui::Control& model = peer->model();
+      const auto is = [&model]<class Model>(const Model*) {
+        return dynamic_cast<const Model*>(&model) != nullptr;
+      };
+      const bool widens = is(static_cast<ui::Label*>(nullptr)) || is(static_cast<ui::TextBox*>(nullptr)) ||
+                          is(static_cast<ui::ComboBox*>(nullptr)) ||
+                          is(static_cast<ui::ProgressBar*>(nullptr));
+      kind = model.stretches                         ? Kind::Stretches
+             : is(static_cast<ui::Button*>(nullptr)) ? Kind::Button
+             : widens                                ? Kind::Widens
+                                                     : Kind::Rigid;
+    }
+    places.push_back({kind, rect});
+    windows.push_back(window);
   }
+  growPlaces(places, stretches() ? extra_ : SIZE{});
+  for (std::size_t i = 0; i < windows.size(); ++i) {
+    const RECT& to = places[i].place;
+    SetWindowPos(windows[i], nullptr, to.left, to.top, to.right - to.left, to.bottom - to.top,
+                 SWP_NOZORDER | SWP_NOACTIVATE);
+  }
+  for (const auto& peer : peers_) peer->placed();
+  InvalidateRect(dialog_, nullptr, TRUE);
 }
 
 int DialogLayout::measuredHeight(HWND label, int width) const {
@@ -103,7 +165,8 @@ void DialogLayout::closeGaps(Places& places) const {
     int next = places.client.cy;
     for (const auto& peer : peers_) {
       const RECT& other = places.of[peer->window()];
-      if (peer->window() == window) continue;
+      // The sign of a message stands beside its text, whichever control shows that.
+      if (peer->window() == window || dynamic_cast<const ui::IconBox*>(&peer->model()) != nullptr) continue;
       needed = needed || (peer->model().visible() && other.top < gap.bottom && other.bottom > gap.top);
       if (other.top >= gap.bottom) next = std::min<int>(next, other.top);
     }
@@ -138,23 +201,21 @@ void DialogLayout::packButtons(Places& places) const {
   }
 }
 
-void DialogLayout::arrange() const {
-  Places places{places_, client_};
-  growLabels(places);
-  closeGaps(places);
-  packButtons(places);
-  for (const auto& [window, place] : places.of) {
-    SetWindowPos(window, nullptr, place.left, place.top, place.right - place.left, place.bottom - place.top,
-                 SWP_NOZORDER | SWP_NOACTIVATE);
-  }
-  RECT client;
-  RECT frame;
-  GetClientRect(dialog_, &client);
-  GetWindowRect(dialog_, &frame);
-  SetWindowPos(dialog_, nullptr, 0, 0, frame.right - frame.left + places.client.cx - client.right,
-               frame.bottom - frame.top + places.client.cy - client.bottom,
-               SWP_NOMOVE | SWP_NOZORDER | SWP_NOACTIVATE);
-  InvalidateRect(dialog_, nullptr, TRUE);
+void DialogLayout::arrange(SIZE window) {
+  arranged_ = template_;
+  closeGaps(arranged_);
+  growLabels(arranged_);
+  packButtons(arranged_);
+  const SIZE around = border();
+  if (window.cx > 0) arranged_.client.cx = window.cx - around.cx;
+  if (window.cy > 0) arranged_.client.cy = window.cy - around.cy;
+  if (IsZoomed(dialog_) != 0) return sized();
+  place();
+  const SIZE added = stretches() ? extra_ : SIZE{};
+  arranging_ = true;
+  SetWindowPos(dialog_, nullptr, 0, 0, arranged_.client.cx + added.cx + around.cx,
+               arranged_.client.cy + added.cy + around.cy, SWP_NOMOVE | SWP_NOZORDER | SWP_NOACTIVATE);
+  arranging_ = false;
 }
 
 }  // namespace win32

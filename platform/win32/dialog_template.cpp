@@ -8,6 +8,7 @@ namespace {
 
 // Of DLGTEMPLATEEX, in words: version, signature, help id, styles, count of controls and place come first;
 // then menu, class and title, of which templates here have none (one zero word each).
+constexpr std::size_t kStyleAt = 6;  // low word first
 constexpr std::size_t kMenuAt = 13;
 constexpr std::size_t kClassAt = kMenuAt + 1;
 constexpr std::size_t kTitleAt = kClassAt + 1;
@@ -26,7 +27,7 @@ void registerClass(const std::wstring& className) {
 
 }  // namespace
 
-std::vector<WORD> dialogTemplate(int id, const std::wstring& className) {
+std::vector<WORD> dialogTemplate(int id, const std::wstring& className, bool sizable) {
   const HRSRC resource = FindResourceW(nullptr, MAKEINTRESOURCEW(id), MAKEINTRESOURCEW(5));  // RT_DIALOG
   if (resource == nullptr) throw base::Error(base::ErrorNumber::InvalidCall, "no template for the dialog");
   const auto* const words = static_cast<const WORD*>(LockResource(LoadResource(nullptr, resource)));
@@ -34,6 +35,10 @@ std::vector<WORD> dialogTemplate(int id, const std::wstring& className) {
   if (dialog.size() <= kTitleAt || dialog[1] != kExtendedSignature || dialog[kMenuAt] != 0 ||
       dialog[kClassAt] != 0 || dialog[kTitleAt] != 0) {
     throw base::Error(base::ErrorNumber::InvalidCall, "a dialog's template has no menu, class or title");
+  }
+  if (sizable) {
+    dialog[kStyleAt] &= static_cast<WORD>(~DS_MODALFRAME);
+    dialog[kStyleAt + 1] |= WS_THICKFRAME >> 16U;
   }
   registerClass(className);
   dialog.insert(dialog.begin() + kClassAt, className.begin(), className.end());

@@ -42,6 +42,19 @@ void ListViewPeer::prepare() {
   }
 }
 
+// The last column takes what the others leave of the width.
+void ListViewPeer::placed() {
+  const bool report = (GetWindowLongPtrW(window(), GWL_STYLE) & LVS_TYPEMASK) == LVS_REPORT;
+  if (!list_.stretches || !report) return;
+  RECT client;
+  GetClientRect(window(), &client);
+  int left = client.right - (list_.columns.empty() ? GetSystemMetrics(SM_CXVSCROLL) : 0);
+  const int last = std::max(0, static_cast<int>(list_.columns.size()) - 1);
+  for (int i = 0; i < last; ++i) left -= static_cast<int>(send(LVM_GETCOLUMNWIDTH, static_cast<WPARAM>(i)));
+  if (lastWidth_ == 0) lastWidth_ = static_cast<int>(send(LVM_GETCOLUMNWIDTH, static_cast<WPARAM>(last)));
+  send(LVM_SETCOLUMNWIDTH, static_cast<WPARAM>(last), std::max(left, lastWidth_));
+}
+
 void ListViewPeer::showItems() {
   send(WM_SETREDRAW, FALSE);
   // As many rows as before: only their texts are exchanged, so that the list keeps its place.

@@ -10,6 +10,7 @@ class ListViewPeer final : public ControlPeer {
  public:
   ListViewPeer(ui::ListView& model, HWND window) : ControlPeer(model, window), list_(model) {}
   LRESULT onNotify(const NMHDR& header) override;
+  void placed() override;
 
  protected:
   void prepare() override;
@@ -20,6 +21,7 @@ class ListViewPeer final : public ControlPeer {
   void showChecks();
   void itemChanged(const NMLISTVIEW& change);
   ui::ListView& list_;
+  int lastWidth_ = 0;  // of the last column, as it was at first
 };
 
 }  // namespace win32

@@ -95,6 +95,10 @@ bool PicturePeer::handleMouse(UINT message, LPARAM lParam) {
       ReleaseCapture();
       picture_.mouseUp(point(lParam));
       return true;
+    case WM_MBUTTONUP:
+    case WM_XBUTTONUP:
+      picture_.otherMouseUp(point(lParam));
+      return true;
     case WM_MOUSEMOVE: {
       TRACKMOUSEEVENT leaving{sizeof leaving, TME_LEAVE, window(), 0};
       if (!pointerInside_) pointerInside_ = TrackMouseEvent(&leaving) != 0;
@@ -111,7 +115,7 @@ bool PicturePeer::handleMouse(UINT message, LPARAM lParam) {
 }
 
 LRESULT PicturePeer::handleOf(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
-  if (handleMouse(message, lParam)) return 0;
+  if (handleMouse(message, lParam)) return message == WM_XBUTTONUP ? TRUE : 0;
   switch (message) {
     case WM_PAINT:
       paint();

@@ -52,18 +52,34 @@ bool startProcess(std::string_view commandLine) {
   return true;
 }
 
-void showHelp(HWND owner, std::string_view path, std::string_view topic) {
+namespace {
+
+// The viewer's window comes up without one too, and stays empty.
+bool hasPageEngine() {
+  constexpr CLSID kHtmlDocument = {
+      0x25336920, 0x03F9, 0x11CF, {0x8F, 0xD0, 0x00, 0xAA, 0x00, 0x68, 0x6F, 0x13}};
+  IUnknown* document = nullptr;
+  const HRESULT made = CoCreateInstance(kHtmlDocument, nullptr, CLSCTX_INPROC_SERVER, IID_IUnknown,
+                                        reinterpret_cast<void**>(&document));
+  const UniqueCom<IUnknown> released(document);
+  return SUCCEEDED(made);
+}
+
+}  // namespace
+
+bool showHelp(HWND owner, std::string_view path, std::string_view topic) {
   // Not every system has it, so it is looked up when wanted; it stays, since its window does.
   static const UniqueLibrary viewer(LoadLibraryW(L"hhctrl.ocx"));
   using HtmlHelp = HWND(WINAPI*)(HWND, LPCWSTR, UINT, DWORD_PTR);
   const auto htmlHelp =
       viewer ? reinterpret_cast<HtmlHelp>(reinterpret_cast<void*>(GetProcAddress(viewer.get(), "HtmlHelpW")))
              : nullptr;
-  if (htmlHelp == nullptr) return;
+  static const bool engine = hasPageEngine();
+  if (htmlHelp == nullptr || !engine) return false;
   constexpr UINT kDisplayTopic = 0;
   const std::wstring wideTopic = wideFromUtf8(topic);
-  htmlHelp(owner, wideFromUtf8(path).c_str(), kDisplayTopic,
-           wideTopic.empty() ? 0 : reinterpret_cast<DWORD_PTR>(wideTopic.c_str()));
+  return htmlHelp(owner, wideFromUtf8(path).c_str(), kDisplayTopic,
+                  wideTopic.empty() ? 0 : reinterpret_cast<DWORD_PTR>(wideTopic.c_str())) != nullptr;
 }
 
 }  // namespace win32

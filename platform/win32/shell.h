@@ -11,7 +11,7 @@ bool shellOpen(HWND owner, std::string_view path, std::string_view parameters);
 // A page on the disk in the default browser.
 bool browse(HWND owner, std::string_view path);
 bool startProcess(std::string_view commandLine);
-// Nothing happens where the system has no help viewer or the file is missing.
-void showHelp(HWND owner, std::string_view path, std::string_view topic);
+// False where the system has no help viewer, or no engine that shows pages in it, and for a missing file.
+bool showHelp(HWND owner, std::string_view path, std::string_view topic);
 
 }  // namespace win32

@@ -149,8 +149,8 @@ bool Win32Platform::startProcess(std::string_view commandLine) {
   return win32::startProcess(commandLine);
 }
 
-void Win32Platform::showHelpFile(std::string_view path, std::string_view topic) {
-  showHelp(activeWindow(), path, topic);
+bool Win32Platform::showHelpFile(std::string_view path, std::string_view topic) {
+  return showHelp(activeWindow(), path, topic);
 }
 
 }  // namespace win32

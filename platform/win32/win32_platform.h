@@ -37,7 +37,7 @@ class Win32Platform final : public ui::Platform {
   bool browse(std::string_view path) override;
   bool startProcess(std::string_view commandLine) override;
   void onHelp(const std::function<void(const ui::Form&)>& help) override { setHelp(help); }
-  void showHelpFile(std::string_view path, std::string_view topic) override;
+  bool showHelpFile(std::string_view path, std::string_view topic) override;
 
   // Before the forms go, which the windows refer to.
   void closeModeless() { modeless_.clear(); }

@@ -88,6 +88,8 @@ TEST_F(Documents, PictureIsListedButNeverShownAndLeavesLoadingSet) {
   start("\"" + a + "\" \"" + b + "\"");
   open(folder.make("p.PNG", "\x89PNG"));
   EXPECT_EQ(H->WebProject.Item(2).Value, "<XXX>");
+  open(folder.file("p.PNG"));
+  EXPECT_EQ(titles(), (std::vector<std::string>{"a.html", "b.html", "p.PNG", "p.PNG"}));
   EXPECT_TRUE(H->WebProject.WEBChanged);
   EXPECT_EQ(T1.text(), "Beta");
   clickNode("p.PNG");
@@ -128,6 +130,16 @@ TEST_F(Documents, NewDocumentsAreNumberedByTheirPlace) {
   EXPECT_EQ(titles(), (std::vector<std::string>{"nosaved0.HTML", "nosaved1.TXT"}));
   EXPECT_EQ(T1.text(), "");
   EXPECT_EQ(H->CurrentItemIndex, 1);
+
+  // A name that was given stays: others refer to it.
+  H->WebProject.AddNewIthem("page", -1, "", "");
+  H->WebProject.Item(2).FileTitle = "Page1.HTML";
+  H->documentsAdded();
+  H->TS.moved(0, 2);
+  EXPECT_EQ(titles(), (std::vector<std::string>{"nosaved0.TXT", "Page1.HTML", "nosaved2.HTML"}));
+  EXPECT_EQ(ui::display(H->caption()), "Zervo [nosaved0.TXT]");
+  H->runCommand(mnuClose);
+  EXPECT_EQ(titles(), (std::vector<std::string>{"Page1.HTML", "nosaved1.HTML"}));
 }
 
 TEST_F(Documents, ClosingAChangedDocumentAsksAndShowsItsNeighbour) {

@@ -171,18 +171,88 @@ TEST_F(Saving, AProjectThatCannotBeReadLeavesTheOpenOne) {
   EXPECT_EQ(H->WebProject.Count(), 2);
 }
 
-TEST_F(Saving, AGarbageProjectIsReportedOnceAndBriefly) {
-  std::string garbage;
-  for (int i = 0; i < 100000; ++i) garbage += static_cast<char>(i * 7919 >> 3);
-  std::size_t length = 0;
+TEST_F(Saving, AllMissingFilesOfAProjectAreNamedInAList) {
+  std::string names, missing;
+  for (int i = 0; i < 71; ++i) {
+    names += "gone" + std::to_string(i) + ".html\r\n";
+    missing += folder.file("gone" + std::to_string(i) + ".html") + "\r\n";
+  }
   platform.modal.push_back([&](ui::Form& form) {
     auto& box = dynamic_cast<app::frmBOXa&>(form);
-    length = box.LBtext.caption().bytes.size();
+    EXPECT_TRUE(box.Tlist.visible());
+    EXPECT_EQ(box.Tlist.text(), "File not found.\r\n\r\n" + missing);
+    EXPECT_TRUE(box.keyPressed(ui::ctrl('C')));
+    EXPECT_EQ(platform.clip.letters, box.Tlist.text());
     box.COK.click();
   });
-  start(folder.make("g.web", garbage + "\r\na.html\r\n"));
+  start(folder.make("g.web", names + "a.html\r\n"));
   EXPECT_EQ(titles(), std::vector<std::string>{"a.html"});
-  EXPECT_LT(length, 40000U);
+}
+
+TEST_F(Saving, ADocumentInASubfolderStaysInItsProject) {
+  folder.makeFolder("sub");
+  const std::string c = folder.make("sub\\c.html", "C");
+  const std::string project = folder.make("s.web", "a.html\r\nsub\\c.html\r\nSTOPF=sub\\c.html\r\n");
+  start(project);
+  type("1");
+  H->runCommand(mnuSave);
+  EXPECT_EQ(base::readFile(c), "1C");
+  H->runCommand(mnuSaveWEB);
+  EXPECT_EQ(base::readFile(project), "a.html\r\nsub\\c.html\r\nSTOPF=sub\\c.html\r\n");
+  expectInput("d.html");
+  H->runCommand(mnuwebRename);
+  EXPECT_EQ(titles()[1], "sub\\d.html");
+  EXPECT_EQ(base::readFile(folder.file("sub\\d.html")), "1C");
+  platform.saveAnswers.push_back(folder.file("sub\\e.html"));
+  H->runCommand(mnuSaveas);
+  EXPECT_EQ(platform.fileDialogs.back().name, "d.html");
+  EXPECT_EQ(titles()[1], "sub\\e.html");
+  EXPECT_TRUE(H->WebProject.Item(1).IsInWEB);
+}
+
+TEST_F(Saving, ANameThatStandsTwiceHasTwoDocumentsAndNeitherLosesText) {
+  start(folder.make("t.web", "a.html\r\na.html\r\nSTOPF=a.html\r\n"));
+  EXPECT_EQ(titles(), (std::vector<std::string>{"a.html", "a.html"}));
+  EXPECT_NE(ui::display(H->Status.panel("kMain")).find("a.html"), std::string::npos);
+  const std::int16_t first = H->CurrentItemIndex, second = first == 0 ? 1 : 0;
+  type("1");
+  H->runCommand(mnuSave);
+  H->showDocument(second);
+  EXPECT_EQ(T1.text(), "1Alpha");  // follows its file
+  type("2");
+  H->showDocument(first);
+  type("3");
+  expectBoxWith("a.html", kAnswerNo);
+  H->runCommand(mnuSave);
+  EXPECT_EQ(base::readFile(a), "1Alpha");
+  expectBoxWith("a.html", kAnswerYes);
+  H->runCommand(mnuSave);
+  EXPECT_EQ(base::readFile(a), "13Alpha");
+  H->showDocument(second);
+  EXPECT_EQ(T1.text(), "21Alpha");
+  EXPECT_TRUE(H->FileChanged);
+}
+
+TEST_F(Saving, FilesOutsideTheProjectsFolderAreAskedAbout) {
+  const std::string site = folder.makeFolder("a folder whose name is-longer-than-any-line-of-a-message-box");
+  const std::string project = site + "\\p.web";
+  base::writeFile(project, "..\\a.html\r\nown.html\r\n");
+  base::writeFile(site + "\\own.html", "own");
+  platform.modal.push_back([&](ui::Form& form) {
+    auto& box = dynamic_cast<app::frmBOXa&>(form);
+    EXPECT_NE(box.Tlist.text().find("..\\a.html"), std::string::npos);  // a path breaks nowhere else
+    EXPECT_EQ(ui::display(box.LBtext.caption()), "გაიხსნას ისინიც?");
+    press(box, kAnswerCancel);
+  });
+  start(project);
+  EXPECT_FALSE(H->WebProject.WEBopened);
+  expectBoxWith("..\\a.html", kAnswerNo);
+  open(project);
+  EXPECT_EQ(titles(), std::vector<std::string>{"own.html"});
+  EXPECT_TRUE(H->WebProject.WEBChanged);
+  expectBoxWith("..\\a.html", kAnswerYes);
+  open(project);
+  EXPECT_EQ(titles(), (std::vector<std::string>{"..\\a.html", "own.html"}));
 }
 
 TEST_F(Saving, ClosingTheProjectLeavesAnEmptyWindow) {

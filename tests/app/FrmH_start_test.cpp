@@ -1,3 +1,5 @@
+#include <filesystem>
+
 #include "app/mdlsaerto.h"
 #include "tests/support/main_window.h"
 
@@ -43,6 +45,40 @@ TEST_F(Start, SeveralFilesOpenInOrder) {
   EXPECT_EQ(titles(), (std::vector<std::string>{"a.html", "b b.html"}));
   EXPECT_EQ(T1.text(), "B");
   EXPECT_FALSE(H->FileChanged);
+}
+
+TEST_F(Start, AListThatNamesNoFileAsItStandsIsSplitAsTheSystemDoes) {
+  const std::string a = folder.make("a.html", "A"), b = folder.make("b b.html", "B"),
+                    c = folder.make("c.html", "C");
+  for (const std::string& line :
+       {a + " \"" + b + "\" " + c, "\"" + a + "\" \"" + b + "\" " + c, "  " + a + "\t\"" + b + "\" " + c}) {
+    restart();
+    start(line);
+    EXPECT_EQ(titles(), (std::vector<std::string>{"a.html", "b b.html", "c.html"})) << line;
+  }
+  folder.make("b", "not meant");
+  restart();
+  start(b);  // unquoted, but there
+  EXPECT_EQ(T1.text(), "B");
+  restart();
+  start("NOMAX ");
+  EXPECT_EQ(H->CurrentFilePath, "");
+  EXPECT_EQ(ui::display(H->caption()), "Zervo");
+}
+
+TEST_F(Start, ARelativePathIsRememberedWithItsFolder) {
+  const std::string before = std::filesystem::current_path().string();
+  std::filesystem::current_path(folder.path());
+  folder.make("a.html", "A");
+  std::string told;
+  H->documentOpened.connect([&](const std::string& path) { told = path; });
+  start("a.html");
+  std::filesystem::current_path(before);
+  EXPECT_EQ(told, folder.path() + "/a.html");
+  EXPECT_EQ(ui::display(H->caption()), "Zervo [a.html]");
+  type("x");
+  H->runCommand(mnuSave);
+  EXPECT_EQ(base::readFile(folder.file("a.html")), "xA");
 }
 
 TEST_F(Start, OneBadFileAmongSeveralIsToldAndTheOthersOpen) {

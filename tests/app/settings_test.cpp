@@ -85,13 +85,25 @@ TEST_F(SettingsFile, HelpOpensOnlyWhenItsFileIsThere) {
   app::ShowHelp(platform, "");
   app::ShowHelp(platform, "a.htm");
   EXPECT_EQ(platform.helped, (std::vector<std::string>{help, help + "::a.htm"}));
+  platform.showsHelp = false;
+  expectBoxWith(help, app::kAnswerOk);
+  app::ShowHelp(platform, "");
 }
 
 TEST(WebFile, ReadsFilesWrittenByHand) {
-  const app::WebFile file = app::parseWebFile("\r\n a.html \n\n  \nb.css\r\nSTOPF=a.html\r\nnot this\r\n");
-  EXPECT_EQ(file.names, (std::vector<std::string>{"a.html", "b.css"}));
-  EXPECT_EQ(file.startPage, "a.html");
+  const app::WebFile file = app::parseWebFile(
+      "\xEF\xBB\xBF\r\n a.html \r\n  \r\nb\nc\r\n STOPF=x\r\nSTOPF= a.html \r\nnot this\r\n");
+  EXPECT_EQ(file.names, (std::vector<std::string>{" a.html ", "b\nc", " STOPF=x"}));
+  EXPECT_EQ(file.startPage, " a.html ");
   EXPECT_FALSE(app::parseWebFile("a.html").startPage.has_value());
+  EXPECT_EQ(app::parseWebFile("a\n\nb\nSTOPF=b\n").names, (std::vector<std::string>{"a", "b"}));
+}
+
+TEST(WebFile, KnowsNamesThatLeadOutOfTheFolder) {
+  for (const char* name : {"..\\a", "x/../../a", ".. \\a", "x\\..\\..\\x\\a"})
+    EXPECT_TRUE(app::leavesFolder(name)) << name;
+  for (const char* name : {"a", "x\\..\\a", ".\\a..b", "\\a", "..a\\b"})
+    EXPECT_FALSE(app::leavesFolder(name)) << name;
 }
 
 TEST(WebFile, WritesSortedNamesThenTheStartPage) {

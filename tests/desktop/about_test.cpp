@@ -11,6 +11,7 @@ class About : public tests::MainWindowTest {};
 TEST_F(About, ShowsVersionAndLicenceAndOpensTheLink) {
   desktop::attachAbout(*H);
   start();
+  platform.resources["CODE_LICENCE"] = "Copyright 1998-2021 by Neil Hodgson";
   platform.resources["FONT_LICENCE"] = base::readFile(ZERVO_SOURCE "/resources/fonts/LICENSE-DejaVu.txt");
   platform.modal.push_back([this](ui::Form& form) {
     auto& box = dynamic_cast<desktop::frmabout&>(form);
@@ -18,6 +19,7 @@ TEST_F(About, ShowsVersionAndLicenceAndOpensTheLink) {
     EXPECT_NE(box.Tlicence.text().find("Zervo RUS are made from DejaVu"), std::string::npos);
     EXPECT_NE(box.Tlicence.text().find("free of charge, to any person obtaining a copy\r\nof the fonts"),
               std::string::npos);
+    EXPECT_TRUE(box.Tlicence.text().starts_with("Copyright 1998-2021 by Neil Hodgson"));
     box.Clink.click();
     EXPECT_EQ(platform.opened, std::vector<std::string>{"https://dejavu-fonts.github.io/ 1"});
     EXPECT_FALSE(box.closed());

@@ -90,6 +90,24 @@ TEST(PreviewPage, FilesHaveUrls) {
   EXPECT_EQ(desktop::fileUrl("\\\\server\\ა\\"), "file://server/%E1%83%90/");
 }
 
+TEST(PreviewPage, AddressesOfPagesAreExchangedAndNothingElse) {
+  const std::string page =
+      "<FRAME NAME=src SRC=\"a.htm\"><frame src = b%20c.htm scrolling=no><!-- <FRAME SRC=a.htm> --><A "
+      "HREF='a.htm#x'>"
+      "<IMG SRC=a.htm><A TITLE='HREF=a.htm'><IFRAME SRC=a.htm/><a href=\"#a.htm\"><area href=\"a.htm?q\"";
+  std::vector<std::string> asked;
+  const std::string changed = desktop::withAddresses(page, [&](std::string_view address) {
+    asked.emplace_back(address);
+    return std::string(address == "a.htm" ? "Z" : "");
+  });
+  EXPECT_EQ(asked, (std::vector<std::string>{"a.htm", "b%20c.htm", "a.htm", "a.htm/", "a.htm"}));
+  EXPECT_EQ(
+      changed,
+      "<FRAME NAME=src SRC=\"Z\"><frame src = b%20c.htm scrolling=no><!-- <FRAME SRC=a.htm> --><A HREF='Z#x'>"
+      "<IMG SRC=a.htm><A TITLE='HREF=a.htm'><IFRAME SRC=a.htm/><a href=\"#a.htm\"><area href=\"Z?q\"");
+  EXPECT_EQ(desktop::withoutPercents("a%20b%e1%C0%2%"), "a b\xE1\xC0%2%");
+}
+
 class PreviewTest : public tests::MainWindowTest {
  protected:
   PreviewTest() { again(); }
@@ -139,9 +157,10 @@ TEST_F(PreviewTest, WithoutAnEngineTheDefaultBrowserShowsIt) {
   start();
   open(page);
   H->runCommand(mnuPreview);
+  const std::string copy = base::joinPath(base::folderOf(page), "~zervo-preview-a.html");
+  expectBoxWith(copy, app::kAnswerOk);  // said once; afterwards the status bar tells where the page went
   shown().Wpage.failed();
   EXPECT_TRUE(shown().closed());
-  const std::string copy = base::joinPath(base::folderOf(page), "~zervo-preview-a.html");
   EXPECT_EQ(platform.browsed, std::vector<std::string>{copy});
   EXPECT_TRUE(base::fileExists(copy));  // the browser may read it at any time
   const auto windows = platform.modeless.size();
@@ -205,6 +224,50 @@ TEST_F(PreviewTest, WhereNothingCanBeWrittenAndWithoutAFileTheCopyIsATemporaryOn
   EXPECT_EQ(base::folderOf(shown().Wpage.path()), base::tempFolder());
   EXPECT_EQ(base::readFile(shown().Wpage.path()),
             "<BASE HREF=\"" + desktop::fileUrl(base::folderOf(page) + "\\") + "\">\r\nabc");
+}
+
+TEST_F(PreviewTest, FramesThatHaveNoFileYetAreFound) {
+  const std::string bound = make("old page.htm", "bound");
+  start();
+  open(bound);
+  const auto add = [this](const std::string& title, const std::string& text) {
+    H->WebProject.AddNewIthem(text, -1, "", "");
+    H->WebProject.Item(static_cast<std::int16_t>(H->WebProject.Count() - 1)).FileTitle = title;
+  };
+  add("Page1.HTML", "<A HREF=page2.html>to 2</A><A HREF=\"Frames.HTML\">back</A>");
+  add("Page2.HTML", "two");
+  add("Frames.HTML", "<FRAME SRC=\"Page1.HTML\"><FRAME SRC=\"old page.htm\"><FRAME SRC=\"no.htm\">");
+  H->showDocument(3);
+  ASSERT_TRUE(H->runCommand(mnuPreview));
+  const std::string main = shown().Wpage.path();
+  const auto urlOf = [&](int number, const std::string& title) {
+    return desktop::fileUrl(desktop::PreviewCopy::companion(main, number, title));
+  };
+  EXPECT_EQ(base::readFile(main), "<FRAME SRC=\"" + urlOf(1, "Page1.HTML") + "\"><FRAME SRC=\"" +
+                                      desktop::fileUrl(bound) + "\"><FRAME SRC=\"no.htm\">");
+  const std::string first = desktop::PreviewCopy::companion(main, 1, "Page1.HTML");
+  EXPECT_EQ(base::readFile(first), "<A HREF=" + urlOf(2, "Page2.HTML") + ">to 2</A><A HREF=\"" +
+                                       desktop::fileUrl(main) + "\">back</A>");
+  EXPECT_EQ(base::readFile(desktop::PreviewCopy::companion(main, 2, "Page2.HTML")), "two");
+  shown().CEXIT.click();
+  for (const std::string& path : {main, first}) EXPECT_FALSE(base::fileExists(path));
+}
+
+TEST_F(PreviewTest, FramesWithUnsavedChangesAreShownAsTheyAre) {
+  const std::string frames = make("frames.html", "<FRAME SRC=\"a%20b.htm\"><FRAME SRC=\"c.htm\">");
+  const std::string changed = make("a b.htm", "old");
+  start();
+  open(make("c.htm", "same"));
+  open(changed);
+  T1.select(0, 0);
+  type("new ");
+  open(frames);
+  ASSERT_TRUE(H->runCommand(mnuPreview));
+  const std::string copy = desktop::PreviewCopy::companion(shown().Wpage.path(), 1, "a b.htm");
+  EXPECT_EQ(base::readFile(shown().Wpage.path()),
+            "<FRAME SRC=\"" + desktop::fileUrl(copy) + "\"><FRAME SRC=\"c.htm\">");
+  EXPECT_EQ(base::readFile(copy), "new old");
+  EXPECT_EQ(base::readFile(changed), "old");
 }
 
 TEST_F(PreviewTest, OnlyPagesArePreviewed) {

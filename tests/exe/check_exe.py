@@ -9,7 +9,7 @@ import subprocess
 import sys
 
 SYSTEM = {"advapi32", "comctl32", "comdlg32", "dwmapi", "gdi32", "hhctrl", "imm32", "kernel32", "msimg32", "msvcrt",
-          "msftedit", "ntdll", "ole32", "oleacc", "oleaut32", "riched20", "secur32", "shell32", "shlwapi", "user32",
+          "ntdll", "ole32", "oleacc", "oleaut32", "secur32", "shell32", "shlwapi", "user32",
           "uxtheme", "version", "wininet", "winspool", "ws2_32", "rpcrt4", "uuid"}
 RT_MANIFEST = 24
 GERMAN = 1031

@@ -3,6 +3,8 @@
 
 Usage: check_fonts.py DEJAVU_FOLDER FONTS_FOLDER
 """
+import pathlib
+import re
 import subprocess
 import sys
 
@@ -37,6 +39,16 @@ def check_letters(original, font, name, letter_of):
     for shown, letter in letter_of.items():
         expected = outline(original, letter)
         check(expected is not None and outline(font, shown) == expected, f"{name}: U+{ord(shown):04X} does not show {letter}")
+
+
+def interface_characters():
+    """Every character that stands in a text of the sources of the program."""
+    top = pathlib.Path(__file__).resolve().parents[2]
+    folders = "base ui app convert editor search project generators recent desktop program platform".split()
+    for path in (path for folder in folders for path in (top / folder).rglob("*.cpp")):
+        for line in path.read_text().splitlines():
+            for text in re.findall(r'"((?:[^"\\]|\\.)*)"', line.split(" //")[0]):
+                yield from (character for character in text if ord(character) >= 0x80)
 
 
 def main():
@@ -81,7 +93,9 @@ def main():
     font = TTFont(f"{folder}/ZervoSans.ttf")
     georgian = {chr(code): chr(code) for code in range(0x10D0, 0x10F1)}
     cyrillic = {letter: letter for letter in russian.values()}
-    check_letters(sans, font, "Sans", ascii_letters | ansi | georgian | cyrillic)
+    used = {character: character for character in interface_characters()}
+    check(len(used) > 33, "the sources have no Georgian texts")
+    check_letters(sans, font, "Sans", ascii_letters | ansi | georgian | cyrillic | used)
 
     for name in ("Sans", "ISO", "ASCII", "RUS", "Mono"):
         font = TTFont(f"{folder}/Zervo{name}.ttf")

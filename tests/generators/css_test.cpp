@@ -72,6 +72,23 @@ TEST(Css, RulesOfASheetAreEditedInPlace) {
       {"@media print { a { x: 1 }|\n b { x: 1 } }", {{"x", "2"}}, "@media print { a { x: 2 }\n b { x: 1 } }"},
       {"@import 'x{}'; @font-face { src: x| }", {{"src", "y"}}, "@import 'x{}'; @font-face { src: y }"},
       {"a { x: 1; &:hover { x: 2 } |y: 3 }", {{"x", "4"}, {"y", ""}}, "a { x: 4; &:hover { x: 2 } }"},
+      {"@-moz-keyframes k { from { x: 1 } |to { x: 2 } }",
+       {{"x", "3"}},
+       "@-moz-keyframes k { from { x: 1 } to { x: 3 } }"},
+      {"@starting-style { a { x: 1| } b { x: 2 } }",
+       {{"x", "3"}},
+       "@starting-style { a { x: 3 } b { x: 2 } }"},
+      // the innermost rule; one that ends at the caret, as among those of the sheet
+      {"a { x: 1; |&:hover { x: 2 } x: 3 }", {{"x", "4"}}, "a { x: 1; &:hover { x: 4 } x: 3 }"},
+      {"a { x: 1; &:hover { x: 2 }|\n}", {{"x", "4"}}, "a { x: 1; &:hover { x: 4 }\n}"},
+      {"@media tv { a { @media (w: 1) { x: 2; b { x: 3 } | } } }",
+       {{"x", "4"}},
+       "@media tv { a { @media (w: 1) { x: 4; b { x: 3 }  } } }"},
+      {"a{b{c{|}}x:1}", {{"x", "2"}}, "a{b{c{ x: 2; }}x:1}"},
+      {"@page { x: 1; @top-left { x: |2 } }", {{"x", "3"}}, "@page { x: 1; @top-left { x: 3 } }"},
+      // braces in custom properties
+      {"a { --m: { x: 1; y: 2 }; |x: 3 }", {{"x", "4"}, {"--m", "{z:0}"}}, "a { --m: {z:0}; x: 4 }"},
+      {"a { --m: { x|: 1 } }", {{"--m", "{}"}}, "a { --m: {} }"},
       // new ones, as the others are written
       {"a {|}", {{"x", "1"}}, "a { x: 1; }"},
       {"a {| }", {{"x", "1"}, {"y", "2", true}}, "a { x: 1; y: 2 !important; }"},
@@ -133,6 +150,13 @@ TEST(Css, PagesHaveStyleElementsAttributesAndSelections) {
        {{"f", "\"A B\", 'c&amp'"}},
        "<p style=\"x: 1; f: &quot;A B&quot;, 'c&amp;amp'\">"},
       {"<p style='x: 1|'>", {{"f", "'A'"}}, "<p style='x: 1; f: \"A\"'>"},
+      // blocks of servers, whatever quotes and brackets they hold
+      {"<P TITLE='<?= t('>') ?>' STYLE=\"w: <% c[\"a\"] %>; x: 1|\" ID=a>",
+       {{"x", "2"}, {"w", "1 <? d[\"b\"] ?> &amp;"}},
+       "<P TITLE='<?= t('>') ?>' STYLE=\"w: 1 <? d[\"b\"] ?> &amp;amp;; x: 2\" ID=a>"},
+      {"<P <? a(\"'>\") ?> STYLE=\"f: '<? c['\"'] ?>', url(<? u(\")\") ?>); x: 1|\">",
+       {{"x", "2"}},
+       "<P <? a(\"'>\") ?> STYLE=\"f: '<? c['\"'] ?>', url(<? u(\")\") ?>); x: 2\">"},
       {"<BR|>", {{"x", "1"}}, "<BR STYLE=\"x: 1\">"},
       {"<img src=a |/>", {{"x", "1"}}, "<img src=a style=\"x: 1\" />"},
       {"<P>|text", {{"x", "1"}}, "<P STYLE=\"x: 1\">text"},
@@ -151,6 +175,7 @@ TEST(Css, WhatCannotBeEditedSaysWhy) {
   const auto why = [](const std::string& text, bool sheet) { return after(text, sheet, {}); };
   const auto number = [](Why reason) { return "why " + std::to_string(static_cast<int>(reason)); };
   EXPECT_EQ(why("a { x: 1| \n b { y: 2 }", true), number(Why::UnclosedRule));
+  EXPECT_EQ(why("a { b { y: 2| }", true), number(Why::UnclosedRule));
   EXPECT_EQ(why("a { x: 1; /* | } b { y: 2 }", true), number(Why::UnclosedComment));
   EXPECT_EQ(why("a {| x: 1; /* } b { y: 2 }", true), number(Why::UnclosedComment));
   EXPECT_EQ(why("<P>x</P|>", false), number(Why::EndTag));
@@ -167,6 +192,8 @@ TEST(Css, ValuesAndSelectorsThatWouldSpillAreRefused) {
   for (const char* bad : {"red; x: y", "a}", "a{}", "\"a", "a /* b", "rgb(1", "a)", "a!b", "a\\", "f(})"}) {
     EXPECT_FALSE(generators::fitsDeclaration(bad)) << bad;
   }
+  EXPECT_TRUE(generators::fitsDeclaration("{a: b; c{}} d", "--m"));
+  EXPECT_FALSE(generators::fitsDeclaration("{a}; b", "--m"));
   for (const char* good : {"a", "a[b=\";\"]:not(c)", "@font-face"})
     EXPECT_TRUE(generators::fitsSelector(good));
   for (const char* bad : {"", " ", "/* a */", "a{", "a;b", "[a", "'a"})
@@ -246,11 +273,11 @@ TEST(Css, RealSheetsStayWhereverTheCaretIs) {
 
 TEST(Css, BrokenTextsLoseNothing) {
   const std::vector<std::string> parts = {
-      "a",       "{",         "}",       ";",          ":",     " ",    "\r\n",         "\"",     "'",
-      "/*",      "*/",        "(",       ")",          "[",     "]",    "url(",         "\\",     "@media",
-      "@import", "<!--",      "-->",     "!important", "color", "<?",   "?>",           "&quot;", "&#39;",
-      "&",       "<P STYLE=", "<STYLE>", "</STYLE>",   ">",     "\xC0", "\xE1\x83\x90", ",",      "=",
-      "<B>",     "</B>",      "x: 1; ",  "<PRE>",      "</PRE>"};
+      "a",       "{",         "}",       ";",          ":",      " ",    "\r\n",         "\"",      "'",
+      "/*",      "*/",        "(",       ")",          "[",      "]",    "url(",         "\\",      "@media",
+      "@import", "<!--",      "-->",     "!important", "color",  "<?",   "?>",           "&quot;",  "&#39;",
+      "&",       "<P STYLE=", "<STYLE>", "</STYLE>",   ">",      "\xC0", "\xE1\x83\x90", ",",       "=",
+      "<B>",     "</B>",      "x: 1; ",  "<PRE>",      "</PRE>", "--x:", "&:b{",         "<? \" ?>"};
   std::mt19937 random(7);
   int rules = 0;
   for (int round = 0; round < 6000; ++round) {

@@ -169,10 +169,25 @@ TEST_F(Design, SinglePageWithoutALayoutAndReset) {
     form.TBbagkolor.click();
     form.COK.click();
   });
-  EXPECT_EQ(
-      T1.text(),
-      "<!DOCTYPE HTML PUBLIC \"-//W3C//DTD HTML 4.0 Transitional//EN\">\r\n<HTML>\r\n<HEAD>\r\n"
-      "<TITLE>New Document</TITLE>\r\n</HEAD>\r\n<BODY bgcolor=\"#123\">\r\n\r\n</BODY>\r\n</HTML>\r\n");
+  EXPECT_EQ(T1.text(),
+            "<!DOCTYPE HTML PUBLIC \"-//W3C//DTD HTML 4.0 Transitional//EN\">\r\n<HTML>\r\n<HEAD>\r\n"
+            "<TITLE>New Document</TITLE>\r\n</HEAD>\r\n<BODY bgcolor=\"#123\">\r\n\r\n</BODY>\r\n</HTML>");
+}
+
+TEST_F(Design, ColumnsStandForClearedRows) {
+  design([&](frmDesign& form) {
+    form.PSP.mouseDown(cell(0));
+    form.Trows.userSet("");
+    form.Pfram.mouseDown({74, 299});  // left of 150 pixels of 800: the first frame, now beside the others
+    EXPECT_EQ(form.Tname.text(), "Top");
+    EXPECT_TRUE(form.Trows.enabled()) << "to be filled again";
+    form.COK.click();
+    EXPECT_TRUE(form.closed());
+  });
+  EXPECT_NE(
+      T1.text().find("<FRAMESET framespacing=\"1\" border=\"1\" cols=\"150,*\">\r\n<FRAME name=\"Top\""),
+      std::string::npos);
+  EXPECT_EQ(T1.text().find("rows="), std::string::npos);
 }
 
 TEST_F(Design, PreviewShowsTheFramesAndFindsThemByClick) {

@@ -142,6 +142,26 @@ TEST_F(SavedPagesDialog, ReplacingRenamingAndDeletingAsk) {
   EXPECT_EQ(titles().back(), "nosaved1.TXT");
 }
 
+TEST_F(SavedPagesDialog, ADocumentFromAPageKeepsItsKind) {
+  const Names kept = {"a.css", "b.JS", "c.php", "d.HTM", "e", "f.txt"};
+  for (const std::string& name : kept) {
+    put(name, name);
+    act([&](frmMatrix& form) {
+      choose(form, name);
+      form.Cnew.click();
+    });
+  }
+  EXPECT_EQ(titles(), (Names{"nosaved0.CSS", "nosaved1.JS", "nosaved2.PHP", "nosaved3.HTML", "nosaved4.HTML",
+                             "nosaved5.TXT"}));
+  // Also when one before them goes, and in the dialog that saves them.
+  clickNode("nosaved0.CSS");
+  ASSERT_TRUE(H->runCommand(mnuClose));
+  EXPECT_EQ(titles()[1], "nosaved1.PHP");
+  clickNode("nosaved1.PHP");
+  ASSERT_TRUE(H->runCommand(mnuSaveas));
+  EXPECT_EQ(platform.fileDialogs.back().name, "nosaved1.PHP");
+}
+
 TEST_F(SavedPagesDialog, AnEmptyLibraryIsFilledWithPagesOfOurs) {
   act([](frmMatrix& form) {
     form.Csamples.click();

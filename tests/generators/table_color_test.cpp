@@ -122,8 +122,8 @@ TEST_F(TabColor, TableByKeyboardAndClosedWithoutOne) {
   T1.load("\n");
   pick(mnuTable, [](frmTabColor& picker) { picker.MBklose.click(); });
   EXPECT_EQ(T1.text(), "\n");
-  pick(mnuTable, [](frmTabColor& picker) { picker.PP.keyDown(ui::kKeyReturn); });
-  EXPECT_EQ(T1.text(), base::withLineEnds(tableMarkup("0|0|0"), base::LineEnd::Lf) + "\n");
+  pick(mnuTable, [](frmTabColor& picker) { picker.PP.otherMouseUp({15, 5}); });
+  EXPECT_EQ(T1.text(), base::withLineEnds(tableMarkup("1|0|0"), base::LineEnd::Lf) + "\n");
 }
 
 TEST_F(TabColor, ColourFromThePaletteInTheChosenForm) {

@@ -128,6 +128,51 @@ TEST_F(TemplateDialog, TemplatesAreAppliedAroundTheSelectionInOneStep) {
   EXPECT_EQ(part->templates(), before);
 }
 
+TEST_F(TemplateDialog, EachTemplateIsAnEntryCaptionedWithItsName) {
+  TemplateFormats many;
+  for (int i = 0; i < 200; ++i)
+    many.push_back(TemplateFormat::of("n" + std::to_string(i), std::to_string(i), ""));
+  many[7].name = "|5|x";
+  many[8].name = "";
+  const std::string file = folder.make("many.TFF", generators::encodeTemplates(many));
+  edit([&](generators::frmtempformat& form) {
+    platform.openAnswers.push_back({file});
+    form.Copen.click();
+  });
+  const auto entries = [&] {
+    std::vector<std::pair<int, std::string>> all;  // command and caption
+    for (const ui::MenuItem& top : H->menus) {
+      for (const ui::MenuItem& sub : top.items) {
+        for (const ui::MenuItem& item : sub.items) {
+          const bool listed =
+              !sub.items.empty() && sub.items[0].command == mnutempformat && &item > &sub.items[1];
+          if (listed) all.emplace_back(item.command, ui::menuCaption(item.caption).text.bytes);
+        }
+      }
+    }
+    return all;
+  };
+  for (const bool again : {false, true}) {
+    if (again) startAgain();
+    if (again) start();
+    const auto all = entries();
+    ASSERT_EQ(all.size(), 200u);
+    EXPECT_EQ(all[7].second, "|5|x");
+    EXPECT_EQ(all[8].second, " ");
+    EXPECT_EQ(all[199].second, "n199");
+    EXPECT_EQ(all[78].first, mnuTFlistLast);
+    T1.setText("");
+    ASSERT_TRUE(H->runCommand(all[199].first));
+    EXPECT_EQ(T1.text(), "199");
+  }
+  edit([](generators::frmtempformat& form) {
+    form.List1.userSelect(0);
+    form.Cremove.click();
+  });
+  EXPECT_EQ(entries().size(), 199u);
+  EXPECT_EQ(entries()[6].second, "|5|x");
+}
+
 TEST_F(TemplateDialog, TheListIsEditedSavedAndLoaded) {
   const std::string file = folder.make("old.TFF", std::string(100, 'z'));
   edit([&](generators::frmtempformat& form) {

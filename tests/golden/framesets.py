@@ -2,6 +2,7 @@
 """The pages that a frameset design must give, put together by hand from whole lines and not from parts.
 
 Writes them to the standard output, each behind a line "=== name", all of one design behind "##### LAYOUT VARIANT".
+The last line of a frame's page is not ended.
 Variants: 0 as a layout begins; 1 no border, no spacing, every frame resizable and with a background of its own, a page
 background, a header text; 2 no border, spacing 7, the second frame bound to a file.
 """
@@ -48,11 +49,11 @@ def pages(layout, variant):
             continue
         lines += [f"=== Page{i + 1}.HTML", '<!DOCTYPE HTML PUBLIC "-//W3C//DTD HTML 4.0 Transitional//EN">', "<HTML>",
                   "<HEAD>", f"<TITLE>Page {i + 1}</TITLE>", "</HEAD>"] + header
-        lines += ["<BODY" + (BODIES[i] if variant == 1 else "") + ">", "", "</BODY>", "</HTML>"]
+        lines += ["<BODY" + (BODIES[i] if variant == 1 else "") + ">", "", "</BODY>", "</HTML>*"]
     return lines
 
 
 for layout in range(len(LAYOUTS)):
     for variant in OPENING:
         lines = [f"##### {layout} {variant}"] + pages(layout, variant)
-        sys.stdout.buffer.write("".join(line + "\r\n" for line in lines).encode())
+        sys.stdout.buffer.write("".join(line + "\r\n" for line in lines).replace("*\r\n", "").encode())

@@ -239,6 +239,12 @@ std::string Dialog::text(int control) const {
   return utf8(windowText(found));
 }
 
+std::string Dialog::boxText() const {
+  const std::string label = text(IDC_frmBOXa_LBtext);
+  if (!IsWindowVisible(child(window_, IDC_frmBOXa_Tlist))) return label;
+  return text(IDC_frmBOXa_Tlist) + (label.empty() ? "" : "\r\n\r\n" + label);
+}
+
 void Dialog::press(int button) const {
   const HWND found = child(window_, button);
   if (found == nullptr || !IsWindowVisible(found))
@@ -492,7 +498,7 @@ Dialog Zervo::waitForDialog() const {
 std::string Zervo::answer(int button) const {
   const Dialog box = waitForDialog();
   waitFor("the text of the box", [&] { return child(box.window(), IDC_frmBOXa_LBtext) != nullptr; });
-  const std::string text = box.text(IDC_frmBOXa_LBtext);
+  const std::string text = box.boxText();
   box.press(button);
   return text;
 }

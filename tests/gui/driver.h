@@ -51,6 +51,7 @@ class Dialog {
   HWND window() const { return window_; }
   std::string title() const;
   std::string text(int control) const;
+  std::string boxText() const;                               // of a box of the program, its list included
   void press(int button) const;                              // waits until the dialog is gone
   void chooseFile(const std::filesystem::path& path) const;  // in a common open or save dialog
 

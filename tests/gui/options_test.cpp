@@ -41,7 +41,7 @@ class Options : public gui::Session {
   static std::string complaint(HWND form, int button) {
     press(form, button);
     const gui::Dialog box(shownForm(L"frmBOXa"));
-    const std::string text = box.text(IDC_frmBOXa_LBtext);
+    const std::string text = box.boxText();
     box.press(IDC_frmBOXa_COK);
     gui::waitFor("the options", [form] { return IsWindowEnabled(form) != FALSE; });
     return text;

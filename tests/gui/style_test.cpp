@@ -60,7 +60,7 @@ TEST_F(Styles, ARuleAndAnAttributeAreEditedWithListsAndFields) {
   gui::fill(form, IDC_frmCSSstile_Tvalue, L"1px; }");
   gui::press(form, IDC_frmCSSstile_COK);
   const gui::Dialog box(gui::shownForm(L"frmBOXa"));
-  EXPECT_NE(box.text(IDC_frmBOXa_LBtext).find("margin: 1px; }"), std::string::npos);
+  EXPECT_NE(box.boxText().find("margin: 1px; }"), std::string::npos);
   box.press(IDC_frmBOXa_COK);
   gui::waitFor("the form again", [&] { return IsWindowEnabled(form) != FALSE; });
   gui::fill(form, IDC_frmCSSstile_Tvalue, L"1px 'a'");

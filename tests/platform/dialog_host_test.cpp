@@ -4,9 +4,11 @@
 #include <gtest/gtest.h>
 
 #include <functional>
+#include <map>
 
 #include "platform/win32/clipboard.h"
 #include "platform/win32/handles.h"
+#include "platform/win32/registry.h"
 #include "platform/win32/strings.h"
 #include "resources/ids.h"
 #include "tests/platform/sample_ids.h"
@@ -168,6 +170,19 @@ TEST_F(DialogHost, TellsTheFormWhatTheUserDoesAndOnlyThat) {
   EXPECT_GE(told, 8);
 }
 
+TEST_F(DialogHost, ARenamedRowStaysSelected) {
+  form_.LV.labelEdited = [](int, std::string&) { return true; };
+  open();
+  form_.LV.setItems({{"x", {}, "", 0, false}, {"y", {}, "", 0, false}});
+  form_.LV.setSelected(1);
+  const auto edit = reinterpret_cast<HWND>(send(IDC_sample_LV, LVM_EDITLABELW, 1));
+  ASSERT_NE(edit, nullptr);
+  SetWindowTextW(edit, L"z");
+  press(edit, VK_RETURN);
+  EXPECT_EQ(form_.LV.items()[1].text.bytes, "z");
+  EXPECT_EQ(send(IDC_sample_LV, LVM_GETNEXTITEM, static_cast<WPARAM>(-1), LVNI_SELECTED), 1);
+}
+
 TEST_F(DialogHost, EnterAndEscPressTheFormsButtons) {
   int ok = 0;
   int cancel = 0;
@@ -245,6 +260,54 @@ TEST_F(DialogHost, LabelsGrowAndHiddenControlsLeaveNoGap) {
   EXPECT_LT(client.bottom, before.bottom - 100);
 }
 
+TEST_F(DialogHost, WhatStretchesTakesTheRoomAndTheSizeIsKept) {
+  win32::setRegistryValue("dialogs", "frmsample", "");
+  form_.LBtext.autosize = true;
+  form_.LV.stretches = form_.Llist.stretches = true;
+  open();
+  const std::vector<int> all = {IDC_sample_LBtext, IDC_sample_Ttext, IDC_sample_Llist, IDC_sample_Lcombo,
+                                IDC_sample_LV,     IDC_sample_TV,    IDC_sample_COK,   IDC_sample_CEXIT};
+  std::map<int, RECT> before;
+  for (const int id : all) before[id] = place(id);
+  RECT frame;
+  GetWindowRect(host_->window(), &frame);
+  const auto size = [this, &frame](int width, int height) {
+    SetWindowPos(host_->window(), nullptr, 0, 0, frame.right - frame.left + width,
+                 frame.bottom - frame.top + height, SWP_NOMOVE | SWP_NOZORDER);
+  };
+  // The lists stand one below the other, and beside each other.
+  const auto check = [&] {
+    const auto grown = [&](int id) {
+      return place(id).right - place(id).left - before[id].right + before[id].left;
+    };
+    const auto taller = [&](int id) {
+      return place(id).bottom - place(id).top - before[id].bottom + before[id].top;
+    };
+    EXPECT_NEAR(grown(IDC_sample_Llist) + grown(IDC_sample_LV), 100, 2);
+    EXPECT_NEAR(taller(IDC_sample_Llist) + taller(IDC_sample_LV), 60, 2);
+    EXPECT_NEAR(grown(IDC_sample_Ttext), grown(IDC_sample_Llist), 1);
+    EXPECT_EQ(place(IDC_sample_CEXIT).right - before[IDC_sample_CEXIT].right, 100);
+    EXPECT_EQ(place(IDC_sample_COK).top - before[IDC_sample_COK].top, 60);
+    EXPECT_EQ(place(IDC_sample_Lcombo).top - place(IDC_sample_Llist).bottom,
+              before[IDC_sample_Lcombo].top - before[IDC_sample_Llist].bottom);
+    EXPECT_EQ(place(IDC_sample_Ttext).top, before[IDC_sample_Ttext].top);
+  };
+  size(100, 60);
+  check();
+  // Another layout keeps what the user has added.
+  form_.LBtext.setCaption("1\r\n2\r\n3\r\n4");
+  form_.LBtext.setCaption("");
+  check();
+  size(-50, -50);
+  EXPECT_EQ(place(IDC_sample_COK).top, before[IDC_sample_COK].top);
+  size(100, 60);
+  host_.reset();
+  open();
+  check();
+  host_.reset();
+  win32::setRegistryValue("dialogs", "frmsample", "");
+}
+
 // Acts in the middle of a modal run, as the user would.
 std::function<void()> duringTheRun;
 void CALLBACK actDuringTheRun(HWND, UINT, UINT_PTR timer, DWORD) {
@@ -304,7 +367,9 @@ TEST_F(DialogHost, PictureIsDrawnByItsForm) {
 TEST_F(DialogHost, PictureTellsWhatMouseAndKeyboardDo) {
   std::vector<ui::Point> down;
   std::vector<ui::Point> moved;
+  std::vector<ui::Point> others;
   std::vector<int> keys;
+  form_.Pfram.otherMouseUp.connect([&](ui::Point point) { others.push_back(point); });
   form_.Pfram.mouseDown.connect([&](ui::Point point) { down.push_back(point); });
   form_.Pfram.mouseMove.connect([&](ui::Point point) { moved.push_back(point); });
   form_.Pfram.keyDown = [&](int key) {
@@ -324,6 +389,9 @@ TEST_F(DialogHost, PictureTellsWhatMouseAndKeyboardDo) {
   EXPECT_EQ(down, (std::vector<ui::Point>{{7, 9}}));
   ASSERT_FALSE(moved.empty());
   EXPECT_EQ(moved.front(), (ui::Point{-3, 4}));
+  for (const UINT up : {WM_RBUTTONUP, WM_MBUTTONUP, WM_XBUTTONUP})
+    SendMessageW(picture, up, 0, MAKELPARAM(5, 6));
+  EXPECT_EQ(others, (std::vector<ui::Point>{{5, 6}, {5, 6}})) << "all but the right one";
   press(picture, VK_RIGHT);
   EXPECT_EQ(GetFocus(), picture);
   press(picture, VK_LEFT);  // not used: the dialog moves the focus

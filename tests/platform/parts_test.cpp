@@ -121,6 +121,15 @@ TEST(Menus, AreFoundByKeyAndByLetterInAnyLayout) {
 
 TEST(CommonDialogs, FiltersAndAnswers) {
   EXPECT_EQ(win32::filterPieces("A(*.a)|*.a|B|*.b"), L"A(*.a)\0*.a\0B\0*.b\0\0"s);
+  const std::string filter = "HTML|*.HTML;*.htm|Style|*.css|All|*.*";
+  const auto chosen = [&](const char* name) {
+    const win32::FilterChoice choice = win32::filterFor(filter, name);
+    return std::to_wstring(choice.index) + choice.extension;
+  };
+  EXPECT_EQ(chosen("a.HTM"), L"1HTML");
+  EXPECT_EQ(chosen("nosaved1.CSS"), L"2css");
+  EXPECT_EQ(chosen("a.xyz"), L"1HTML");
+  EXPECT_EQ(chosen("*"), L"3") << "no extension is added";
   EXPECT_EQ(win32::pathsOfAnswer(L"C:\\d\0a.htm\0ბ.htm"s),
             (std::vector<std::string>{"C:\\d\\a.htm", "C:\\d\\ბ.htm"}));
   EXPECT_EQ(win32::pathsOfAnswer(L"C:\\d\\a.htm"), std::vector<std::string>{"C:\\d\\a.htm"});

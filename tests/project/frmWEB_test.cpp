@@ -42,6 +42,34 @@ TEST_F(WebDialog, BeginsWithAnIndexAndNumbersNewPages) {
   form.COK[2]->click();
   EXPECT_EQ(listed(), std::vector<std::string>{"NewPage1.HTML"});
   EXPECT_EQ(form.LV.selected(), 0);
+  form.COK[0]
+      ->click();  // the number is the count before adding, even if that name is taken: the user is told
+  EXPECT_EQ(listed(), (std::vector<std::string>{"NewPage1.HTML", "NewPage1.HTML"}));
+  EXPECT_NE(ui::display(form.LBinfo.caption()).find("NewPage1.HTML"), std::string::npos);
+}
+
+TEST_F(WebDialog, ManyFilesAreListedAtOnce) {
+  struct Counter : ui::Peer {
+    int items = 0;
+    void refresh(ui::Aspect what) override { items += what == ui::Aspect::Items ? 1 : 0; }
+  } counter;
+  form.LV.attach(&counter);
+  std::vector<std::string> paths;
+  for (int i = 0; i < 100; ++i) paths.push_back("x\\" + std::to_string(i) + ".html");
+  add(paths);
+  form.LV.attach(nullptr);
+  EXPECT_EQ(listed().size(), 101U);
+  EXPECT_EQ(counter.items, 1);
+  EXPECT_EQ(form.LV.selected(), 100);
+}
+
+TEST_F(WebDialog, AForbiddenLetterGoesAndTheCaretStays) {
+  form.Tpname.setText("abc");
+  form.Tpname.selectionInWindow = [] { return ui::TextBox::Selection{2, 0}; };
+  expectBoxWith(ui::display("am niSnebis micema"_keyboard), kAnswerOk);
+  form.Tpname.userSet("a?bc");
+  EXPECT_EQ(form.Tpname.text(), "abc");
+  EXPECT_EQ(form.Tpname.selected().start, 1);
 }
 
 TEST_F(WebDialog, IconsGoByTheUpperCasedExtension) {
@@ -98,6 +126,30 @@ TEST_F(WebDialog, MakesTheProjectAndOpensIt) {
   EXPECT_EQ(T1.text(), page);
   H->runCommand(mnuSaveWEB);  // the main window's own writing, sorted, reads back the same
   EXPECT_EQ(base::readFile(f + "\\პროექტი.WEB"), "a.css\r\nIndex.HTML\r\nSTOPF=Index.HTML\r\n");
+}
+
+TEST_F(WebDialog, ARenamedFileHasItsNewNameEverywhereAndTitlesAreBytesLikeNames) {
+  const std::string f = folder.makeFolder("f");
+  add({folder.make("a.css", "B{}")});
+  form.LV.userEdit(0, "caf\u00E9");
+  form.LV.userEdit(1, "b");
+  fill("p", f);
+  form.COK[4]->click();
+  EXPECT_EQ(base::readFile(f + "\\p.WEB"), "caf\xE9.HTML\r\nb.css\r\nSTOPF=caf\xE9.HTML\r\n");
+  EXPECT_EQ(base::readFile(f + "\\b.css"), "B{}");
+  EXPECT_NE(base::readFile(f + "\\caf\u00E9.HTML").find("<TITLE>caf\xE9.HTML</TITLE>"), std::string::npos);
+}
+
+TEST_F(WebDialog, TheFirstErrorEndsTheMakingAndIsShownWithItsNumber) {
+  const std::string f = folder.makeFolder("f");
+  folder.makeFolder("f/bad.html");
+  add({folder.make("bad.html", "x"), folder.make("c.html", "C")});
+  fill("p", f);
+  expectBoxWith("Error!!\r\nError:N: 75\r\n", kAnswerOk);
+  form.COK[4]->click();
+  EXPECT_TRUE(base::fileExists(f + "\\Index.HTML"));
+  EXPECT_FALSE(base::fileExists(f + "\\c.html"));
+  EXPECT_FALSE(H->WebProject.WEBopened);
 }
 
 TEST_F(WebDialog, NothingOfTheUsersIsReplacedUnasked) {

@@ -64,16 +64,26 @@ TEST_F(RecentDialog, OpenedFilesComeToListAndMenuAndVanishedOnesAreToldOf) {
   open(a);
   open(b);
   EXPECT_EQ(recent::recentPaths(platform.folder), (std::vector<std::string>{b, a}));
-  std::vector<std::string> shown;
-  for (const auto& item : H->menus[0].items) {
-    if (item.command >= mnurecent1 && item.command <= mnurecent9) shown.push_back(item.caption.bytes);
-  }
-  EXPECT_EQ(shown, (std::vector<std::string>{"&1 " + b, "&2 " + folder.file("a&&b.html")}));
-  H->runCommand(mnurecent1 + 1);
+  const auto shown = [this] {
+    std::vector<std::string> lines;
+    for (const auto& item : H->menus[0].items) {
+      if (item.command >= mnurecent1 && item.command <= mnurecent9) lines.push_back(item.caption.bytes);
+    }
+    return lines;
+  };
+  EXPECT_EQ(shown(), (std::vector<std::string>{"&1 " + b, "&2 " + folder.file("a&&b.html")}));
+  list({"another copy's"});
+  H->runCommand(mnurecent1 + 1);  // opens what it says, whatever the list is by now
   EXPECT_EQ(T1.text(), "A");
+  list({a, b});
+  platform.modal.push_back([](ui::Form& form) {
+    form.keyPressed({ui::kKeyDelete, false, false, false});  // the first one
+  });
+  H->runCommand(mnurecentfile);
+  EXPECT_EQ(shown(), std::vector<std::string>{"&1 " + b});
   base::removeFile(folder.file("b.html"));
   expectBox("", "faili waSlilia an sxva folderSia gadatanili."_keyboard, app::kAnswerOk);
-  H->runCommand(mnurecent1 + 1);
+  H->runCommand(mnurecent1);
 }
 
 TEST_F(RecentDialog, StartUpShowsTheListWhenWished) {

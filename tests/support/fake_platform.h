@@ -118,8 +118,10 @@ class FakePlatform : public ui::Platform {
     started.emplace_back(commandLine);
     return true;
   }
-  void showHelpFile(std::string_view path, std::string_view topic) override {
+  bool showsHelp = true;
+  bool showHelpFile(std::string_view path, std::string_view topic) override {
     helped.push_back(std::string(path) + (topic.empty() ? "" : "::" + std::string(topic)));
+    return showsHelp;
   }
 
  private:

@@ -50,7 +50,7 @@ class MainWindowTest : public testing::Test {
     platform.modal.push_back([=](ui::Form& form) {
       auto& box = dynamic_cast<app::frmBOXa&>(form);
       EXPECT_EQ(ui::display(box.caption()), ui::display(title));
-      EXPECT_EQ(ui::display(box.LBtext.caption()), ui::display(text));
+      EXPECT_EQ(box.text(), ui::display(text));
       press(box, answer);
     });
   }
@@ -58,8 +58,7 @@ class MainWindowTest : public testing::Test {
   void expectBoxWith(const std::string& part, const char* answer) {
     platform.modal.push_back([=](ui::Form& form) {
       auto& box = dynamic_cast<app::frmBOXa&>(form);
-      EXPECT_NE(ui::display(box.LBtext.caption()).find(part), std::string::npos)
-          << ui::display(box.LBtext.caption());
+      EXPECT_NE(box.text().find(part), std::string::npos) << box.text();
       press(box, answer);
     });
   }

@@ -173,6 +173,15 @@ std::string tempFolder() {
   return utf8({folder, GetTempPathW(MAX_PATH + 1, folder)});
 }
 
+std::string fullPath(std::string_view path) {
+  const bool onDrive = path.size() > 2 && path[1] == ':' && (path[2] == '\\' || path[2] == '/');
+  if (path.empty() || onDrive || path.starts_with("\\\\")) return std::string(path);
+  const std::wstring relative = native(path);
+  std::wstring full(GetFullPathNameW(relative.c_str(), 0, nullptr, nullptr), L'\0');
+  full.resize(GetFullPathNameW(relative.c_str(), static_cast<DWORD>(full.size()), full.data(), nullptr));
+  return full.empty() ? std::string(path) : utf8(full);
+}
+
 void pause(int milliseconds) {
   Sleep(static_cast<DWORD>(milliseconds));
 }
