@@ -9,6 +9,7 @@
 #define IDF_ZervoISO 502   // code view: legacy bytes
 #define IDF_ZervoASCII 503 // code view: Latin keyboard layout
 #define IDF_ZervoRUS 504   // code view: Windows-1251 bytes
+#define IDF_ZervoMono 505  // code view and fields: UTF-8
 
 // Main window
 #define IDD_FrmH 1000
