@@ -60,6 +60,7 @@ FrmH::FrmH(ui::Platform& platform, ui::CodeView& codeView)
   });
   TS.closeAsked.connect([this](int tab) { perform([&] { TS_CloseAsked(tab); }); });
   TS.moved.connect([this](int from, int to) { perform([&] { TS_Moved(from, to); }); });
+  Status.panelClicked.connect([this](std::string_view key) { perform([&] { panelClicked(key); }); });
   leftPane = &TV;
   above = &TS;
   rightTabs = &Ttags;
@@ -288,6 +289,7 @@ void FrmH::buildMenus() {
     made.command = id;
     made.shortcut = row->second.shortcut;
     made.help = row->second.help;
+    made.ownKey = row->second.ownKey;
     return made;
   };
   menus.clear();

@@ -30,7 +30,9 @@ class FrmH final : public ui::MainForm, public Workbench {
                         {"kPreview", 200, {}, true},
                         {"kCounts", 250, {}, false},
                         {"kMode", 110, {}, false},
-                        {"kPosition", 170, {}, false}}};
+                        {"kPosition", 170, {}, false},
+                        {"kView", 60, {}, false},
+                        {"kLineEnds", 60, {}, false}}};
 
   PropsRecord Props;
   ColectionMain WebProject;
@@ -134,10 +136,16 @@ class FrmH final : public ui::MainForm, public Workbench {
   std::int16_t selectedDocument() const;  // of the tree's selected node; -1: none
   void T1_Change();
   void T1_Reformed();
+  void addLookCommands();  // FrmH_looks.cpp, like the next four
+  MenuPlan lookMenu() const;
+  Command lookSwitch(int id, const char* name, ui::Text caption, bool PropsRecord::*field, ui::Text help);
+  void zoomTo(int points);
+  void showView();
   void showIn(const std::shared_ptr<ui::CodeDocument>& document, const std::string& title);
   void showText(std::string_view text, const std::string& title) { showIn(T1.makeDocument(text), title); }
   void chooseView(ui::TextView view);
   void nameOddEncoding();
+  void followName();  // the shown document's name may be of another kind of file now
   void T1_SelChange();
   int nearestText(int position);
   void step(int direction);  // to the next or previous document with text

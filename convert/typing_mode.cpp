@@ -56,7 +56,8 @@ struct OldLetter {
   char32_t letter;
   std::uint8_t byte;
 };
-constexpr std::array<OldLetter, 4> kOldLetters = {{{0x10F1, 0xC7}, {0x10F2, 0xCE}, {0x10F3, 0xD5}, {0x10F4, 0xE2}}};
+constexpr std::array<OldLetter, 4> kOldLetters = {
+    {{0x10F1, 0xC7}, {0x10F2, 0xCE}, {0x10F3, 0xD5}, {0x10F4, 0xE2}}};
 
 // The letter's form in the mode, if it has one. The last letter's zero bytes are not part of it.
 std::optional<char> letterByte(char32_t character, TypingMode mode, const LetterTables& tables) {
@@ -166,7 +167,8 @@ Typing::Typing(app::Workbench& bench, const LetterTables& tables) : bench_(bench
   std::vector<app::Command> commands;
   app::MenuPlan plan{app::kTypingMenu, {}};
   for (const ModeRow& row : modes()) {
-    app::Command command{row.id, row.name, row.caption, ui::ctrl(static_cast<char>('1' + static_cast<int>(row.mode))),
+    app::Command command{row.id, row.name, row.caption,
+                         ui::ctrl(static_cast<char>('1' + static_cast<int>(row.mode))),
                          [this, mode = row.mode] {
                            lastChosen_ = mode;
                            choose(mode);
@@ -183,8 +185,18 @@ Typing::Typing(app::Workbench& bench, const LetterTables& tables) : bench_(bench
                        }};
   letters.help = "რუსული ასოების განლაგება კლავიატურაზე";
   commands.push_back(std::move(letters));
-  plan.lines.push_back({0, {}, {}});
-  plan.lines.push_back({mnurusaso, {}, {}});
+  // The keys act in the code view by themselves: with them come control codes, also from other programs.
+  const auto key = [&](int id, const char* name, const char* caption, char letter, int code,
+                       const char* help) {
+    app::Command row{id, name, caption, ui::ctrl(letter), [this, code] { controlKey(code); }};
+    row.help = help;
+    row.ownKey = true;
+    commands.push_back(std::move(row));
+  };
+  key(mnuBreak, "mnuBreak", "სტრიქონის გაწყვეტა <BR>", 'B', kCtrlB, "წერს <BR>-ს მონიშნულის ადგილას");
+  key(mnuNoBreakSpace, "mnuNoBreakSpace", "უწყვეტი ჰარი", 'Y', kCtrlY,
+      "წერს უწყვეტ ჰარს: ბაიტებად ან მითითებად, როგორც პარამეტრებშია");
+  for (const int id : {0, mnurusaso, 0, mnuBreak, mnuNoBreakSpace}) plan.lines.push_back({id, {}, {}});
   bench.addCommands(std::move(commands));
   bench.addMenu(plan);
 
@@ -276,7 +288,8 @@ std::string Typing::entering(const ui::TextClip& clip) {
             "&#8470;)? „არა“: UTF-8-ის ბაიტებად.",
         "", app::frmBOXa::Kind::YesNoCancel, ui::IconBox::Sign::Question);
     if (answer == app::kAnswerCancel) return {};
-    bytes = typedText(answer == app::kAnswerYes ? withReferences(clip.letters) : clip.letters, mode_, tables_);
+    bytes =
+        typedText(answer == app::kAnswerYes ? withReferences(clip.letters) : clip.letters, mode_, tables_);
   } else {
     bytes = typedText(clip.letters, mode_, tables_);
   }

@@ -21,6 +21,17 @@ void frmproperties::setTexts() {
   CKdecode.setCaption("მონიშნული UTF-8 ტექსტის გაშიფვრა ქვე&და ზოლში");
   Lsample.setCaption("ნიმუში:");
 
+  Lutf8font.setCaption("UTF-8 ხედის &შრიფტი:");
+  Putf8.setCaption("ნიმუში: UTF-8 ხედი");
+  Lcolours.setCaption("&ფერები:");
+  CBcolours.setItems({"საკუთარი", "როგორც სისტემაშია", "ღია", "მუქი"});
+  CKlive.setCaption("ტეგების, სტილებისა და სკრიპტების გაფერადება &კრეფისას");
+  CKnumbers.setCaption("სტრიქონების &ნომრები");
+  CKcurrent.setCaption("&მიმდინარე სტრიქონის გამოყოფა");
+  CKblanks.setCaption("&ჰარების ჩვენება");
+  CKlineends.setCaption("სტრიქონის &ბოლოების ჩვენება");
+  CKpagemode.setCaption("გვერდი თავისი ასოების კრეფის &რეჟიმით იხსნება");
+
   const std::array<const char*, 4> modes = {"რუსული", "ქართული ISO", "ქართული ASCII", "ლათინური"};
   std::vector<ui::Text> names;
   for (std::size_t i = 0; i < modes.size(); ++i) {
@@ -73,6 +84,8 @@ void frmproperties::addPages() {
   Tabs.addPage("კრეფა", std::move(typing));
   Tabs.addPage("ახალი გვერდი", {&CKskeleton, &CKheader, &Theader, &CKbody, &Tbody});
   Tabs.addPage("FTP, გადახედვა", {&Ltimeout, &Ttimeout, &CKpassive, &CKbrowser});
+  Tabs.addPage("კოდის ხედი", {&Lutf8font, &CButf8font, &Putf8, &Lcolours, &CBcolours, &CKlive, &CKnumbers,
+                              &CKcurrent, &CKblanks, &CKlineends, &CKpagemode});
 }
 
 }  // namespace desktop

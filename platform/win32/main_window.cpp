@@ -215,15 +215,9 @@ bool MainWindow::translate(MSG& message) {
   const bool functionKey = pressed.key >= ui::kKeyF1 && pressed.key < ui::kKeyF1 + 24;
   // A bare key belongs to the control, even where a menu names it (Del).
   if (!pressed.ctrl && !pressed.alt && !functionKey) return false;
-  if (const int command = commandOfShortcut(form_.menus, pressed)) {
-    form_.command(command);
-    return true;
-  }
-  if (pressed == ui::Shortcut{VK_F6, false, false, false}) {
-    nextPane();
-    return true;
-  }
-  return false;
+  const int command = commandOfShortcut(form_.menus, pressed, message.hwnd == view_.hwnd());
+  if (command != 0) form_.command(command);
+  return command != 0;
 }
 
 // Messages -----------------------------------------------------------------------------------------------

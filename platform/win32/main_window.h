@@ -42,7 +42,6 @@ class MainWindow final : public WindowBase<MainWindow>, private ui::FormPeer, pr
   void dragSplitter(int x);
   void layOutColumn(const RECT& column, ControlPeer* tabs, HWND below);
   std::vector<HWND> panes() const;
-  void nextPane();
   void showContextMenu(POINT screen);
   void showHiddenTools();
   void dropFiles(const std::vector<std::string>& paths) { form_.filesDropped(paths); }

@@ -141,10 +141,11 @@ ui::Text menuHelp(WPARAM wParam, LPARAM lParam) {
   return row == nullptr ? ui::Text() : row->help;
 }
 
-int commandOfShortcut(const std::vector<ui::MenuItem>& items, const ui::Shortcut& pressed) {
+int commandOfShortcut(const std::vector<ui::MenuItem>& items, const ui::Shortcut& pressed, bool inText) {
+  const ui::Shortcut wanted = ui::asMenusNameIt(pressed);
   for (const ui::MenuItem& item : items) {
-    if (item.command != 0 && item.shortcut == pressed) return item.command;
-    if (const int inside = commandOfShortcut(item.items, pressed)) return inside;
+    if (item.command != 0 && item.shortcut == wanted && !(inText && item.ownKey)) return item.command;
+    if (const int inside = commandOfShortcut(item.items, wanted, inText)) return inside;
   }
   return 0;
 }

@@ -35,7 +35,8 @@ LRESULT menuCharacter(HMENU menu, wchar_t character);
 ui::Text menuHelp(WPARAM wParam, LPARAM lParam);
 
 // The item with this shortcut, searched in submenus too; 0: none.
-int commandOfShortcut(const std::vector<ui::MenuItem>& items, const ui::Shortcut& pressed);
+int commandOfShortcut(const std::vector<ui::MenuItem>& items, const ui::Shortcut& pressed,
+                      bool inText = false);
 // The items with these command ids, in that order (0: a separator); unknown ids are left out.
 std::vector<ui::MenuItem> pickItems(const std::vector<ui::MenuItem>& items, const std::vector<int>& ids);
 

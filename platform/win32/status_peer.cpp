@@ -64,6 +64,13 @@ void StatusPeer::divide() {
   ends_ = std::move(ends);
 }
 
+LRESULT StatusPeer::onNotify(const NMHDR& notification) {
+  // Over the whole bar stands one text, without panels.
+  if (notification.code != NM_CLICK || !bar_.whole().empty()) return 0;
+  bar_.userClick(reinterpret_cast<const NMMOUSE&>(notification).dwItemSpec);
+  return TRUE;
+}
+
 void StatusPeer::showWhole() {
   const bool whole = !bar_.whole().empty();
   send(SB_SIMPLE, whole ? TRUE : FALSE);

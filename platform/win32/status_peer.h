@@ -14,6 +14,7 @@ class StatusPeer final : public ControlPeer {
   StatusPeer(ui::StatusBar& model, HWND window) : ControlPeer(model, window), bar_(model) {}
   // Along the bottom of the parent window; divides the panels anew.
   void fit();
+  LRESULT onNotify(const NMHDR& notification) override;
 
  protected:
   void show(ui::Aspect what) override;

@@ -130,7 +130,9 @@ void CodeView::finishEdits() {
   const bool textChanged = std::exchange(changedInside_, false);
   const bool formChanged = std::exchange(reformedInside_, false);
   if (textChanged) changed();
-  if (formChanged) reformed();
+  if (!formChanged) return;
+  sci_.takeLineEnd();
+  reformed();
 }
 
 void CodeView::setText(std::string_view text, int caret) {
