@@ -13,7 +13,7 @@ void key(const Zervo& zervo, UINT message, int code) {
   PostMessageW(zervo.control(IDC_FrmH_T1), message, static_cast<WPARAM>(code), 1);
 }
 
-// One letter a control position: Black, bLue, Red, Green.
+// One letter a byte: Black, bLue, Red, Green.
 std::string colors(const Zervo& zervo, int count) {
   std::string letters;
   for (int i = 0; i < count; ++i) {
@@ -33,16 +33,16 @@ TEST_F(Session, ColoursComeWithF12AndGoWithAnyKey) {
   zervo.waitForText(kPage);
   const std::string black(20, 'B');
   EXPECT_EQ(colors(zervo, 20), black);
+  zervo.select(20, 21);
   zervo.type('!');
-  zervo.waitForText(kPage.substr(0, 20) + "!" + kPage.substr(21));  // in place of the selected letter
+  zervo.waitForText(kPage.substr(0, 20) + "!" + kPage.substr(21));
   zervo.command(mnuUndo);
   zervo.waitForText(kPage);
 
   zervo.select(2, 7);
   key(zervo, WM_KEYUP, VK_F12);
-  waitFor("the selection", [&] { return zervo.selection().cpMin == 2 && zervo.selection().cpMax == 7; });
+  waitFor("the selection", [&] { return zervo.selection() == Range{2, 7}; });
   EXPECT_EQ(zervo.text(), kPage);
-  // A line end counts one here.
   const std::string expected =
       "LL"
       "RRRRRR"
@@ -50,21 +50,21 @@ TEST_F(Session, ColoursComeWithF12AndGoWithAnyKey) {
       "L"
       "B"
       "LLLL"
-      "B"
+      "BB"
       "GGGG"
       "GGG"
       "GGG"
       "L"
       "BBB"
-      "B"
+      "BB"
       "LLL"
       "RRRRRRR"
       "B"
       "BBBBBBBB"
       "L"
-      "B"
+      "BB"
       "BBBBBB"
-      "B";
+      "BB";
   std::string seen;
   waitFor("colours", [&] { return (seen = colors(zervo, 17)) == expected.substr(0, 17); });
   EXPECT_EQ(colors(zervo, static_cast<int>(expected.size())), expected);
@@ -77,6 +77,29 @@ TEST_F(Session, ColoursComeWithF12AndGoWithAnyKey) {
   zervo.waitForText(kPage.substr(0, 20) + "!" + kPage.substr(21));
   zervo.command(mnuUndo);
   zervo.waitForText(kPage);
+}
+
+// Lone CR and LF are line ends of one byte, which commands must not count as two.
+TEST_F(Session, EditsAmongMixedLineEndsChangeNothingElse) {
+  std::string page = "one\r\nMac line\rUnix line\nWin line\r\nLAST <B>x</B>\r\nend\r\n";
+  const auto path = file(L"page.html", page);
+  Zervo zervo = open({path});
+  zervo.waitForText(page);
+  const auto select = [&](const std::string& words) {
+    const int at = static_cast<int>(page.find(words));
+    zervo.select(at, at + static_cast<int>(words.size()));
+  };
+  select("Unix line");
+  key(zervo, WM_KEYDOWN, VK_DELETE);
+  zervo.waitForText(page.replace(page.find("Unix line"), 9, ""));
+  for (const std::string word : {"LAST", "one"}) {
+    select(word);
+    zervo.command(PHTbar);
+    zervo.waitForText(page.replace(page.find(word), word.size(), "<B>" + word + "</B>"));
+  }
+  zervo.command(mnuSave);
+  waitFor("the saved page", [&] { return readBytes(path) == page; });
+  leave(zervo);
 }
 
 TEST_F(Session, TagsAreInsertedAroundTheSelection) {
@@ -99,8 +122,7 @@ TEST_F(Session, TagsAreInsertedAroundTheSelection) {
   waitFor("BIG", [&] { return SendMessageW(GetDlgItem(list, IDC_frmTags_List1), LB_GETCURSEL, 0, 0) == 12; });
   PostMessageW(GetDlgItem(list, IDC_frmTags_Tsearch), WM_KEYDOWN, VK_RETURN, 1);
   zervo.waitForText("a <B><H3><BIG>word</BIG></H3></B> b");
-  EXPECT_EQ(zervo.selection().cpMin, 14);
-  EXPECT_EQ(zervo.selection().cpMax, 18);
+  EXPECT_EQ(zervo.selection(), (Range{14, 18}));
 }
 
 HWND focusOf(const Zervo& zervo) {

@@ -13,7 +13,7 @@ LPARAM at(int x, int y) {
 // Grid cells are 10 pixels at 96 to the inch, colours 13.
 TEST_F(Generators, TableAndColourByMouse) {
   const gui::Zervo zervo = open({file(L"page.html", "<BODY>\r\n</BODY>\r\n")});
-  zervo.select(7, 7);
+  zervo.select(8, 8);
   zervo.command(mnuTable);
   const HWND table = gui::shownForm(L"frmTabColor");
   const HWND grid = GetDlgItem(table, IDC_frmTabColor_PP);

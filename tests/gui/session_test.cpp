@@ -39,13 +39,19 @@ TEST_F(Session, TwoFilesOneConvertedAndSaved) {
 
   zervo.clickNode("other.html");
   zervo.waitForText(kOtherPage);
-  EXPECT_EQ(zervo.selection().cpMin, 3);
-  EXPECT_EQ(zervo.selection().cpMax, 5);
+  EXPECT_EQ(zervo.selection(), (Range{3, 5}));
 
   zervo.clickNode("page.html");
   zervo.waitForText(kReferencePage);
   zervo.command(mnuQHIUTF);
   zervo.waitForText(kUtf8Page);
+  EXPECT_TRUE(zervo.showsUtf8());
+  zervo.command(mnuUndo);
+  zervo.waitForText(kReferencePage);
+  EXPECT_FALSE(zervo.showsUtf8());
+  zervo.command(mnuRedo);
+  zervo.waitForText(kUtf8Page);
+  EXPECT_TRUE(zervo.showsUtf8());
   zervo.command(mnuSave);
   waitFor("the saved page", [&] { return readBytes(page) == kUtf8Page; });
   leave(zervo);
@@ -90,12 +96,11 @@ TEST_F(Session, SelectionCommandsReselectAndUndoComesBack) {
   zervo.command(mnumtubers);
   zervo.waitForText("tbilisi თბჩ\r\nabg");
   zervo.waitUntilFree();
-  EXPECT_EQ(zervo.selection().cpMin, 8);
-  EXPECT_EQ(zervo.selection().cpMax, 17);
+  EXPECT_EQ(zervo.selection(), (Range{8, 17}));
   zervo.command(mnuUndo);
   zervo.waitForText("tbilisi TbC\r\nabg");
 
-  zervo.select(12, 15);
+  zervo.select(13, 16);
   zervo.command(mnuUbendkopi);
   waitFor("the converted text on the clipboard", [] { return utf8(clipboard()).size() > 3; });
   zervo.command(mnuTkod);  // the whole text
@@ -117,6 +122,7 @@ TEST_F(Session, GeorgianUnicodeEntersInTheFormOfTheTypingMode) {
   zervo.waitForText(expected += "qarTuli, A\r\nWa");
   zervo.command(mnuens3);
   zervo.command(mnuPaste);
+  EXPECT_NE(zervo.answer(IDC_frmBOXa_Cno).find("UTF-8"), std::string::npos);  // no byte is a letter here
   zervo.waitForText(expected += "ქართული, A\r\nჭა");
 
   for (const wchar_t key : {L'a', L'T', L'A'}) zervo.type(key);

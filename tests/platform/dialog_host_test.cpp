@@ -248,7 +248,7 @@ TEST_F(DialogHost, TheFormDecidesWhetherItsWindowCloses) {
 
 TEST_F(DialogHost, ABytesBoxPastesAndSelectsInBytes) {
   open();
-  win32::putClipboardText(owner_.hwnd(), L"\u10D0z\u20AC");
+  win32::putClip(owner_.hwnd(), {"any", "\u10D0z\u20AC"});
   send(IDC_sample_Tbytes, WM_PASTE);
   EXPECT_EQ(form_.Tbytes.text(), "\u10D0z\x80");
   form_.Tbytes.select(3, 1);

@@ -8,9 +8,9 @@
 #include <utility>
 #include <vector>
 
+#include "platform/win32/code_view/code_view.h"
 #include "platform/win32/drag.h"
 #include "platform/win32/handles.h"
-#include "platform/win32/rich_edit_code_view.h"
 #include "resources/ids.h"
 #include "ui/tab_strip.h"
 
@@ -58,6 +58,8 @@ class SampleMain : public ui::MainForm {
   void menuHighlighted(const ui::Text&) override {}
   void filesDropped(const std::vector<std::string>&) override {}
   void idle() override {}
+  void pause() override {}
+  void systemColoursChanged() override {}
 };
 
 class MainWindow : public testing::Test {
@@ -105,7 +107,7 @@ class MainWindow : public testing::Test {
     mouse(handle(), WM_LBUTTONUP, {to, y});
   }
 
-  win32::RichEditCodeView view;
+  win32::CodeView view;
   SampleMain form{view};
   std::optional<win32::MainWindow> window{std::in_place, form, view};
 };
