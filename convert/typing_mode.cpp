@@ -56,7 +56,8 @@ struct OldLetter {
   char32_t letter;
   std::uint8_t byte;
 };
-constexpr std::array<OldLetter, 4> kOldLetters = {{{0x10F1, 0xC7}, {0x10F2, 0xCE}, {0x10F3, 0xD5}, {0x10F4, 0xE2}}};
+constexpr std::array<OldLetter, 4> kOldLetters = {
+    {{0x10F1, 0xC7}, {0x10F2, 0xCE}, {0x10F3, 0xD5}, {0x10F4, 0xE2}}};
 
 // The letter's form in the mode, if it has one. The last letter's zero bytes are not part of it.
 std::optional<char> letterByte(char32_t character, TypingMode mode, const LetterTables& tables) {
@@ -162,11 +163,31 @@ std::string shownLetters(std::string_view bytes, ReadAs as) {
   return letters;
 }
 
+std::optional<std::string> reencoded(std::string_view bytes, ReadAs from, ReadAs to,
+                                     const LetterTables& tables) {
+  if (from == to) return std::string(bytes);
+  if (from.view == ui::TextView::EightBit && from.mode == TypingMode::GeorgianASCII) return std::nullopt;
+  const std::string letters = shownLetters(bytes, from);
+  if (!base::isUtf8(letters)) return std::nullopt;
+  std::string made = to.view == ui::TextView::Utf8 ? letters : typedText(letters, to.mode, tables);
+  if (shownLetters(made, to) != letters) return std::nullopt;
+  return made;
+}
+
+ReadAs readAs(app::Workbench& bench) {
+  ReadAs as{bench.codeView().view(), TypingMode::Latin};
+  for (const ModeRow& row : modes()) {
+    if (bench.commandChecked(row.id)) as.mode = row.mode;
+  }
+  return as;
+}
+
 Typing::Typing(app::Workbench& bench, const LetterTables& tables) : bench_(bench), tables_(tables) {
   std::vector<app::Command> commands;
   app::MenuPlan plan{app::kTypingMenu, {}};
   for (const ModeRow& row : modes()) {
-    app::Command command{row.id, row.name, row.caption, ui::ctrl(static_cast<char>('1' + static_cast<int>(row.mode))),
+    app::Command command{row.id, row.name, row.caption,
+                         ui::ctrl(static_cast<char>('1' + static_cast<int>(row.mode))),
                          [this, mode = row.mode] {
                            lastChosen_ = mode;
                            choose(mode);
@@ -276,7 +297,8 @@ std::string Typing::entering(const ui::TextClip& clip) {
             "&#8470;)? „არა“: UTF-8-ის ბაიტებად.",
         "", app::frmBOXa::Kind::YesNoCancel, ui::IconBox::Sign::Question);
     if (answer == app::kAnswerCancel) return {};
-    bytes = typedText(answer == app::kAnswerYes ? withReferences(clip.letters) : clip.letters, mode_, tables_);
+    bytes =
+        typedText(answer == app::kAnswerYes ? withReferences(clip.letters) : clip.letters, mode_, tables_);
   } else {
     bytes = typedText(clip.letters, mode_, tables_);
   }
