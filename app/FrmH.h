@@ -30,7 +30,9 @@ class FrmH final : public ui::MainForm, public Workbench {
                         {"kPreview", 200, {}, true},
                         {"kCounts", 250, {}, false},
                         {"kMode", 110, {}, false},
-                        {"kPosition", 170, {}, false}}};
+                        {"kPosition", 170, {}, false},
+                        {"kView", 60, {}, false},
+                        {"kLineEnds", 60, {}, false}}};
 
   PropsRecord Props;
   ColectionMain WebProject;
@@ -118,6 +120,7 @@ class FrmH final : public ui::MainForm, public Workbench {
   void buildMenus();
   CommandState commandState();
   void refreshItems(std::vector<ui::MenuItem>& items, const CommandState& state);
+  void refreshToolBar();
   void TV_NodeClick(int node);
   void TV_ContextMenu();
   bool TV_CanDropOn(int node, int target) const;
@@ -133,10 +136,16 @@ class FrmH final : public ui::MainForm, public Workbench {
   std::int16_t selectedDocument() const;  // of the tree's selected node; -1: none
   void T1_Change();
   void T1_Reformed();
+  void addLookCommands();  // FrmH_looks.cpp, like the next four
+  MenuPlan lookMenu() const;
+  Command lookSwitch(int id, const char* name, ui::Text caption, bool PropsRecord::*field, ui::Text help);
+  void zoomTo(int points);
+  void showView();
   void showIn(const std::shared_ptr<ui::CodeDocument>& document, const std::string& title);
   void showText(std::string_view text, const std::string& title) { showIn(T1.makeDocument(text), title); }
   void chooseView(ui::TextView view);
   void nameOddEncoding();
+  void followName();  // the shown document's name may be of another kind of file now
   void T1_SelChange();
   int nearestText(int position);
   void step(int direction);  // to the next or previous document with text
@@ -158,6 +167,7 @@ class FrmH final : public ui::MainForm, public Workbench {
   // Shows nothing: an empty untitled document without a record.
   void showNothing();
   void nameUntitled();
+  void newPage();  // as the settings want it
   void applyEditorSettings();
 
   bool unsavedDocuments();

@@ -72,7 +72,10 @@ bool FrmH::SaveDocument(const std::string& path, std::int16_t index, SaveKind ki
       Treefulen();
     }
   }
-  if (shown) showCaption();
+  if (shown) {
+    followName();
+    showCaption();
+  }
   if (kind == SaveKind::As) {
     if (WebProject.WEBopened) {
       if (offerInclusion() && WebProject.WEBChanged) writeProjectFile();

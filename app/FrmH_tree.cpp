@@ -108,7 +108,10 @@ void FrmH::mnuwebRename_Click() {
   record.filepath = target;
   record.FileTitle = base::joinPath(base::folderOf(record.FileTitle), *typed);
   if (record.IsInWEB) WebProject.WEBChanged = true;
-  if (index == CurrentItemIndex) CurrentFilePath = target;
+  if (index == CurrentItemIndex) {
+    CurrentFilePath = target;
+    followName();
+  }
   Treefulen();
   showCaption();
 }

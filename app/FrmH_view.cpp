@@ -1,4 +1,4 @@
-// The View menu, and the panes around the code view from run to run.
+// The View menu, the panes around the code view from run to run, and how a document is read.
 #include <algorithm>
 #include <initializer_list>
 #include <utility>
@@ -22,8 +22,8 @@ ui::Language languageOf(const std::string& title) {
   };
   if (among({"CSS"})) return ui::Language::Css;
   if (among({"XML", "XSL", "SVG", "RSS"})) return ui::Language::Xml;
-  const bool pages = among({"HTML", "HTM", "SHTML", "SHTM", "XHTML", "MHT", "MHTML", "HTT", "ASP", "PHP", "PHP3", "PHTML",
-                            "INC", "TPL"});
+  const bool pages = among({"HTML", "HTM", "SHTML", "SHTM", "XHTML", "MHT", "MHTML", "HTT", "ASP", "PHP",
+                            "PHP3", "PHTML", "INC", "TPL"});
   return pages ? ui::Language::Html : ui::Language::None;
 }
 
@@ -33,18 +33,6 @@ void FrmH::addViewCommands() {
   const auto always = CommandRule();
   const auto several = [](const CommandState& state) { return state.documents > 1; };
   addCommands({
-      {mnuWordWrap,
-       "mnuWordWrap",
-       "|45|სტრიქონების &გადატანა",
-       {},
-       [this] {
-         Props.WordWrap = !Props.WordWrap;
-         applyEditorSettings();
-         saveProps();
-       },
-       always,
-       [this] { return Props.WordWrap; },
-       "გრძელი სტრიქონების გადატანა ფანჯრის სიგანეზე"},
       {mnuNextDocument,
        "mnuNextDocument",
        "|47|&შემდეგი დოკუმენტი",
@@ -77,14 +65,21 @@ void FrmH::addViewCommands() {
        always,
        [this] { return Ltags.visible(); },
        "ტეგების პალიტრის ჩვენება ან დამალვა"},
+      {mnuNextPane,
+       "mnuNextPane",
+       "შემდეგ &არეზე",
+       {ui::kKeyF1 + 5, false, false, false},
+       [this] { window->nextPane(); },
+       always,
+       nullptr,
+       "კლავიატურა შემდეგ არეზე გადადის: ტექსტი, ხე, ტეგების პალიტრა, ღილაკები"},
   });
-  addMenu({kViewMenu,
-           {{mnuWordWrap, {}, {}},
-            {mnuTree, {}, {}},
-            {mnuTagPalette, {}, {}},
-            {0, {}, {}},
-            {mnuNextDocument, {}, {}},
-            {mnuPreviousDocument, {}, {}}}});
+  addLookCommands();
+  MenuPlan plan = lookMenu();
+  for (const int id : {0, mnuTree, mnuTagPalette, mnuNextPane, 0, mnuNextDocument, mnuPreviousDocument}) {
+    plan.lines.push_back({id, {}, {}});
+  }
+  addMenu(plan);
 }
 
 void FrmH::togglePane(ui::Control& pane) {
@@ -99,6 +94,7 @@ void FrmH::restorePanes() {
   widths.left = registryNumber(platform_.registryValue(kSection, "left")).value_or(widths.left);
   widths.right = registryNumber(platform_.registryValue(kSection, "right")).value_or(widths.right);
   window->setPaneWidths(widths);
+  zoomTo(registryNumber(platform_.registryValue(kSection, "zoom")).value_or(0));
   if (platform_.registryValue(kSection, "tree") == "0") togglePane(TV);
   if (platform_.registryValue(kSection, "palette") == "0") togglePane(Ltags);
 }
@@ -107,13 +103,14 @@ void FrmH::keepPanes() {
   const ui::PaneWidths widths = window->paneWidths();
   platform_.setRegistryValue(kSection, "left", std::to_string(widths.left));
   platform_.setRegistryValue(kSection, "right", std::to_string(widths.right));
+  platform_.setRegistryValue(kSection, "zoom", std::to_string(T1.zoom()));
   platform_.setRegistryValue(kSection, "tree", TV.visible() ? "1" : "0");
   platform_.setRegistryValue(kSection, "palette", Ltags.visible() ? "1" : "0");
 }
 
 // Into the code view. How a document is read is decided the first time, and stays with it.
 void FrmH::showIn(const std::shared_ptr<ui::CodeDocument>& document, const std::string& title) {
-  if (document->language == ui::Language::None) document->language = languageOf(title);
+  document->language = languageOf(title);
   T1.show(document);
   if (!std::exchange(document->viewDecided, true)) {
     T1.setView(base::readsAsUtf8(T1.text()) ? ui::TextView::Utf8 : ui::TextView::EightBit);
@@ -128,10 +125,14 @@ void FrmH::chooseView(ui::TextView view) {
   viewChanged();
 }
 
+void FrmH::followName() {
+  const ui::Language language = languageOf(titleOf(CurrentItemIndex));
+  if (std::exchange(T1.document()->language, language) != language) T1.languageChanged();
+}
+
 // Its bytes are shown and kept, but it can hardly be edited here: the user shall know why.
 void FrmH::nameOddEncoding() {
-  const std::string_view text = T1.text();
-  if (text.starts_with("\xFF\xFE") || text.starts_with("\xFE\xFF")) {
+  if (base::isUtf16(T1.text())) {
     setPanel("kMain", "ფაილი UTF-16-ითაა ჩაწერილი: ჩანს მისი ბაიტები, შენახვისას ისინი უცვლელი რჩება");
   }
 }

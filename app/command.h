@@ -36,6 +36,7 @@ struct Command {
   ui::Text help = {};
   std::function<ui::Text()> text = nullptr;  // a caption that changes; empty: the item is left out
   bool radio = false;                        // one of a group of which one is checked
+  bool ownKey = false;                       // see ui::MenuItem
 };
 
 // Where rows stand in the menu bar: a top menu, and in it a list of ids (0: a separator) or submenus.

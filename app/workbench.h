@@ -64,7 +64,7 @@ class Workbench {
   virtual bool runCommand(int id) = 0;                            // false: unknown or disabled
   virtual bool commandChecked(int id) = 0;                        // its menu item bears a check mark
 
-  // A panel of the status bar: "kMain", "kPosition", "kCounts", "kMode", "kPreview".
+  // A panel of the status bar: "kMain", "kPreview", "kCounts", "kMode", "kPosition", "kView", "kLineEnds".
   virtual void setPanel(std::string_view key, ui::Text text) = 0;
 
   // What the user did without a command, as a command does it: not while one runs, and errors are shown.
@@ -84,6 +84,7 @@ class Workbench {
   ui::Signal<> selectionChanged;
   ui::Signal<> idle;
   ui::Signal<> pause;  // the user has done nothing for a moment: time for what reads the whole text
+  ui::Signal<std::string_view> panelClicked;  // of the status bar
   ui::Signal<base::Color> colorChosen;  // for a page, in one of the colour dialogs
   ui::Signal<int> keyDown;              // in the code view; virtual-key numbers
   ui::Signal<int> keyUp;

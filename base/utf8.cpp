@@ -73,4 +73,8 @@ bool readsAsUtf8(std::string_view text) {
   return asciiEnd(text, 0) < text.size() && isUtf8(text);
 }
 
+bool isUtf16(std::string_view text) {
+  return text.starts_with("\xFF\xFE") || text.starts_with("\xFE\xFF");
+}
+
 }  // namespace base

@@ -17,5 +17,7 @@ bool isUtf8(std::string_view text);
 // All of it is UTF-8, and it has a letter of more than one byte or begins with a byte-order mark: text that is to be
 // read as UTF-8.
 bool readsAsUtf8(std::string_view text);
+// It begins with the mark of UTF-16: its units are two bytes each.
+bool isUtf16(std::string_view text);
 
 }  // namespace base

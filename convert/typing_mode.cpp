@@ -204,8 +204,18 @@ Typing::Typing(app::Workbench& bench, const LetterTables& tables) : bench_(bench
                        }};
   letters.help = "რუსული ასოების განლაგება კლავიატურაზე";
   commands.push_back(std::move(letters));
-  plan.lines.push_back({0, {}, {}});
-  plan.lines.push_back({mnurusaso, {}, {}});
+  // The keys act in the code view by themselves: with them come control codes, also from other programs.
+  const auto key = [&](int id, const char* name, const char* caption, char letter, int code,
+                       const char* help) {
+    app::Command row{id, name, caption, ui::ctrl(letter), [this, code] { controlKey(code); }};
+    row.help = help;
+    row.ownKey = true;
+    commands.push_back(std::move(row));
+  };
+  key(mnuBreak, "mnuBreak", "სტრიქონის გაწყვეტა <BR>", 'B', kCtrlB, "წერს <BR>-ს მონიშნულის ადგილას");
+  key(mnuNoBreakSpace, "mnuNoBreakSpace", "უწყვეტი ჰარი", 'Y', kCtrlY,
+      "წერს უწყვეტ ჰარს: ბაიტებად ან მითითებად, როგორც პარამეტრებშია");
+  for (const int id : {0, mnurusaso, 0, mnuBreak, mnuNoBreakSpace}) plan.lines.push_back({id, {}, {}});
   bench.addCommands(std::move(commands));
   bench.addMenu(plan);
 

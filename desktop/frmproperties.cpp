@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <charconv>
 
+#include "app/code_look.h"
 #include "app/mdlsaerto.h"
 #include "base/text.h"
 
@@ -16,11 +17,14 @@ constexpr int kMostSize = 200;
 constexpr base::Color kWhite = base::rgb(255, 255, 255);
 constexpr int kLatinMode = 3;
 
-const std::array<std::string, 4> kBundled = {"Zervo ISO", "Zervo ASCII", "Zervo RUS", "Zervo Sans"};
+const std::array<std::string, 5> kBundled = {"Zervo ISO", "Zervo ASCII", "Zervo RUS", "Zervo Mono",
+                                             "Zervo Sans"};
+const std::string& kUtf8Font = kBundled[3];
 // Of the typing modes, by number: the font where the settings name none, and a few words in the mode's bytes.
 const std::array<std::string, 4> kTypingFonts = {"Zervo RUS", "Zervo ISO", "Zervo ASCII", "Zervo ISO"};
 const std::array<ui::Text, 4> kTypingWords = {"Ðóññêèé òåêñò"_legacy, "ØÀÒÈÖËÉ ÔÄØÓÔÉ"_legacy,
                                               "qarTuli teqsti", "Latin <BR>"};
+const std::string kUtf8Words = "ქართული Аб é";
 const ui::Text kEditorWords = "<P>ØÀÒÈÖËÉ ÔÄØÓÔÉ</P>\r\n<A HREF=\"a.htm\">abc 123</A>"_legacy;
 
 std::string chosen(const ui::ComboBox& box) {
@@ -65,7 +69,10 @@ std::vector<frmproperties::Tick> frmproperties::ticks() {
           {CKitalic, &Props::EditorFontItalic},  {CKwrap, &Props::WordWrap},
           {CKdecode, &Props::SelectionPreview},  {CKheader, &Props::HeaderTextOn},
           {CKbody, &Props::BodyAttributesOn},    {CKpassive, &Props::FtpPassive},
-          {CKbrowser, &Props::PreviewInBrowser}};
+          {CKbrowser, &Props::PreviewInBrowser}, {CKlive, &Props::LiveColours},
+          {CKnumbers, &Props::LineNumbers},      {CKcurrent, &Props::CurrentLine},
+          {CKblanks, &Props::WhiteSpace},        {CKlineends, &Props::LineEnds},
+          {CKpagemode, &Props::ModeOfPage},      {CKskeleton, &Props::NewPageSkeleton}};
 }
 
 void frmproperties::connectEvents() {
@@ -82,6 +89,11 @@ void frmproperties::connectEvents() {
   Ctext.clicked.connect(guardedly([this] { pick(text_); }));
   Pback.paint = [this](ui::Canvas& canvas) { paintSwatch(canvas, Pback, back_); };
   Ptext.paint = [this](ui::Canvas& canvas) { paintSwatch(canvas, Ptext, text_); };
+  CButf8font.selectionChanged.connect(repaint);
+  CBcolours.selectionChanged.connect(repaint);
+  Putf8.paint = [this](ui::Canvas& canvas) {
+    paintSample(canvas, Putf8, kUtf8Words, CButf8font, SampleOf::Letters);
+  };
   Psample.paint = [this](ui::Canvas& canvas) { paintSample(canvas, Psample, kEditorWords.bytes, CBfont); };
   for (std::size_t i = 0; i < CBtyping.size(); ++i) {
     CBtyping[i]->selectionChanged.connect(repaint);
@@ -122,6 +134,8 @@ void frmproperties::fill(const app::PropsRecord& props) {
     const std::string& name = props.TypingFontName[i];
     selectFont(*CBtyping[i], name.empty() ? kTypingFonts[i] : name);
   }
+  selectFont(CButf8font, props.Utf8FontName.empty() ? kUtf8Font : props.Utf8FontName);
+  CBcolours.setSelected(static_cast<int>(props.Colours));
   (props.NoBreakSpaceAsReference ? OPreference : OPbytes).choose();
   Theader.setText(props.HeaderText);
   Tbody.setText(props.BodyAttributes);
@@ -159,6 +173,8 @@ std::optional<app::PropsRecord> frmproperties::read() {
   props.EditorBackColor = back_;
   props.EditorColorExtra = static_cast<std::int32_t>(text_);
   for (std::size_t i = 0; i < CBtyping.size(); ++i) props.TypingFontName[i] = chosen(*CBtyping[i]);
+  props.Utf8FontName = chosen(CButf8font);
+  props.Colours = scheme();
   props.NoBreakSpaceAsReference = OPreference.chosen();
   props.HeaderText = Theader.text();
   props.BodyAttributes = Tbody.text();
@@ -174,8 +190,23 @@ bool frmproperties::apply() {
 }
 
 void frmproperties::pick(base::Color& color) {
-  if (const auto picked = bench_.platform().pickColor(color)) color = *picked;
+  if (const auto picked = bench_.platform().pickColor(color)) {
+    color = *picked;
+    CBcolours.setSelected(static_cast<int>(app::ColourScheme::Own));  // who chooses a colour wants to see it
+  }
   repaintSamples();
+}
+
+app::ColourScheme frmproperties::scheme() const {
+  return static_cast<app::ColourScheme>(std::max(0, CBcolours.selected()));
+}
+
+ui::CodeLook frmproperties::look() const {
+  app::PropsRecord props;
+  props.Colours = scheme();
+  props.EditorBackColor = back_;
+  props.EditorColorExtra = static_cast<std::int32_t>(text_);
+  return app::codeLook(props, bench_.platform().darkColours());
 }
 
 void frmproperties::enableTexts() {
@@ -184,7 +215,7 @@ void frmproperties::enableTexts() {
 }
 
 void frmproperties::repaintSamples() {
-  for (ui::PictureBox* box : {&Pback, &Ptext, &Psample}) box->repaint();
+  for (ui::PictureBox* box : {&Pback, &Ptext, &Psample, &Putf8}) box->repaint();
   for (const auto& box : Ptyping) box->repaint();
 }
 
@@ -193,22 +224,23 @@ void frmproperties::paintSwatch(ui::Canvas& canvas, const ui::PictureBox& box, b
   canvas.frame(areaOf(box), canvas.systemColor(ui::SystemColor::Shadow));
 }
 
-void frmproperties::paintSample(ui::Canvas& canvas, const ui::PictureBox& box, const std::string& bytes,
-                                const ui::ComboBox& family) const {
+void frmproperties::paintSample(ui::Canvas& canvas, const ui::PictureBox& box, const std::string& text,
+                                const ui::ComboBox& family, SampleOf kind) const {
   constexpr int kMargin = 6;
-  paintSwatch(canvas, box, back_);
+  const ui::CodeLook colours = look();
+  paintSwatch(canvas, box, colours.back);
   const auto size = wholeNumber(Tsize.text());
   ui::TextStyle style;
   style.font.name = chosen(family);
   style.font.size = size && *size >= kLeastSize && *size <= kMostSize ? *size : app::kUsualFontSize;
   style.font.bold = CKbold.checked();
   style.font.italic = CKitalic.checked();
-  style.bytes = true;
-  style.wrap = bytes.find('\n') != std::string::npos;
+  style.bytes = kind == SampleOf::Bytes;
+  style.wrap = text.find('\n') != std::string::npos;
   const ui::Rect area = areaOf(box);
   const int down = style.wrap ? kMargin : 1;
-  canvas.text({area.left + kMargin, down, area.width - 2 * kMargin, area.height - 2 * down}, bytes, text_,
-              style);
+  canvas.text({area.left + kMargin, down, area.width - 2 * kMargin, area.height - 2 * down}, text,
+              colours.text, style);
 }
 
 }  // namespace desktop

@@ -45,6 +45,18 @@ class frmproperties : public ui::Form {
   ui::CheckBox CKdecode{*this, IDC_frmproperties_CKdecode};
   ui::Label Lsample{*this, IDC_frmproperties_Lsample};
   ui::PictureBox Psample{*this, IDC_frmproperties_Psample};
+  // Code view
+  ui::Label Lutf8font{*this, IDC_frmproperties_Lutf8font};
+  ui::ComboBox CButf8font{*this, IDC_frmproperties_CButf8font};
+  ui::PictureBox Putf8{*this, IDC_frmproperties_Putf8};
+  ui::Label Lcolours{*this, IDC_frmproperties_Lcolours};
+  ui::ComboBox CBcolours{*this, IDC_frmproperties_CBcolours};
+  ui::CheckBox CKlive{*this, IDC_frmproperties_CKlive};
+  ui::CheckBox CKnumbers{*this, IDC_frmproperties_CKnumbers};
+  ui::CheckBox CKcurrent{*this, IDC_frmproperties_CKcurrent};
+  ui::CheckBox CKblanks{*this, IDC_frmproperties_CKblanks};
+  ui::CheckBox CKlineends{*this, IDC_frmproperties_CKlineends};
+  ui::CheckBox CKpagemode{*this, IDC_frmproperties_CKpagemode};
   // Typing: label, font and sample of each mode
   std::array<std::unique_ptr<ui::Label>, 4> Ltyping;
   std::array<std::unique_ptr<ui::ComboBox>, 4> CBtyping;
@@ -53,6 +65,7 @@ class frmproperties : public ui::Form {
   ui::OptionButton OPbytes{*this, IDC_frmproperties_OPbytes, 1};
   ui::OptionButton OPreference{*this, IDC_frmproperties_OPreference, 1};
   // New pages
+  ui::CheckBox CKskeleton{*this, IDC_frmproperties_CKskeleton};
   ui::CheckBox CKheader{*this, IDC_frmproperties_CKheader};
   ui::TextBox Theader{*this, IDC_frmproperties_Theader};
   ui::CheckBox CKbody{*this, IDC_frmproperties_CKbody};
@@ -87,11 +100,14 @@ class frmproperties : public ui::Form {
   void selectFont(ui::ComboBox& box, const std::string& name);
   bool apply();
   void pick(base::Color& color);
+  app::ColourScheme scheme() const;
+  ui::CodeLook look() const;  // the colours as they would be
   void enableTexts();
   void repaintSamples();
   void paintSwatch(ui::Canvas& canvas, const ui::PictureBox& box, base::Color color) const;
-  void paintSample(ui::Canvas& canvas, const ui::PictureBox& box, const std::string& bytes,
-                   const ui::ComboBox& family) const;
+  enum class SampleOf { Bytes, Letters };
+  void paintSample(ui::Canvas& canvas, const ui::PictureBox& box, const std::string& text,
+                   const ui::ComboBox& family, SampleOf kind = SampleOf::Bytes) const;
 
   app::Workbench& bench_;
   std::vector<std::string> fonts_;

@@ -21,6 +21,17 @@ void frmproperties::setTexts() {
   CKdecode.setCaption("მონიშნული UTF-8 ტექსტის გაშიფვრა ქვე&და ზოლში");
   Lsample.setCaption("ნიმუში:");
 
+  Lutf8font.setCaption("UTF-8 ხედის &შრიფტი:");
+  Putf8.setCaption("ნიმუში: UTF-8 ხედი");
+  Lcolours.setCaption("&ფერები:");
+  CBcolours.setItems({"საკუთარი", "როგორც სისტემაშია", "ღია", "მუქი"});
+  CKlive.setCaption("ტეგების, სტილებისა და სკრიპტების გაფერადება &კრეფისას");
+  CKnumbers.setCaption("სტრიქონების &ნომრები");
+  CKcurrent.setCaption("&მიმდინარე სტრიქონის გამოყოფა");
+  CKblanks.setCaption("&ჰარების ჩვენება");
+  CKlineends.setCaption("სტრიქონის &ბოლოების ჩვენება");
+  CKpagemode.setCaption("გვერდი თავისი ასოების კრეფის &რეჟიმით იხსნება");
+
   const std::array<const char*, 4> modes = {"რუსული", "ქართული ISO", "ქართული ASCII", "ლათინური"};
   std::vector<ui::Text> names;
   for (std::size_t i = 0; i < modes.size(); ++i) {
@@ -34,13 +45,14 @@ void frmproperties::setTexts() {
   OPbytes.setCaption("&UTF-8 ბაიტები C2 A0");
   OPreference.setCaption("მითითე&ბა &&nbsp;");
 
+  CKskeleton.setCaption("ახალი &HTML გვერდი სრული კარკასით, UTF-8");
   CKheader.setCaption("და&მატებითი ტექსტი ახალი გვერდის თავში:");
   CKbody.setCaption("BODY-ს ატრი&ბუტები ახალ გვერდზე:");
   Theader.hint = "ტექსტი გვერდის თავში";
   Tbody.hint = "BODY-ს ატრიბუტები";
 
   Ltimeout.setCaption("FTP: &მოლოდინი, წამი:");
-  CKpassive.setCaption("FTP: &Passive რეჟიმი");
+  CKpassive.setCaption("FTP: &Passive რეჟიმი (საწყისი პარამეტრებით ჩართულია)");
   CKbrowser.setCaption("გადახედვა ყოველთვის ნაგულისხმევ &ბრაუზერში");
 
   Cdefault.setCaption("&საწყისი მნიშვნელობები");
@@ -70,8 +82,10 @@ void frmproperties::addPages() {
     typing.push_back(Ptyping[i].get());
   }
   Tabs.addPage("კრეფა", std::move(typing));
-  Tabs.addPage("ახალი გვერდი", {&CKheader, &Theader, &CKbody, &Tbody});
+  Tabs.addPage("ახალი გვერდი", {&CKskeleton, &CKheader, &Theader, &CKbody, &Tbody});
   Tabs.addPage("FTP, გადახედვა", {&Ltimeout, &Ttimeout, &CKpassive, &CKbrowser});
+  Tabs.addPage("კოდის ხედი", {&Lutf8font, &CButf8font, &Putf8, &Lcolours, &CBcolours, &CKlive, &CKnumbers,
+                              &CKcurrent, &CKblanks, &CKlineends, &CKpagemode});
 }
 
 }  // namespace desktop

@@ -2,6 +2,7 @@
 
 #include "app/mdlsaerto.h"
 #include "editor/colour_ranges.h"
+#include "resources/ids.h"
 #include "ui/menu.h"
 
 namespace editor {
@@ -26,6 +27,15 @@ Colouring::Colouring(app::Workbench& bench) : bench_(bench) {
   bench.keyDown.connect([this](int key) { T1_KeyDown(key); });
   bench.keyUp.connect([this](int key) { T1_KeyUp(key); });
   bench.textChanged.connect([this] { T1_Change(); });
+
+  app::Command toggle{
+      mnuColouring, "mnuColouring", "&ტეგების გაფერადება", {kKeyF12, false, false, false}, [this] {
+        ToggleColouring();
+      }};
+  toggle.checked = [this] { return coloured; };
+  toggle.help = "ტეგები, ატრიბუტები და კომენტარები ფერადდება; შემდეგი კლავიში უბრალო ტექსტს აბრუნებს";
+  toggle.ownKey = true;  // it acts when it is released
+  bench.addCommands({std::move(toggle)});
 }
 
 void Colouring::ToggleColouring() {

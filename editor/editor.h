@@ -6,19 +6,22 @@
 #include "editor/colouring.h"
 #include "editor/document_reference.h"
 #include "editor/line_commands.h"
+#include "editor/line_end_commands.h"
 #include "editor/tag_commands.h"
 #include "editor/tag_palette.h"
 
 namespace editor {
 
 struct Editor {
-  explicit Editor(app::Workbench& bench) : colouring(bench), tags(bench), lines(bench), palette(bench) {
+  explicit Editor(app::Workbench& bench)
+      : colouring(bench), tags(bench), lines(bench), lineEnds(bench), palette(bench) {
     takeDroppedDocuments(bench);
   }
 
   Colouring colouring;
   TagCommands tags;
   LineCommands lines;
+  LineEndCommands lineEnds;
   TagPalette palette;
 };
 

@@ -13,7 +13,7 @@ namespace generators {
 namespace {
 
 // What a crash while writing may leave behind.
-constexpr std::string_view kUnfinished = ".zervo-tmp";
+constexpr std::string_view kUnfinished = ".zervo-";
 constexpr std::size_t kPreviewBytes = 4000;
 constexpr int kPreviewLines = 60;
 
@@ -26,7 +26,7 @@ std::string PageLibrary::path(const std::string& name) const {
 std::vector<std::string> PageLibrary::names() const {
   if (!base::folderExists(folder_)) return {};
   std::vector<std::string> all = base::filesIn(folder_);
-  std::erase_if(all, [](const std::string& name) { return name.ends_with(kUnfinished); });
+  std::erase_if(all, [](const std::string& name) { return name.starts_with(kUnfinished); });
   std::sort(all.begin(), all.end(), [](const std::string& a, const std::string& b) {
     const int order = base::compareNoCase(a, b);
     return order != 0 ? order < 0 : a < b;
@@ -78,7 +78,8 @@ std::string completedName(std::string_view typed, std::string_view extension) {
 }
 
 bool isReservedName(std::string_view name) {
-  if (name.empty() || name.ends_with('.') || name.ends_with(' ') || name.ends_with(kUnfinished)) return true;
+  if (name.empty() || name.ends_with('.') || name.ends_with(' ') || name.starts_with(kUnfinished))
+    return true;
   if (std::any_of(name.begin(), name.end(), [](unsigned char c) { return c < ' '; })) return true;
   const std::string stem = base::upperAscii(base::trimSpaces(name.substr(0, name.find('.'))));
   if (stem == "CON" || stem == "PRN" || stem == "AUX" || stem == "NUL") return true;

@@ -236,6 +236,9 @@
 #define mnuPaste 40105
 #define mnuDelete 40106
 #define mnuSelectAll 40107
+#define mnuToCrLf 40111 // the line ends of the whole text
+#define mnuToLf 40112
+#define mnuToCr 40113
 
 #define mnuUTF8 40151
 #define mnumtubers 40152
@@ -259,6 +262,8 @@
 #define mnuens2 40203
 #define mnuens3 40204
 #define mnurusaso 40205
+#define mnuBreak 40206
+#define mnuNoBreakSpace 40207
 
 #define mnuWordWrap 40301
 #define mnuPreviewPane 40302
@@ -266,6 +271,23 @@
 #define mnuPreviousDocument 40304
 #define mnuTree 40305
 #define mnuTagPalette 40306
+#define mnuToolMore 40308 // the chevron of the tool bar: what has no room in it
+#define mnuNextPane 40307
+#define mnuView8Bit 40321
+#define mnuViewUtf8 40322
+#define mnuLineNumbers 40323
+#define mnuCurrentLine 40324
+#define mnuWhiteSpace 40325
+#define mnuShowLineEnds 40326
+#define mnuLiveColours 40327
+#define mnuColouring 40328
+#define mnuZoomIn 40329
+#define mnuZoomOut 40330
+#define mnuZoomNone 40331
+#define mnuColours0 40332 // own, as the system, light, dark
+#define mnuColours1 40333
+#define mnuColours2 40334
+#define mnuColours3 40335
 #define mnuPageSetup 40341
 #define mnuPrintPreview 40342
 #define mnuPrint 40343
@@ -485,9 +507,21 @@
 #define IDC_frmproperties_CEXIT 2235
 #define IDC_frmproperties_Capply 2236
 #define IDC_frmproperties_Cdefault 2237
+#define IDC_frmproperties_CKskeleton 2238
 #define IDC_frmproperties_Ltyping 2250 // ..2253: one a typing mode
 #define IDC_frmproperties_CBtyping 2254 // ..2257
 #define IDC_frmproperties_Ptyping 2258 // ..2261
+#define IDC_frmproperties_Lutf8font 2270
+#define IDC_frmproperties_CButf8font 2271
+#define IDC_frmproperties_Putf8 2272
+#define IDC_frmproperties_Lcolours 2273
+#define IDC_frmproperties_CBcolours 2274
+#define IDC_frmproperties_CKlive 2275
+#define IDC_frmproperties_CKnumbers 2276
+#define IDC_frmproperties_CKcurrent 2277
+#define IDC_frmproperties_CKblanks 2278
+#define IDC_frmproperties_CKlineends 2279
+#define IDC_frmproperties_CKpagemode 2280
 #define mnuproperties 40351
 
 // Preview

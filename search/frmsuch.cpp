@@ -46,7 +46,6 @@ frmsuch::frmsuch(app::Workbench& bench) : Form("frmsuch", IDD_frmsuch), bench_(b
   Combo1.hint = "სად მოიძებნოს";
   Ccheinj.hint = "საძიებელი და შემცვლელი ტექსტების გაცვლა";
   Cmeniu.hint = "ნიშნების ჩასმა, ბოლო ძებნები";
-  // No hint for List1: a tip's window hears every message, and a million rows would take minutes.
   Combo1.setItems({"mTlian teqstSi"_keyboard, "markirebul teqstSi"_keyboard,
                    "aqtualuri adgilidan zeviT"_keyboard, "aqtualuri adgilidan qveviT!"_keyboard});
   Combo1.dropWidth = 200;
@@ -255,8 +254,7 @@ bool frmsuch::stepInOtherDocument(Direction direction) {
 }
 
 void frmsuch::found(const Occurrence& occurrence) {
-  const Selection selection = selectionOf(occurrence);
-  T1_.select(selection.start, selection.length);
+  select(selectionOf(occurrence));
   nextPos = static_cast<std::int32_t>(occurrence.position + occurrence.length);
   current_ = occurrence;
   sizeAtStep_ = T1_.text().size();
@@ -323,7 +321,12 @@ void frmsuch::List1_Click() {
     lbinf.setCaption("ნაპოვნი # " + std::to_string(row + 1) + " აღარ არის: ტექსტი შეიცვალა");
     return;
   }
-  T1_.select(selection->start, selection->length);
+  select(*selection);
+}
+
+void frmsuch::select(const Selection& selection) {
+  T1_.select(selection.start, selection.length);
+  if (const auto area = T1_.selectionOnScreen()) moveOff(*area);
 }
 
 void frmsuch::findindex() {

@@ -94,6 +94,7 @@ class frmsuch : public ui::Form {
   int findpreviousindex(int from) const;
   std::int16_t documentOf(int node) const;  // -1: of no document
   void found(const Occurrence& occurrence);
+  void select(const Selection& selection);     // and do not stand before it
   Pattern pattern(std::string_view document);  // of the one term
   void replaceInShown();
   void replaceInAll();

@@ -162,6 +162,10 @@ void StatusBar::setPanel(std::string_view key, Text text) {
   }
 }
 
+void StatusBar::userClick(std::size_t panel) {
+  if (panel < panels_.size()) panelClicked(panels_[panel].key);
+}
+
 void StatusBar::setWhole(Text text) {
   if (text == whole_) return;
   whole_ = std::move(text);

@@ -255,6 +255,9 @@ class StatusBar : public Control {
   const std::vector<Panel>& panels() const { return panels_; }
   void setPanel(std::string_view key, Text text);
   const Text& panel(std::string_view key) const;
+  void userClick(std::size_t panel);      // its number, from 0
+  Signal<std::string_view> panelClicked;  // its key
+
   // Stands over the whole bar in place of the panels; empty: the panels again.
   void setWhole(Text text);
   const Text& whole() const { return whole_; }

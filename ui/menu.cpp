@@ -15,7 +15,18 @@ std::string shortcutText(const Shortcut& shortcut) {
   }
   if (shortcut.key == kKeyTab) return text + "Tab";
   if (shortcut.key == kKeyDelete) return text + "Del";
+  if (shortcut.key == kKeyPlus) return text + "+";
+  if (shortcut.key == kKeyMinus) return text + "-";
   return text + static_cast<char>(shortcut.key);
+}
+
+Shortcut asMenusNameIt(Shortcut pressed) {
+  if (!pressed.ctrl) return pressed;
+  if (pressed.key == kKeyNumberPlus) pressed.key = kKeyPlus;
+  if (pressed.key == kKeyNumberMinus) pressed.key = kKeyMinus;
+  if (pressed.key == kKeyNumber0) pressed.key = '0';
+  if (pressed.key == kKeyPlus) pressed.shift = false;
+  return pressed;
 }
 
 MenuCaption menuCaption(const Text& stored) {

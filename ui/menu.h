@@ -3,6 +3,7 @@
 
 #include <functional>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "ui/text.h"
@@ -31,6 +32,11 @@ inline constexpr int kKeyUp = 0x26;
 inline constexpr int kKeyRight = 0x27;
 inline constexpr int kKeyDown = 0x28;
 inline constexpr int kKeyDelete = 0x2E;
+inline constexpr int kKeyPlus = 0xBB;  // of the main keyboard, whatever stands on it with Shift
+inline constexpr int kKeyMinus = 0xBD;
+inline constexpr int kKeyNumber0 = 0x60;  // of the number pad, like the next two
+inline constexpr int kKeyNumberPlus = 0x6B;
+inline constexpr int kKeyNumberMinus = 0x6D;
 
 inline Shortcut ctrl(char letter) {
   return {letter, true, false, false};
@@ -38,6 +44,10 @@ inline Shortcut ctrl(char letter) {
 inline Shortcut ctrlShift(char letter) {
   return {letter, true, true, false};
 }
+
+// The shortcut as menus name it: with Ctrl held the number pad's plus, minus and 0 are those of the main
+// keyboard, and plus is plus with Shift too, as most layouts have it.
+Shortcut asMenusNameIt(Shortcut pressed);
 
 // "Ctrl+Shift+S"; empty when there is none.
 std::string shortcutText(const Shortcut& shortcut);
@@ -52,6 +62,9 @@ struct MenuItem {
   bool checked = false;
   bool radio = false;  // the check mark is a bullet: one of a group
   Text help;           // one sentence for the status bar
+  // In place of an icon by number; see ui/drawing.h.
+  std::string_view drawing = {};
+  bool ownKey = false;  // in the code view the shortcut acts without the menu, and must not act twice
 
   bool separator() const { return command == 0 && items.empty() && caption.empty(); }
 };

@@ -36,8 +36,10 @@ class Platform {
   virtual void showModal(Form& form) = 0;
   virtual void showModeless(Form& form) = 0;  // stays above the main window; the form must outlive its window
 
-  // A pop-up menu at the pointer (or the focused control, by keyboard); the chosen command, 0: none.
-  virtual int popupMenu(const std::vector<MenuItem>&) { return 0; }
+  // A pop-up menu; the chosen command, 0: none.
+  enum class PopupPlace { Focus, Pointer };  // Focus: at the pointer where it is in the focused control, else in that
+  virtual int popupMenu(const std::vector<MenuItem>&, PopupPlace) { return 0; }
+  int popupMenu(const std::vector<MenuItem>& items) { return popupMenu(items, PopupPlace::Focus); }
 
   // Common dialogs; nothing (or an empty list) when cancelled. Paths are UTF-8.
   virtual std::vector<std::string> openFiles(const FileDialog& dialog) = 0;

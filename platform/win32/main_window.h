@@ -42,8 +42,8 @@ class MainWindow final : public WindowBase<MainWindow>, private ui::FormPeer, pr
   void dragSplitter(int x);
   void layOutColumn(const RECT& column, ControlPeer* tabs, HWND below);
   std::vector<HWND> panes() const;
-  void nextPane();
   void showContextMenu(POINT screen);
+  void showHiddenTools();
   void dropFiles(const std::vector<std::string>& paths) { form_.filesDropped(paths); }
   ControlPeer* peerOf(HWND window) const;
   ControlPeer* peerOf(const ui::Control* control) const;
@@ -58,6 +58,9 @@ class MainWindow final : public WindowBase<MainWindow>, private ui::FormPeer, pr
   void setPaneWidths(ui::PaneWidths widths) override;
   void toolBarChanged() override {
     if (toolBar_) toolBar_->setDpi(dpi_);  // draws the pictures anew
+  }
+  void toolBarStates() override {
+    if (toolBar_) toolBar_->showStates();
   }
   void menusChanged() override;
 

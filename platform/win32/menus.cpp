@@ -50,7 +50,7 @@ void Menu::add(HMENU menu, const std::vector<ui::MenuItem>& items, bool bar) {
     row.caption = wideFromText(caption.text);
     row.shortcut = wideFromUtf8(ui::shortcutText(item.shortcut));
     row.text = row.shortcut.empty() ? row.caption : row.caption + L"\t" + row.shortcut;
-    row.icon = ui::menuIconDrawing(caption.icon);
+    row.icon = item.drawing.empty() ? ui::menuIconDrawing(caption.icon) : item.drawing;
     row.help = item.help;
     row.separator = item.separator();
     row.inBar = bar;
@@ -141,15 +141,16 @@ ui::Text menuHelp(WPARAM wParam, LPARAM lParam) {
   return row == nullptr ? ui::Text() : row->help;
 }
 
-int commandOfShortcut(const std::vector<ui::MenuItem>& items, const ui::Shortcut& pressed) {
+int commandOfShortcut(const std::vector<ui::MenuItem>& items, const ui::Shortcut& pressed, bool inText) {
+  const ui::Shortcut wanted = ui::asMenusNameIt(pressed);
   for (const ui::MenuItem& item : items) {
-    if (item.command != 0 && item.shortcut == pressed) return item.command;
-    if (const int inside = commandOfShortcut(item.items, pressed)) return inside;
+    if (item.command != 0 && item.shortcut == wanted && !(inText && item.ownKey)) return item.command;
+    if (const int inside = commandOfShortcut(item.items, wanted, inText)) return inside;
   }
   return 0;
 }
 
-std::vector<ui::MenuItem> pickItems(const std::vector<ui::MenuItem>& items, std::initializer_list<int> ids) {
+std::vector<ui::MenuItem> pickItems(const std::vector<ui::MenuItem>& items, const std::vector<int>& ids) {
   std::map<int, const ui::MenuItem*> known;
   const auto collect = [&known](const auto& self, const std::vector<ui::MenuItem>& level) -> void {
     for (const ui::MenuItem& item : level) {

@@ -35,9 +35,10 @@ LRESULT menuCharacter(HMENU menu, wchar_t character);
 ui::Text menuHelp(WPARAM wParam, LPARAM lParam);
 
 // The item with this shortcut, searched in submenus too; 0: none.
-int commandOfShortcut(const std::vector<ui::MenuItem>& items, const ui::Shortcut& pressed);
+int commandOfShortcut(const std::vector<ui::MenuItem>& items, const ui::Shortcut& pressed,
+                      bool inText = false);
 // The items with these command ids, in that order (0: a separator); unknown ids are left out.
-std::vector<ui::MenuItem> pickItems(const std::vector<ui::MenuItem>& items, std::initializer_list<int> ids);
+std::vector<ui::MenuItem> pickItems(const std::vector<ui::MenuItem>& items, const std::vector<int>& ids);
 
 // Shows a pop-up menu at a place on the screen; the chosen command, 0: none.
 int showPopup(HWND owner, const std::vector<ui::MenuItem>& items, POINT screen);

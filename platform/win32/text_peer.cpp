@@ -164,6 +164,10 @@ LRESULT TextPeer::handleOf(HWND window, UINT message, WPARAM wParam, LPARAM lPar
     return set;
   }
   const bool readOnly = (GetWindowLongPtrW(window, GWL_STYLE) & ES_READONLY) != 0;
+  if (readOnly && message == WM_GETDLGCODE) {
+    // The keyboard that comes into a text to read would select all of it and show its end.
+    return forward(window, message, wParam, lParam) & ~DLGC_HASSETSEL;
+  }
   if (!holdsBytes() || readOnly) return forward(window, message, wParam, lParam);
   if (message == WM_PASTE) {
     paste();

@@ -43,14 +43,14 @@ void Win32Platform::showModeless(ui::Form& form) {
   modeless_.back()->show();
 }
 
-int Win32Platform::popupMenu(const std::vector<ui::MenuItem>& items) {
+int Win32Platform::popupMenu(const std::vector<ui::MenuItem>& items, PopupPlace place) {
   POINT point;
   GetCursorPos(&point);
-  const HWND focus = GetFocus();
-  RECT place;
+  const HWND focus = place == PopupPlace::Focus ? GetFocus() : nullptr;
+  RECT area;
   // By keyboard the pointer may be anywhere: then at the control.
-  if (focus != nullptr && GetWindowRect(focus, &place) != 0 && PtInRect(&place, point) == 0) {
-    point = {place.left + (place.right - place.left) / 4, place.top + (place.bottom - place.top) / 4};
+  if (focus != nullptr && GetWindowRect(focus, &area) != 0 && PtInRect(&area, point) == 0) {
+    point = {area.left + (area.right - area.left) / 4, area.top + (area.bottom - area.top) / 4};
   }
   return showPopup(activeWindow(), items, point);
 }

@@ -14,7 +14,8 @@ class Win32Platform final : public ui::Platform {
  public:
   void showModal(ui::Form& form) override;
   void showModeless(ui::Form& form) override;
-  int popupMenu(const std::vector<ui::MenuItem>& items) override;
+  using ui::Platform::popupMenu;
+  int popupMenu(const std::vector<ui::MenuItem>& items, PopupPlace place) override;
   std::vector<std::string> openFiles(const ui::FileDialog& dialog) override;
   std::optional<std::string> saveFile(const ui::FileDialog& dialog) override;
   std::optional<std::string> pickFolder(const ui::Text& title) override;

@@ -116,7 +116,7 @@ TEST_F(Session, ToolbarWorksWithKeysAlone) {
   zervo.select(0, 4);
   const HWND bar = FindWindowExW(zervo.window(), nullptr, TOOLBARCLASSNAMEW, nullptr);
   ASSERT_NE(bar, nullptr);
-  EXPECT_EQ(SendMessageW(bar, TB_BUTTONCOUNT, 0, 0), 28);
+  EXPECT_EQ(SendMessageW(bar, TB_BUTTONCOUNT, 0, 0), 5 + 1 + 28 + 1);  // a gap and the chevron among them
   EXPECT_EQ(SendMessageW(bar, TB_GETBUTTONSIZE, 0, 0), MAKELONG(24, 24));
   const HWND view = zervo.control(IDC_FrmH_T1);
   SetForegroundWindow(zervo.window());
@@ -127,7 +127,8 @@ TEST_F(Session, ToolbarWorksWithKeysAlone) {
   waitFor("the focus in the palette", [&] { return focusOf(zervo) == zervo.control(IDC_FrmH_Ltags); });
   PostMessageW(focusOf(zervo), WM_KEYDOWN, VK_F6, 1);
   waitFor("the focus in the toolbar", [&] { return focusOf(zervo) == bar; });
-  for (const int pressed : {VK_END, VK_RIGHT, VK_RIGHT, VK_RETURN}) {  // round to the second button
+  // Round to the fifth one that can be pressed: nothing is there to undo.
+  for (const int pressed : {VK_END, VK_RIGHT, VK_RIGHT, VK_RIGHT, VK_RIGHT, VK_RIGHT, VK_RETURN}) {
     PostMessageW(bar, WM_KEYDOWN, static_cast<WPARAM>(pressed), 1);
   }
   zervo.waitForText("<I>word</I>");
@@ -160,15 +161,15 @@ TEST_F(Session, LineToolsListReplaceEntitiesAndAttributesChangeThePage) {
 
   zervo.command(mnuparzuch);
   form = shownForm(L"frmxascvla");
-  for (const auto& [find, replace] : {std::pair{L"one", L"two"}, {L"two", L"2"}}) {
+  for (const auto& [find, replace] : {std::pair{L"one", L"two"}, {L"two", L"one"}}) {
     fill(form, IDC_frmxascvla_Tfind, find);
     fill(form, IDC_frmxascvla_Treplace, replace);
     SendMessageW(GetDlgItem(form, IDC_frmxascvla_Cadd), BM_CLICK, 0, 0);  // done before the next is filled in
   }
   press(form, IDC_frmxascvla_COK);
-  page = "<P ALIGN=left CLASS=\"x y\">2 2 three four<BR>";  // the second pair sees what the first wrote
+  page = "<P ALIGN=left CLASS=\"x y\">two one three four<BR>";
   zervo.waitForText(page);
-  EXPECT_NE(Dialog(form).text(IDC_frmxascvla_Lresult).find("3"), std::string::npos);
+  EXPECT_NE(Dialog(form).text(IDC_frmxascvla_Lresult).find("2"), std::string::npos);
   press(form, IDC_frmxascvla_CEXIT);
   waitFor("the end of the form", [&] { return IsWindow(form) == FALSE; });
 

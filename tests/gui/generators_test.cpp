@@ -71,7 +71,7 @@ TEST_F(Generators, FramesetPagesAreNewDocuments) {
   zervo.clickNode("main.html");
   zervo.waitForText(
       "<!DOCTYPE HTML PUBLIC \"-//W3C//DTD HTML 4.0 Transitional//EN\">\r\n<HTML>\r\n<HEAD>\r\n"
-      "<TITLE>Page 2</TITLE>\r\n</HEAD>\r\n<BODY>\r\n\r\n</BODY>\r\n</HTML>\r\n");
+      "<TITLE>Page 2</TITLE>\r\n</HEAD>\r\n<BODY>\r\n\r\n</BODY>\r\n</HTML>");
   // Nothing is on the disk, so the program asks before it lets them go.
   zervo.command(mnuExit);
   EXPECT_NE(zervo.answer(IDC_frmBOXa_Cno), "");

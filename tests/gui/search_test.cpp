@@ -56,6 +56,11 @@ class FindDialog {
       return range.cpMin == start && range.cpMax == end;
     });
   }
+  RECT place() const {
+    RECT frame;
+    GetWindowRect(window_, &frame);
+    return frame;
+  }
   bool isOpen() const { return IsWindow(window_) != FALSE; }
 
  private:
@@ -66,6 +71,22 @@ class FindDialog {
   const Zervo& zervo_;
   HWND window_ = nullptr;
 };
+
+TEST_F(Session, TheFindWindowGoesAsideForItsHit) {
+  const std::string line = std::string(30, '.') + "hit\n";
+  std::string page;
+  for (int i = 0; i < 30; ++i) page += line;
+  Zervo zervo = open({file(L"page.html", page)});
+  FindDialog dialog(zervo);
+  dialog.type(IDC_frmsuch_Text1, L"hit");
+  const RECT before = dialog.place();
+  for (int start = 30; start < static_cast<int>(page.size()); start += static_cast<int>(line.size())) {
+    dialog.key(IDC_frmsuch_Text1, VK_F3);
+    dialog.waitForSelection(start, start + 3);
+  }
+  waitFor("another place",
+          [&] { return dialog.place().left != before.left || dialog.place().top != before.top; });
+}
 
 TEST_F(Session, FindsListsAndReplacesInAllOpenFiles) {
   const auto first = file(L"first.html", "one two one\r\nTwo one");

@@ -160,10 +160,20 @@ TEST_F(Session, WebProjectOpensAtItsStartPageAndNamesWhatIsMissing) {
   file(L"index.html", kOtherPage);
   file(L"second.html", kLegacyPage);
   file(L"logo.gif", "GIF89a");
+  std::string gone;
+  for (int i = 0; i < 40; ++i) gone += "gone" + std::to_string(i) + ".html\r\n";
   const auto project =
-      file(L"site.WEB", "index.html\r\n\r\ngone.html\r\nlogo.gif\r\nsecond.html\r\nSTOPF=second.html\r\n");
+      file(L"site.WEB", "index.html\r\n\r\n" + gone + "logo.gif\r\nsecond.html\r\nSTOPF=second.html\r\n");
   Zervo zervo = open({project});
-  EXPECT_NE(zervo.answer(IDC_frmBOXa_COK).find("File not found."), std::string::npos);
+  // A list to scroll, from its first line on.
+  const HWND box = shownForm(L"frmBOXa");
+  const HWND list = GetDlgItem(box, IDC_frmBOXa_Tlist);
+  EXPECT_NE(IsWindowVisible(list), FALSE);
+  EXPECT_GT(SendMessageW(list, EM_GETLINECOUNT, 0, 0), 40);
+  EXPECT_EQ(SendMessageW(list, EM_GETFIRSTVISIBLELINE, 0, 0), 0);
+  const std::string message = zervo.answer(IDC_frmBOXa_COK);
+  EXPECT_TRUE(message.starts_with("File not found."));
+  EXPECT_NE(message.find("gone39.html"), std::string::npos);
   zervo.waitForText(kLegacyPage);
   const std::vector<std::string> expected = {"WEB Files",  "  index.html", "  second.html", "Image",
                                              "  logo.gif", "Audio",        "Other"};

@@ -185,6 +185,37 @@ TEST_F(DialogHost, ARenamedRowStaysSelected) {
   EXPECT_EQ(send(IDC_sample_LV, LVM_GETNEXTITEM, static_cast<WPARAM>(-1), LVNI_SELECTED), 1);
 }
 
+TEST_F(DialogHost, NoTipCoversTheEntriesOfAList) {
+  form_.Ttext.hint = form_.Lcombo.hint = form_.Llist.hint = form_.LV.hint = "hint";
+  open();
+  LRESULT tools = 0;
+  for (HWND tips = nullptr; (tips = FindWindowExW(nullptr, tips, TOOLTIPS_CLASSW, nullptr)) != nullptr;) {
+    if (GetWindow(tips, GW_OWNER) == host_->window()) tools += SendMessageW(tips, TTM_GETTOOLCOUNT, 0, 0);
+  }
+  EXPECT_EQ(tools, 2) << "of the text field and the closed drop-down list";
+}
+
+TEST_F(DialogHost, GoesAsideForWhatItCovers) {
+  open();
+  const auto frame = [this] {
+    RECT rect;
+    GetWindowRect(host_->window(), &rect);
+    return rect;
+  };
+  const RECT before = frame();
+  form_.moveOff({before.left - 20, before.top, before.left, before.top + 10});
+  EXPECT_EQ(frame().left, before.left) << "beside it";
+  const RECT hit{before.left + 30, before.bottom - 40, before.left + 90, before.bottom - 20};
+  form_.moveOff({hit.left, hit.top, hit.right, hit.bottom});
+  const RECT after = frame();
+  RECT common;
+  EXPECT_EQ(IntersectRect(&common, &after, &hit), FALSE);
+  EXPECT_EQ(after.right - after.left, before.right - before.left);
+  EXPECT_EQ(IntersectRect(&common, &after, &before), TRUE) << "no farther than it must";
+  form_.moveOff({-10000, -10000, 10000, 10000});
+  EXPECT_EQ(frame().left, after.left) << "there is no room anywhere";
+}
+
 TEST_F(DialogHost, EnterAndEscPressTheFormsButtons) {
   int ok = 0;
   int cancel = 0;

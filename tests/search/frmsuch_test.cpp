@@ -459,6 +459,26 @@ TEST_F(FrmsuchTest, ReplaceAllKeepsToItsScopeAndIsOneStep) {
   EXPECT_EQ(replaced(3, "x.xx.x.x"), "x.xyy.yy.yy");
 }
 
+TEST_F(FrmsuchTest, TheWindowMakesRoomForTheHit) {
+  struct Peer : ui::FormPeer {
+    void captionChanged() override {}
+    void close() override {}
+    void moveOff(const ui::ScreenArea& area) override { areas.push_back(area); }
+    std::vector<ui::ScreenArea> areas;
+  } window;
+  showText("a b a");
+  find("a");
+  static_cast<ui::Form&>(D).open(&window);
+  D.Czuch.click();
+  EXPECT_TRUE(window.areas.empty()) << "out of view";
+  T1.onScreen = {10, 20, 30, 40};
+  D.Czuch.click();
+  D.MBAlfind.click();
+  D.List1.userSelect(0);
+  D.detach();
+  EXPECT_EQ(window.areas, (std::vector<ui::ScreenArea>(2, *T1.onScreen)));
+}
+
 TEST_F(FrmsuchTest, ReplaceAllWorksOnThePresentSelection) {
   showText("x x x x x");
   find("x");

@@ -39,7 +39,8 @@ class FakePlatform : public ui::Platform {
   // The user's choice in the next pop-up menus, and what the last one offered.
   std::deque<int> popupAnswers;  // none left: nothing chosen
   std::vector<ui::MenuItem> popup;
-  int popupMenu(const std::vector<ui::MenuItem>& items) override {
+  using ui::Platform::popupMenu;
+  int popupMenu(const std::vector<ui::MenuItem>& items, PopupPlace) override {
     popup = items;
     return take(popupAnswers).value_or(0);
   }

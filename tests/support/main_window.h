@@ -23,13 +23,16 @@ class FakeMainPeer : public ui::MainPeer {
   void setPlace(ui::WindowPlace place) override { at = place; }
   ui::PaneWidths paneWidths() const override { return widths; }
   void setPaneWidths(ui::PaneWidths newWidths) override { widths = newWidths; }
+  void nextPane() override { ++panesPassed; }
   void toolBarChanged() override {}
+  void toolBarStates() override {}
   void menusChanged() override {}
 
   int shown = 0;
   ui::WindowState state = ui::WindowState::Normal;
   ui::WindowPlace at{0, 0};
   ui::PaneWidths widths;
+  int panesPassed = 0;
 };
 
 class MainWindowTest : public testing::Test {

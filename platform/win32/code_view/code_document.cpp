@@ -1,18 +1,9 @@
 #include "platform/win32/code_view/code_document.h"
 
 #include "base/error.h"
-#include "base/line_ends.h"
 #include "platform/win32/code_view/memory_room.h"
 
 namespace win32 {
-namespace {
-
-int modeOf(base::LineEnd lineEnd) {
-  return lineEnd == base::LineEnd::CrLf ? SC_EOL_CRLF : lineEnd == base::LineEnd::Lf ? SC_EOL_LF : SC_EOL_CR;
-}
-
-}  // namespace
-
 Workshop::Workshop(HWND parent) : control_(WS_CHILD, 0, parent, 0) {
   window_ = UniqueWindow(control_.hwnd());
   control_.call(SCI_SETMODEVENTMASK, SC_MOD_NONE);
@@ -41,7 +32,7 @@ sptr_t Workshop::make(std::string_view text) {
   control_.call(SCI_APPENDTEXT, text.size(), text.data());
   control_.call(SCI_SETUNDOCOLLECTION, 1);
   control_.call(SCI_EMPTYUNDOBUFFER);
-  control_.call(SCI_SETEOLMODE, static_cast<uptr_t>(modeOf(base::lineEndOf(text))));
+  control_.takeLineEnd();
   control_.call(SCI_SETSTATUS, SC_STATUS_OK);
   if (control_.length() != static_cast<sptr_t>(text.size())) {
     release(made);
@@ -67,7 +58,10 @@ void ScintillaDocument::setText(std::string_view text) {
   }
   if (result != Scintilla::Replaced::Nothing) control.call(SCI_ADDUNDOACTION, kStepMark, UNDO_NONE);
   control.call(SCI_ENDUNDOACTION);
-  if (result != Scintilla::Replaced::Broken) return;
+  if (result != Scintilla::Replaced::Broken) {
+    control.takeLineEnd();
+    return;
+  }
   control.call(SCI_UNDO);
   throwTooLong();
 }

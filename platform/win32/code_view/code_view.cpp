@@ -130,7 +130,9 @@ void CodeView::finishEdits() {
   const bool textChanged = std::exchange(changedInside_, false);
   const bool formChanged = std::exchange(reformedInside_, false);
   if (textChanged) changed();
-  if (formChanged) reformed();
+  if (!formChanged) return;
+  sci_.takeLineEnd();
+  reformed();
 }
 
 void CodeView::setText(std::string_view text, int caret) {
@@ -199,6 +201,23 @@ void CodeView::select(int start, int length) {
 std::string CodeView::selText() const {
   return std::string(
       text().substr(static_cast<std::size_t>(selStart()), static_cast<std::size_t>(selLength())));
+}
+
+std::optional<ui::ScreenArea> CodeView::selectionOnScreen() const {
+  const auto pointOf = [this](int at) {
+    return POINT{static_cast<LONG>(sci_.call(SCI_POINTXFROMPOSITION, 0, at)),
+                 static_cast<LONG>(sci_.call(SCI_POINTYFROMPOSITION, 0, at))};
+  };
+  const POINT from = pointOf(selStart());
+  const POINT to = pointOf(selStart() + selLength());
+  const auto line = static_cast<LONG>(sci_.call(SCI_TEXTHEIGHT));
+  RECT view;
+  GetClientRect(hwnd(), &view);
+  RECT area{from.x, from.y, to.x, to.y + line};
+  if (from.y != to.y) area = {view.left, from.y, view.right, to.y + line};
+  if (!IntersectRect(&area, &area, &view)) return std::nullopt;
+  MapWindowPoints(hwnd(), nullptr, reinterpret_cast<POINT*>(&area), 2);
+  return ui::ScreenArea{area.left, area.top, area.right, area.bottom};
 }
 
 void CodeView::replaceSelection(std::string_view text) {

@@ -5,6 +5,7 @@
 #include <string>
 
 #include "base/error.h"
+#include "base/line_ends.h"
 #include "platform/win32/code_view/memory_room.h"
 #include "platform/win32/errors.h"
 
@@ -32,6 +33,11 @@ std::string_view Scintilla::text() const {
 void Scintilla::replace(sptr_t from, sptr_t to, std::string_view text) const {
   call(SCI_SETTARGETRANGE, static_cast<uptr_t>(from), to);
   call(SCI_REPLACETARGET, text.size(), text.data());
+}
+
+void Scintilla::takeLineEnd() const {
+  const base::LineEnd end = base::lineEndOf(text());
+  call(SCI_SETEOLMODE, end == base::LineEnd::CrLf ? SC_EOL_CRLF : end == base::LineEnd::Lf ? SC_EOL_LF : SC_EOL_CR);
 }
 
 Scintilla::Replaced Scintilla::replaceAll(std::string_view to) const {

@@ -31,6 +31,8 @@ class Scintilla {
   enum class Replaced { Nothing, Done, Broken };  // Broken: memory ended in the middle; undo it
   Replaced replaceAll(std::string_view to) const;
   void replace(sptr_t from, sptr_t to, std::string_view text) const;
+  // From here on Enter writes the line end that the text has.
+  void takeLineEnd() const;
 
  private:
   HWND window_ = nullptr;
