@@ -7,8 +7,10 @@
 
 namespace editor {
 
-std::string shownBytes(std::string_view bytes) {
-  std::string shown = base::isUtf8(bytes) ? std::string(bytes) : base::utf8FromBytes(bytes);
+std::string shownBytes(std::string_view bytes, const LettersOf& lettersOf) {
+  std::string shown(bytes);
+  if (lettersOf && !base::readsAsUtf8(bytes)) shown = lettersOf(shown);
+  if (!base::isUtf8(shown)) shown = base::utf8FromBytes(bytes);
   shown = base::replaceAll(base::withLineEnds(shown, base::LineEnd::Lf), "\n", "↵");
   return base::replaceAll(shown, "\t", "→");
 }

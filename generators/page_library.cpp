@@ -7,6 +7,7 @@
 #include "base/files.h"
 #include "base/path.h"
 #include "base/text.h"
+#include "base/utf8.h"
 
 namespace generators {
 namespace {
@@ -90,7 +91,11 @@ std::string pagePreview(std::string_view bytes) {
   std::string shown;
   int lines = 0;
   for (std::size_t i = 0; i < bytes.size(); ++i) {
-    if (shown.size() >= kPreviewBytes || lines >= kPreviewLines) return shown + "...";
+    if (shown.size() >= kPreviewBytes || lines >= kPreviewLines) {
+      // Of UTF-8 no letter is cut.
+      for (int cut = 0; cut < 3 && !base::isUtf8(shown) && base::isUtf8(bytes); ++cut) shown.pop_back();
+      return shown + "...";
+    }
     const char c = bytes[i];
     if (c == '\r' || c == '\n') {
       if (c == '\r' && bytes.substr(i + 1).starts_with('\n')) ++i;

@@ -79,8 +79,8 @@ class TextBox : public Control {
   };
   TextBox(Form& form, int id, Holds holds = Holds::Unicode) : Control(form, id), holds_(holds) {}
   Signal<> changed;
-  // Byte-text boxes: what enters for a typed character that has a byte in the font's character set (in UTF-8: below
-  // 80). Without it, that byte.
+  // Byte-text boxes: what enters for a typed character that has a byte in the font's character set (in UTF-8:
+  // below 80). Without it, that byte.
   std::function<std::string(int key)> keyPress;
   // And for one, typed or pasted, that has none, in a font of one byte a letter. Without it, its UTF-8.
   std::function<std::string(char32_t character)> typed;

@@ -18,8 +18,9 @@ std::wstring wideFromText(const ui::Text& text);
 // Byte text, one character a byte, for places that hold CR and LF as they are; NUL becomes kNulStandIn.
 std::wstring wideFromBytes(std::string_view bytes);
 
-// Byte text that is read as UTF-8, a letter a character. A byte that is no UTF-8, and a NUL, is a private character from
-// U+E000 on; letters that are these characters themselves are shown by their bytes, so that every text comes back.
+// Byte text that is read as UTF-8, a letter a character. A byte that is no UTF-8, and a NUL, is a private
+// character from U+E000 on; letters that are these characters themselves are shown by their bytes, so that
+// every text comes back.
 std::wstring wideFromUtf8Bytes(std::string_view bytes);
 std::string utf8BytesFromWide(std::wstring_view wide);
 

@@ -120,7 +120,8 @@ std::string TextPeer::bytesOf(char32_t character) const {
 // The bytes themselves where they come from a view like the field's.
 void TextPeer::paste() const {
   const ui::TextClip clip = clipboardClip(window());
-  if (!clip.bytes.empty() && clip.form == static_cast<int>(isUtf8() ? ui::TextView::Utf8 : ui::TextView::EightBit)) {
+  if (!clip.bytes.empty() &&
+      clip.form == static_cast<int>(isUtf8() ? ui::TextView::Utf8 : ui::TextView::EightBit)) {
     enter(clip.bytes);
     return;
   }

@@ -37,8 +37,9 @@ class TextPeer final : public WatchedPeer<TextPeer> {
   std::string bytesOf(char32_t character) const;
 
   ui::TextBox& text_;
-  bool shownUtf8_ = false;  // how the window's text stands for bytes; while the font changes, not yet as isUtf8()
-  wchar_t firstHalf_ = 0;   // of a character that is typed as two
+  bool shownUtf8_ =
+      false;  // how the window's text stands for bytes; while the font changes, not yet as isUtf8()
+  wchar_t firstHalf_ = 0;  // of a character that is typed as two
   UniqueFont font_;
 };
 

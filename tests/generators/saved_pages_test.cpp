@@ -32,6 +32,9 @@ TEST(SavedPages, PreviewOfAnyBytes) {
   EXPECT_TRUE(generators::pagePreview(many).ends_with("\r\n..."));
   EXPECT_LT(generators::pagePreview(many).size(), 200u);
   EXPECT_EQ(generators::pagePreview(std::string(100000, 'x')).size(), 4003u);
+  std::string letters;
+  for (int i = 0; i < 5000; ++i) letters += "ა";
+  EXPECT_EQ(generators::pagePreview(letters), letters.substr(0, 3999) + "...") << "no letter is cut";
 }
 
 class SavedPagesDialog : public tests::MainWindowTest {
