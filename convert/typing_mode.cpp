@@ -212,7 +212,7 @@ Typing::Typing(app::Workbench& bench, const LetterTables& tables) : bench_(bench
     row.ownKey = true;
     commands.push_back(std::move(row));
   };
-  key(mnuBreak, "mnuBreak", "სტრიქონის გაწყვეტა <BR>", 'B', kCtrlB, "წერს <BR>-ს მონიშნულის ადგილას");
+  key(mnuBreak, "mnuBreak", "სტრიქონის გაწყვეტა", 'B', kCtrlB, "წერს <BR>-ს მონიშნულის ადგილას");
   key(mnuNoBreakSpace, "mnuNoBreakSpace", "უწყვეტი ჰარი", 'Y', kCtrlY,
       "წერს უწყვეტ ჰარს: ბაიტებად ან მითითებად, როგორც პარამეტრებშია");
   for (const int id : {0, mnurusaso, 0, mnuBreak, mnuNoBreakSpace}) plan.lines.push_back({id, {}, {}});

@@ -56,6 +56,7 @@ class MainWindow final : public WindowBase<MainWindow>, private ui::FormPeer, pr
   void setPlace(ui::WindowPlace place) override;
   ui::PaneWidths paneWidths() const override { return widths_; }
   void setPaneWidths(ui::PaneWidths widths) override;
+  void nextPane() override;
   void toolBarChanged() override {
     if (toolBar_) toolBar_->setDpi(dpi_);  // draws the pictures anew
   }

@@ -135,10 +135,16 @@ TEST_F(Panes, HiddenPanesAndWidthsAreKept) {
   peer.at = {10, 20, 700, 500};
   H->Props.RememberPosition = true;
   H->saveProps();
+  ASSERT_TRUE(H->runCommand(mnuZoomIn));
+  ASSERT_TRUE(H->runCommand(mnuZoomIn));
   ASSERT_TRUE(H->queryClose());
   peer = tests::FakeMainPeer();
   restart();
   start();
+  EXPECT_EQ(T1.zoomed, 2);
+  ASSERT_TRUE(H->runCommand(mnuZoomNone));
+  ASSERT_TRUE(H->runCommand(mnuZoomOut));
+  EXPECT_EQ(T1.zoomed, -1);
   EXPECT_FALSE(H->TV.visible());
   EXPECT_TRUE(H->Ttags.visible());
   EXPECT_EQ(peer.widths.left, 123);
@@ -149,6 +155,50 @@ TEST_F(Panes, HiddenPanesAndWidthsAreKept) {
   EXPECT_TRUE(H->TV.visible());
   ASSERT_TRUE(H->runCommand(mnuTagPalette));
   EXPECT_FALSE(H->Ttags.visible() || H->Ltags.visible());
+}
+
+TEST_F(Panes, LooksAreSwitchedAtOnceAndKeptInTheSettings) {
+  start();
+  const std::pair<int, bool ui::CodeLook::*> switches[] = {
+      {mnuWordWrap, &ui::CodeLook::wordWrap},       {mnuLineNumbers, &ui::CodeLook::lineNumbers},
+      {mnuCurrentLine, &ui::CodeLook::currentLine}, {mnuWhiteSpace, &ui::CodeLook::whiteSpace},
+      {mnuShowLineEnds, &ui::CodeLook::lineEnds},   {mnuLiveColours, &ui::CodeLook::liveColours}};
+  for (const auto& [id, look] : switches) {
+    ui::CodeLook wanted = T1.look;
+    wanted.*look = true;
+    EXPECT_FALSE(H->commandChecked(id));
+    ASSERT_TRUE(H->runCommand(id));
+    EXPECT_EQ(T1.look, wanted) << id;
+    EXPECT_TRUE(H->commandChecked(id));
+  }
+  ASSERT_TRUE(H->runCommand(mnuColours3));
+  EXPECT_TRUE(T1.look.dark && H->commandChecked(mnuColours3));
+  EXPECT_FALSE(H->commandChecked(mnuColours0));
+  EXPECT_EQ(app::ReadProps(platform), H->Props);
+  EXPECT_EQ(H->Props.Colours, app::ColourScheme::Dark);
+}
+
+TEST_F(Panes, TheStatusBarNamesTheViewAndSwitchesIt) {
+  const auto view = [this] { return H->Status.panel("kView").bytes; };
+  start();
+  open(a);
+  EXPECT_EQ(view(), "8-ბიტი");
+  open(folder.make("u.html", "\xE1\x83\x90"));
+  EXPECT_EQ(view(), "UTF-8");
+  EXPECT_TRUE(H->commandChecked(mnuViewUtf8));
+  H->Status.userClick(5);  // of its seven panels
+  EXPECT_EQ(T1.view(), ui::TextView::EightBit);
+  EXPECT_EQ(view(), "8-ბიტი");
+  T1.setText("\xE1\x83\x91");
+  EXPECT_EQ(view(), "8-ბიტი") << "the user has chosen";
+  H->TS.userSelect(0);
+  ASSERT_TRUE(H->runCommand(mnuViewUtf8));
+  H->TS.userSelect(1);
+  EXPECT_EQ(view(), "8-ბიტი");
+  H->TS.userSelect(0);
+  EXPECT_EQ(view(), "UTF-8");
+  open(folder.make("w.txt", "\xFF\xFEz"));
+  EXPECT_EQ(view(), "UTF-16, 8-ბიტი");
 }
 
 TEST_F(Panes, ARegistryThatRefusesDoesNotKeepTheUser) {

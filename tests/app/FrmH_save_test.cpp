@@ -43,6 +43,15 @@ TEST_F(Saving, UntitledAsksForANameAndTakesIt) {
   EXPECT_EQ(ui::display(H->caption()), "Zervo [" + folder.file("n.php") + "]");
 }
 
+TEST_F(Saving, UnderAnotherKindOfNameTheColoursAreThatKinds) {
+  start(a);
+  EXPECT_EQ(T1.document()->language, ui::Language::Html);
+  platform.saveAnswers.push_back(folder.file("style.css"));
+  H->runCommand(mnuSaveas);
+  EXPECT_EQ(T1.document()->language, ui::Language::Css);
+  EXPECT_EQ(T1.colouredAs, ui::Language::Css);
+}
+
 TEST_F(Saving, AFailedSaveLeavesFileAndMark) {
   start(a);
   type("1");

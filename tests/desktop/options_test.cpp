@@ -54,6 +54,10 @@ class OptionsTest : public tests::MainWindowTest {
     props.FtpTimeout = 600;
     props.FtpPassive = props.PreviewInBrowser = props.NewPageSkeleton = true;
     props.TypingModeAtStart = 2;
+    props.Utf8FontName = "Arial";
+    props.Colours = app::ColourScheme::Dark;
+    props.LiveColours = props.LineNumbers = props.CurrentLine = true;
+    props.WhiteSpace = props.LineEnds = props.ModeOfPage = true;
     return props;
   }
 
@@ -82,18 +86,24 @@ TEST_F(OptionsTest, WhatTheUserSetsIsWrittenAndTakesEffectAtOnce) {
     choose(form.CBfont, "Arial");
     form.Tsize.userSet("17");
     form.CKbold.userSet(true);
-    form.Cback.click();
-    form.Ctext.click();
     form.CKwrap.userSet(true);
     choose(*form.CBtyping[2], "Zervo Sans");
+    choose(form.CButf8font, "Arial");
+    form.CBcolours.userSelect(3);
+    form.CKnumbers.userSet(true);
     form.OPreference.userChoose();
     form.Ttimeout.userSet("5");
     form.Capply.click();
     // Before the dialog is closed.
     EXPECT_EQ(T1.currentFont(), (ui::Font{"Arial", 17, true, false, ui::CharacterSet::Ansi}));
+    EXPECT_TRUE(T1.look.wordWrap && T1.look.lineNumbers && T1.look.dark);
+    EXPECT_EQ(T1.utf8Font.name, "Arial");
+    form.Cback.click();
+    form.Ctext.click();
+    EXPECT_EQ(form.CBcolours.selected(), 0) << "a chosen colour is to be seen";
+    form.Capply.click();
     EXPECT_EQ(T1.look.back, 0x112233U);
     EXPECT_EQ(T1.look.text, 0x445566U);
-    EXPECT_TRUE(T1.look.wordWrap);
     form.CKwrap.userSet(false);
     form.CEXIT.click();
   });
@@ -236,6 +246,10 @@ TEST_F(OptionsTest, TheSampleFollowsTheFields) {
     form.Ptyping[0]->paint(canvas);
     EXPECT_EQ(canvas.at({5, 5}), 0x112233U);
     ASSERT_EQ(canvas.words.size(), 2U);
+    tests::FakeCanvas dark;
+    form.CBcolours.userSelect(3);
+    form.Psample.paint(dark);
+    EXPECT_NE(dark.at({5, 5}), 0x112233U);
     EXPECT_EQ(canvas.words[0].color, 0x445566U);
     EXPECT_EQ(canvas.words[0].font, (ui::Font{"Arial", 11, false, true, ui::CharacterSet::Ansi}));
     EXPECT_NE(canvas.words[0].text.find("\xD8\xC0\xD2\xC8\xD6\xCB\xC9"), std::string::npos);  // ქართული
@@ -248,10 +262,10 @@ TEST_F(OptionsTest, TabsShowOnePageAndTheKeyboardGoesRound) {
   start();
   options([](desktop::frmproperties& form) {
     EXPECT_TRUE(form.CKmaximized.visible());
-    EXPECT_FALSE(form.CKbrowser.visible());
+    EXPECT_FALSE(form.CKlive.visible());
     EXPECT_TRUE(form.keyPressed({ui::kKeyTab, true, true, false}));
     EXPECT_FALSE(form.CKmaximized.visible());
-    EXPECT_TRUE(form.CKbrowser.visible());
+    EXPECT_TRUE(form.CKlive.visible());
     EXPECT_TRUE(form.keyPressed({ui::kKeyTab, true, false, false}));
     EXPECT_EQ(form.Tabs.page(), 0);
     EXPECT_TRUE(form.COK.visible());

@@ -167,6 +167,12 @@ TEST_F(Colouring, KeysSwitchIt) {
   EXPECT_FALSE(colouring().coloured);
   T1.keyUp(kF12);
   EXPECT_TRUE(colouring().coloured);
+  // From the menu, which shows the key but must not act on it in the text.
+  EXPECT_TRUE(H->commandChecked(mnuColouring));
+  ASSERT_TRUE(H->runCommand(mnuColouring));
+  EXPECT_FALSE(colouring().coloured);
+  ASSERT_TRUE(H->runCommand(mnuColouring));
+  EXPECT_TRUE(colouring().coloured);
 }
 
 TEST_F(Colouring, EverythingButTheLooksSurvives) {

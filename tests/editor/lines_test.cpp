@@ -242,6 +242,44 @@ TEST_F(Lines, EachToolKeepsThePagesLineEnds) {
   }
 }
 
+TEST_F(Lines, TheStatusBarNamesTheEndsAndExchangesThem) {
+  const auto panel = [this] { return H->Status.panel("kLineEnds").bytes; };
+  start();
+  EXPECT_EQ(panel(), "CR LF") << "what Enter writes";
+  EXPECT_FALSE(H->runCommand(mnuToLf)) << "nothing to exchange";
+  open(folder.make("mixed.txt", "one\r\ntwo\rthree\nfour\r\n"));
+  EXPECT_EQ(panel(), "შერეული");
+  T1.select(7, 4);  // "o", a lone CR and "th"
+  platform.popupAnswers.push_back(mnuToLf);
+  H->Status.userClick(6);  // the last of its panels
+  ASSERT_EQ(platform.popup.size(), 3U);
+  EXPECT_TRUE(platform.popup[1].enabled && !platform.popup[1].checked);
+  EXPECT_EQ(T1.text(), "one\ntwo\nthree\nfour\n");
+  EXPECT_EQ(T1.selText(), "o\nth");
+  EXPECT_EQ(panel(), "LF");
+  EXPECT_TRUE(H->commandChecked(mnuToLf) && H->FileChanged);
+  T1.select(8, 0);
+  ASSERT_TRUE(H->runCommand(mnuToCrLf));
+  EXPECT_EQ(T1.selStart(), 10);
+  EXPECT_EQ(panel(), "CR LF");
+  T1.undo();
+  T1.undo();
+  EXPECT_EQ(T1.text(), "one\r\ntwo\rthree\nfour\r\n") << "one step each";
+  EXPECT_EQ(panel(), "შერეული");
+  T1.select(0, 10);
+  T1.replaceSelection("");
+  EXPECT_EQ(panel(), "შერეული") << "not counted on a key";
+  H->pause();
+  EXPECT_EQ(panel(), "შერეული");
+  T1.select(0, 5);
+  T1.replaceSelection("");
+  H->pause();
+  EXPECT_EQ(panel(), "CR LF");
+  open(folder.make("wide.txt", std::string("\xFF\xFE\r\0\n\0", 6)));
+  EXPECT_EQ(panel(), "");
+  EXPECT_FALSE(H->runCommand(mnuToLf)) << "halves of characters";
+}
+
 TEST_F(Lines, IndentHasItsLimits) {
   T1.load("a\r\n\r\nb");
   expectInput("20");

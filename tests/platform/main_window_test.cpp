@@ -37,6 +37,7 @@ class SampleMain : public ui::MainForm {
     menus[0].items.resize(1);
     menus[0].items[0].caption = "|1|from the menu";
     menus[0].items[0].command = kFirstTool + 28;
+    menus[0].items.push_back({"next pane", mnuNextPane, {VK_F6, false, false, false}, {}});
     for (int i = 0; i < kTools; ++i) {
       toolBar.push_back({kFirstTool + i, ui::ToolIcon::Bold, "tool " + std::to_string(i)});
       if (i == 4) toolBar.emplace_back();
@@ -54,7 +55,13 @@ class SampleMain : public ui::MainForm {
 
   void menuOpening() override {}
   std::vector<int> commands;
-  void command(int id) override { commands.push_back(id); }
+  void command(int id) override {
+    if (id == mnuNextPane) {
+      window->nextPane();
+    } else {
+      commands.push_back(id);
+    }
+  }
   void menuHighlighted(const ui::Text&) override {}
   void filesDropped(const std::vector<std::string>&) override {}
   void idle() override {}
@@ -340,6 +347,20 @@ TEST_F(MainWindow, DisabledToolsAreGrey) {
   form.window->toolBarStates();
   EXPECT_EQ(SendMessageW(bar(), TB_ISBUTTONENABLED, SampleMain::kFirstTool + 1, 0), 0);
   EXPECT_NE(SendMessageW(bar(), TB_ISBUTTONENABLED, SampleMain::kFirstTool + 2, 0), 0);
+}
+
+TEST_F(MainWindow, AClickOnAStatusPanelNamesIt) {
+  std::string clicked;
+  form.Status.panelClicked.connect([&](std::string_view key) { clicked = key; });
+  const HWND bar = item(IDC_FrmH_Status);
+  form.Status.setWhole("help");
+  mouse(bar, WM_LBUTTONDOWN, {8, 8}, MK_LBUTTON);
+  mouse(bar, WM_LBUTTONUP, {8, 8});
+  EXPECT_EQ(clicked, "");
+  form.Status.setWhole({});
+  mouse(bar, WM_LBUTTONDOWN, {8, 8}, MK_LBUTTON);
+  mouse(bar, WM_LBUTTONUP, {8, 8});
+  EXPECT_EQ(clicked, "kMain");
 }
 
 TEST_F(MainWindow, AScreenOfAnotherDensityScalesAllOfIt) {

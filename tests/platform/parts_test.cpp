@@ -30,6 +30,10 @@ TEST(Menus, AreFoundByKeyAndByLetterInAnyLayout) {
   EXPECT_NE(undo & MF_CHECKED, 0U);
   EXPECT_EQ(win32::commandOfShortcut(items, ui::ctrl('O')), 11);
   EXPECT_EQ(win32::commandOfShortcut(items, ui::ctrlShift('O')), 0);
+  ui::MenuItem colouring{"F12", 13, {VK_F12, false, false, false}, {}};
+  colouring.ownKey = true;
+  EXPECT_EQ(win32::commandOfShortcut({colouring}, colouring.shortcut), 13);
+  EXPECT_EQ(win32::commandOfShortcut({colouring}, colouring.shortcut, true), 0) << "it acts there by itself";
   const LRESULT first = MAKELRESULT(0, MNC_EXECUTE);
   EXPECT_EQ(win32::menuCharacter(menu.handle(), L'ფ'), first);
   EXPECT_EQ(win32::menuCharacter(menu.handle(), L'f'), first);  // the key on which ფ stands

@@ -119,7 +119,7 @@ class MemoryCodeView : public ui::CodeView {
   void setLook(const ui::CodeLook& newLook) override { look = newLook; }
   int zoom() const override { return zoomed; }
   void setZoom(int points) override { zoomed = points; }
-  void languageChanged() override {}
+  void languageChanged() override { colouredAs = shown_->language; }
   void showColours(const std::vector<ui::ColourRange>& ranges) override { colours = ranges; }
   void resetColours() override { colours.reset(); }
   void setFocus() override {}
@@ -149,6 +149,7 @@ class MemoryCodeView : public ui::CodeView {
   ui::Font font, utf8Font;
   ui::CodeLook look;
   int zoomed = 0;
+  ui::Language colouredAs = ui::Language::None;  // as languageChanged() found it
   std::optional<std::vector<ui::ColourRange>> colours;  // nothing: plain
   std::size_t limit = std::string::npos;                // longer texts cannot be loaded
   std::optional<ui::ScreenArea> onScreen;               // of any selection

@@ -38,6 +38,13 @@ TEST(ShortcutText, NamesTheKeys) {
   EXPECT_EQ(ui::shortcutText(ui::ctrlShift('S')), "Ctrl+Shift+S");
   EXPECT_EQ(ui::shortcutText({ui::kKeyF1 + 11, false, false, false}), "F12");
   EXPECT_EQ(ui::shortcutText({}), "");
+  EXPECT_EQ(ui::shortcutText({ui::kKeyMinus, true, false, false}), "Ctrl+-");
+  // Plus is plus, wherever it is pressed; without Ctrl the keys stay what they are.
+  const ui::Shortcut plus{ui::kKeyPlus, true, false, false}, bare{ui::kKeyNumberPlus, false, false, false};
+  EXPECT_EQ(ui::asMenusNameIt({ui::kKeyNumberPlus, true, false, false}), plus);
+  EXPECT_EQ(ui::asMenusNameIt({ui::kKeyPlus, true, true, false}), plus);
+  EXPECT_EQ(ui::asMenusNameIt({ui::kKeyNumber0, true, false, false}), ui::ctrl('0'));
+  EXPECT_EQ(ui::asMenusNameIt(bare), bare);
 }
 
 TEST(Controls, OnlyTheUsersActsRaiseEvents) {
