@@ -83,12 +83,7 @@ TEST_F(StatusPanels, CountsFollowTheTextWhenNothingElseIsToDo) {
   T1.load("ab ც");
   H->pause();
   EXPECT_EQ(panel("kCounts"), "ISO 0  UTF8 1  HEX 0  ASCII 2");
-<<<<<<< HEAD
   T1.type("c");
-=======
-  T1.select(0, 6);
-  T1.replaceSelection("\xC0&#4304;");
->>>>>>> look
   EXPECT_EQ(panel("kCounts"), "ISO 0  UTF8 1  HEX 0  ASCII 2");
   T1.load("\xC0&#4304;");
   H->pause();
