@@ -97,8 +97,8 @@ void FrmH::addOwnCommands() {
   const auto selection = [](const CommandState& state) { return state.hasSelection; };
   const auto onDocument = [this](const CommandState&) { return selectedDocument() >= 0; };
   addCommands({
-      {mnunewF, "mnunewF", "|1|&ახალი გვერდი", ui::ctrl('N'), [this] { mnunewF_Click(".HTML", "<HTML>"); },
-       always, nullptr, "ახალი HTML დოკუმენტი"},
+      {mnunewF, "mnunewF", "|1|&ახალი გვერდი", ui::ctrl('N'), [this] { newPage(); }, always, nullptr,
+       "ახალი HTML დოკუმენტი"},
       {mnunewT, "mnunewT", "|2|ახალი &ტექსტი", ui::ctrlShift('N'), [this] { mnunewF_Click(".TXT", ""); },
        always, nullptr, "ახალი ტექსტური დოკუმენტი"},
       {mnuOpen, "mnuOpen", "|3|&გახსნა...", ui::ctrl('O'), [this] { mnuOpen_Click(); }, always, nullptr,
@@ -227,6 +227,12 @@ void FrmH::addOwnCommands() {
             {mnuDelete, {}, {}},
             {mnuSelectAll, {}, {}},
             {0, {}, {}}}});
+  addToolBar({{mnunewF, ui::ToolIcon::NewPage, "ახალი გვერდი (Ctrl+N)"},
+              {mnuOpen, ui::ToolIcon::Open, "გახსნა (Ctrl+O)"},
+              {mnuSave, ui::ToolIcon::Save, "შენახვა (Ctrl+S)"},
+              {mnuUndo, ui::ToolIcon::Undo, "გაუქმება (Ctrl+Z)"},
+              {mnuRedo, ui::ToolIcon::Redo, "გამეორება (Ctrl+Shift+Z)"},
+              {}});
   addMenu({kTypingMenu, {}});
   addMenu({kTagsMenu, {}});
   addMenu({kLinesMenu, {}});
@@ -350,6 +356,18 @@ void FrmH::refreshItems(std::vector<ui::MenuItem>& items, const CommandState& st
     item.checked = command.checked && command.checked();
     item.radio = command.radio;
   }
+}
+
+void FrmH::refreshToolBar() {
+  const CommandState state = commandState();
+  bool changed = false;
+  for (ui::ToolBarButton& button : toolBar) {
+    const auto row = commands_.find(button.command);
+    const bool enabled = row == commands_.end() || !row->second.enabled || row->second.enabled(state);
+    changed = changed || enabled != button.enabled;
+    button.enabled = enabled;
+  }
+  if (changed && window != nullptr) window->toolBarStates();
 }
 
 bool FrmH::runCommand(int id) {

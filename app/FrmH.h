@@ -120,6 +120,7 @@ class FrmH final : public ui::MainForm, public Workbench {
   void buildMenus();
   CommandState commandState();
   void refreshItems(std::vector<ui::MenuItem>& items, const CommandState& state);
+  void refreshToolBar();
   void TV_NodeClick(int node);
   void TV_ContextMenu();
   bool TV_CanDropOn(int node, int target) const;
@@ -166,6 +167,7 @@ class FrmH final : public ui::MainForm, public Workbench {
   // Shows nothing: an empty untitled document without a record.
   void showNothing();
   void nameUntitled();
+  void newPage();  // as the settings want it
   void applyEditorSettings();
 
   bool unsavedDocuments();

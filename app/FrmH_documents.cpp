@@ -4,6 +4,7 @@
 #include "app/FrmH.h"
 #include "app/document_tree.h"
 #include "app/mdlsaerto.h"
+#include "app/new_page.h"
 #include "base/error.h"
 #include "base/files.h"
 #include "base/path.h"
@@ -124,6 +125,13 @@ void FrmH::mnunewF_Click(const char* extension, const std::string& text) {
   showCaption();
   Treefulen();
   documentShown();
+}
+
+void FrmH::newPage() {
+  if (!Props.NewPageSkeleton) return mnunewF_Click(".HTML", "<HTML>");
+  const NewPage page = wholePage(Props);
+  mnunewF_Click(".HTML", page.text);
+  T1.select(page.caret, 0);
 }
 
 void FrmH::mnuClose_Click() {

@@ -10,6 +10,7 @@ namespace app {
 void FrmH::idle() {
   if (FileChanged != shownChanged_) showName(shownName_);
   showTabs();
+  refreshToolBar();
   Workbench::idle();
 }
 

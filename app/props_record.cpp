@@ -42,6 +42,7 @@ void eachField(Record& props, Visitor&& visit) {
   visit(props.LineEnds);
   visit(props.Colours);
   visit(props.ModeOfPage);
+  visit(props.NewPageSkeleton);
 }
 
 struct Write {

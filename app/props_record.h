@@ -51,6 +51,7 @@ struct PropsRecord {
   bool LineEnds = false;     // are shown
   ColourScheme Colours = ColourScheme::Own;
   bool ModeOfPage = false;  // a page opens in the typing mode of its letters
+  bool NewPageSkeleton = false;        // a new HTML page is a whole one in UTF-8, not "<HTML>" alone
 
   bool operator==(const PropsRecord&) const = default;
 };

@@ -16,20 +16,35 @@ struct Look {
   Kind kind = Kind::Nothing;
   bool readOnly = false;
   std::uintmax_t size = 0;  // of a file
+  unsigned names = 1;       // of one file, by hard links
 };
 Look look(std::string_view path);
 
-std::FILE* open(std::string_view path, bool write);  // of bytes; null and errno where it fails
-int flush(std::FILE* file);                          // down to the disk
+// Where the path leads through symbolic links; the path itself where it is none or the system cannot tell.
+std::string target(std::string_view path);
+
+// Create makes a file that is not there yet, which nobody else may open meanwhile; Change is for reading and
+// writing an existing one.
+enum class Mode { Read, Create, Change };
+// Of bytes; without a buffer, but for reading. Null and errno where it fails.
+std::FILE* open(std::string_view path, Mode mode);
+int resize(std::FILE* file, std::uintmax_t size);
+int flush(std::FILE* file);          // down to the disk
+bool isFree(std::string_view path);  // an existing file that nobody has made with Create and still holds
 
 int rename(std::string_view from, std::string_view to);  // replaces an existing file
-int remove(std::string_view path);                       // a file or an empty folder
+// Puts `from` in the place of the existing file `to`, whose attributes, rights, owner and creation time it
+// takes over. Where it cannot have all of them nothing is done.
+int replace(std::string_view from, std::string_view to);
+int remove(std::string_view path);  // a file or an empty folder
 int makeFolder(std::string_view path);
 int fileNames(std::string_view folder, std::vector<std::string>& names);  // adds those of its ordinary files
 
 bool same(std::string_view a, std::string_view b);  // one existing file, whatever the spelling
 std::string tempFolder();
 std::string fullPath(std::string_view path);  // a relative one begins at the working folder
+std::string ownFolder();  // of the program, for this user; made when it is missing
+std::string newName();    // no other run of the program makes the same
 void pause(int milliseconds);
 
 }  // namespace base::disk

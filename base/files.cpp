@@ -2,65 +2,26 @@
 
 #include <cerrno>
 #include <cstdio>
-#include <cstring>
 #include <memory>
 #include <new>
 #include <stdexcept>
 
 #include "base/disk.h"
-#include "base/error.h"
+#include "base/file_errors.h"
 
 namespace base {
 namespace {
-
-// The system's reason as a sentence; `path` is named since the user may have many files open.
-[[noreturn]] void fail(int code, std::string_view path) {
-  const std::string name(path);
-  switch (code) {
-    case ENOENT:
-      throw Error(ErrorNumber::FileNotFound, "ფაილი ვერ მოიძებნა:\r\n" + name);
-    case ENOTDIR:
-      throw Error(ErrorNumber::PathNotFound, "საქაღალდე ვერ მოიძებნა:\r\n" + name);
-    case EACCES:
-    case EPERM:
-    case EROFS:
-      throw Error(ErrorNumber::PermissionDenied, "ფაილზე წვდომა აკრძალულია:\r\n" + name);
-    case EISDIR:
-      throw Error(ErrorNumber::PathAccess, "ეს საქაღალდეა და არა ფაილი:\r\n" + name);
-    case ENOSPC:
-      throw Error(ErrorNumber::DiskFull, "დისკზე ადგილი აღარ არის, ფაილი არ ჩაწერილა:\r\n" + name);
-    case ENOMEM:
-    case EFBIG:
-      throw Error(ErrorNumber::OutOfMemory, "ფაილი მეტისმეტად დიდია:\r\n" + name);
-    default:
-      throw Error(ErrorNumber::DeviceError,
-                  "ფაილთან მუშაობა ვერ მოხერხდა (" + std::string(std::strerror(code)) + "):\r\n" + name);
-  }
-}
 
 struct CloseFile {
   void operator()(std::FILE* file) const { std::fclose(file); }
 };
 using File = std::unique_ptr<std::FILE, CloseFile>;
 
-File open(std::string_view path, bool write) {
-  File file(disk::open(path, write));
-  if (!file) fail(errno, path);
+File open(std::string_view path) {
+  File file(disk::open(path, disk::Mode::Read));
+  if (!file) throwFileError(errno, path);
   return file;
 }
-
-// A file that is gone again unless it is put in its place.
-class TemporaryFile {
- public:
-  explicit TemporaryFile(std::string_view target) : path_(std::string(target) + ".zervo-tmp") {}
-  TemporaryFile(const TemporaryFile&) = delete;
-  TemporaryFile& operator=(const TemporaryFile&) = delete;
-  ~TemporaryFile() { disk::remove(path_); }
-  const std::string& path() const { return path_; }
-
- private:
-  std::string path_;
-};
 
 }  // namespace
 
@@ -84,7 +45,7 @@ std::vector<std::string> fileNames(std::string_view folder) {
 
 std::vector<std::string> filesIn(std::string_view folder) {
   std::vector<std::string> names;
-  if (const int code = disk::fileNames(folder, names)) fail(code, folder);
+  if (const int code = disk::fileNames(folder, names)) throwFileError(code, folder);
   return names;
 }
 
@@ -95,16 +56,16 @@ std::string tempFolder() {
 }
 
 void makeFolder(std::string_view path) {
-  if (fileExists(path)) fail(ENOTDIR, path);
+  if (fileExists(path)) throwFileError(ENOTDIR, path);
   const int code = disk::makeFolder(path);
-  if (code != 0 && !folderExists(path)) fail(code, path);
+  if (code != 0 && !folderExists(path)) throwFileError(code, path);
 }
 
 constexpr std::size_t kReadAhead = 1U << 16U;
 
 std::string readFile(std::string_view path) {
-  if (folderExists(path)) fail(EISDIR, path);
-  const File file = open(path, false);
+  if (folderExists(path)) throwFileError(EISDIR, path);
+  const File file = open(path);
   std::string bytes;
   try {
     // Straight into the text. The file may have grown or shrunk since, so its size is no more than a guess.
@@ -117,40 +78,12 @@ std::string readFile(std::string_view path) {
     }
     bytes.resize(done);
   } catch (const std::bad_alloc&) {
-    fail(ENOMEM, path);
+    throwFileError(ENOMEM, path);
   } catch (const std::length_error&) {
-    fail(ENOMEM, path);
+    throwFileError(ENOMEM, path);
   }
-  if (std::ferror(file.get()) != 0) fail(errno, path);
+  if (std::ferror(file.get()) != 0) throwFileError(errno, path);
   return bytes;
-}
-
-void writeFile(std::string_view path, std::string_view bytes) {
-  const disk::Look old = disk::look(path);
-  if (old.kind == disk::Kind::Folder) fail(EISDIR, path);
-  // Replacing by name would slip past a read-only mark that a plain write respects.
-  if (old.kind == disk::Kind::File && old.readOnly) fail(EACCES, path);
-
-  const TemporaryFile temporary(path);
-  int code = 0;
-  {
-    const File file = open(temporary.path(), true);
-    errno = 0;
-    if (std::fwrite(bytes.data(), 1, bytes.size(), file.get()) != bytes.size()) {
-      code = errno != 0 ? errno : ENOSPC;
-    }
-    if (code == 0) code = disk::flush(file.get());
-  }
-  if (code != 0) fail(code, path);
-  renameFile(temporary.path(), path);
-}
-
-void overwriteFile(std::string_view path, std::string_view bytes) {
-  if (!fileExists(path)) return writeFile(path, bytes);
-  const std::string old = readFile(path);
-  if (old.size() <= bytes.size()) return writeFile(path, bytes);
-  std::string whole(bytes);
-  writeFile(path, whole.append(old, bytes.size()));
 }
 
 void copyFile(std::string_view from, std::string_view to) {
@@ -159,12 +92,12 @@ void copyFile(std::string_view from, std::string_view to) {
 }
 
 void renameFile(std::string_view from, std::string_view to) {
-  if (const int code = disk::rename(from, to)) fail(code, to);
+  if (const int code = disk::rename(from, to)) throwFileError(code, to);
 }
 
 void removeFile(std::string_view path) {
   const int code = disk::remove(path);
-  if (code != 0 && code != ENOENT) fail(code, path);
+  if (code != 0 && code != ENOENT) throwFileError(code, path);
 }
 
 FileLock::FileLock(std::string_view path) {

@@ -23,8 +23,10 @@ void makeFolder(std::string_view path);
 
 std::string readFile(std::string_view path);
 
-// The file holds exactly `bytes` afterwards. Written beside the target, flushed, then put in its place, so
-// that at every moment the file is whole old or whole new. Missing folders are not made.
+// The file holds exactly `bytes` afterwards; symbolic links are followed, and hard links, attributes, rights
+// and creation time stay. Written beside the target, flushed, then put in its place, so that at every moment
+// the file is whole old or whole new. Where that cannot be, it is written over in its place, with a note by
+// which finishInterruptedWrites() makes it whole if the program dies meanwhile. Missing folders are not made.
 void writeFile(std::string_view path, std::string_view bytes);
 
 // Like writing over the file from its first byte without truncating it: a longer old file keeps its tail.

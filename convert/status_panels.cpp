@@ -4,6 +4,7 @@
 #include <utility>
 
 #include "app/menu_names.h"
+#include "base/utf8.h"
 #include "convert/encoding_counts.h"
 #include "resources/ids.h"
 
@@ -14,15 +15,19 @@ constexpr std::size_t kPreviewBytes = 200;
 
 }  // namespace
 
-std::string selectionPreview(std::string_view text, int start, int length, const Conversions& conversions) {
+ui::Text selectionPreview(std::string_view text, int start, int length, ui::TextView view,
+                          const Conversions& conversions) {
   const std::string_view selected =
       text.substr(static_cast<std::size_t>(start), static_cast<std::size_t>(length));
   std::size_t size = std::min(selected.size(), kPreviewBytes);
-  // A letter of three bytes is not cut.
-  for (int i = 0; i < 2 && size < selected.size() && (selected[size] & 0xC0) == 0x80; ++i) --size;
-  std::string shown = conversions.Utf8Convert(selected.substr(0, size), 1, true);
+  // A letter of up to four bytes is not cut.
+  for (int i = 0; i < 3 && size < selected.size() && (selected[size] & 0xC0) == 0x80; ++i) --size;
+  const std::string_view part = selected.substr(0, size);
+  const bool utf8 = view == ui::TextView::Utf8 || base::readsAsUtf8(part);
+  ui::Text shown = utf8 ? ui::Text(std::string(part))
+                        : ui::Text(conversions.Utf8Convert(part, 1, true), ui::TextKind::Legacy);
   std::ranges::replace_if(
-      shown, [](char c) { return c == '\r' || c == '\n' || c == '\t'; }, ' ');
+      shown.bytes, [](char c) { return c == '\r' || c == '\n' || c == '\t' || c == '\0'; }, ' ');
   return shown;
 }
 
@@ -41,7 +46,10 @@ StatusPanels::StatusPanels(app::Workbench& bench, const Conversions& conversions
   bench.propsInForce.connect([this] { showPreview(); });
   bench.selectionChanged.connect([this] { showPreview(); });
   bench.textChanged.connect([this] { countsStale_ = true; });
-  bench.viewChanged.connect([this] { showCounts(); });
+  bench.viewChanged.connect([this] {
+    showPreview();
+    showCounts();
+  });
   bench.pause.connect([this] { showCounts(); });
 }
 
@@ -53,8 +61,8 @@ void StatusPanels::showPreview() {
     return;
   }
   previewShown_ = true;
-  bench_.setPanel("kPreview", {selectionPreview(view.text(), view.selStart(), length, conversions_),
-                               ui::TextKind::Legacy});
+  bench_.setPanel("kPreview",
+                  selectionPreview(view.text(), view.selStart(), length, view.view(), conversions_));
 }
 
 void StatusPanels::showCounts() {

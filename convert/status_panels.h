@@ -9,8 +9,10 @@
 
 namespace convert {
 
-// What the panel shows of the selected bytes: UTF-8 read as Georgian, on one line, of a length that fits.
-std::string selectionPreview(std::string_view text, int start, int length, const Conversions& conversions);
+// What the panel shows of the selected bytes: UTF-8 as its letters, other bytes as those of the legacy font,
+// on one line, of a length that fits.
+ui::Text selectionPreview(std::string_view text, int start, int length, ui::TextView view,
+                          const Conversions& conversions);
 
 // Adds the panels and the command that switches the preview. Both arguments must outlive it.
 class StatusPanels {

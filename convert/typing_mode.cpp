@@ -163,6 +163,25 @@ std::string shownLetters(std::string_view bytes, ReadAs as) {
   return letters;
 }
 
+std::optional<std::string> reencoded(std::string_view bytes, ReadAs from, ReadAs to,
+                                     const LetterTables& tables) {
+  if (from == to) return std::string(bytes);
+  if (from.view == ui::TextView::EightBit && from.mode == TypingMode::GeorgianASCII) return std::nullopt;
+  const std::string letters = shownLetters(bytes, from);
+  if (!base::isUtf8(letters)) return std::nullopt;
+  std::string made = to.view == ui::TextView::Utf8 ? letters : typedText(letters, to.mode, tables);
+  if (shownLetters(made, to) != letters) return std::nullopt;
+  return made;
+}
+
+ReadAs readAs(app::Workbench& bench) {
+  ReadAs as{bench.codeView().view(), TypingMode::Latin};
+  for (const ModeRow& row : modes()) {
+    if (bench.commandChecked(row.id)) as.mode = row.mode;
+  }
+  return as;
+}
+
 Typing::Typing(app::Workbench& bench, const LetterTables& tables) : bench_(bench), tables_(tables) {
   std::vector<app::Command> commands;
   app::MenuPlan plan{app::kTypingMenu, {}};

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <cstddef>
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -11,12 +12,15 @@
 
 namespace convert {
 
-
 // What the bytes of a document are read as: a view and, in the 8-bit one, a mode.
 struct ReadAs {
   ui::TextView view = ui::TextView::EightBit;
   TypingMode mode = TypingMode::Latin;
+  bool operator==(const ReadAs&) const = default;
 };
+
+// How the shown document is read.
+ReadAs readAs(app::Workbench& bench);
 
 // The byte that enters for a typed byte.
 int typedKey(int key, TypingMode mode, const LetterTables& tables);
@@ -32,6 +36,11 @@ std::string typedCharacter(char32_t character, ReadAs as, const LetterTables& ta
 
 // The letters (UTF-8) that the user sees for bytes of a document.
 std::string shownLetters(std::string_view bytes, ReadAs as);
+
+// The bytes that show the same letters in another view or mode; nothing where some of them has none there, or
+// where the old bytes do not tell letters from markup (Latin codes that are shown as Georgian).
+std::optional<std::string> reencoded(std::string_view bytes, ReadAs from, ReadAs to,
+                                     const LetterTables& tables);
 
 // Adds the menu of the modes and the keys to the main window. `bench` and `tables` must outlive it.
 class Typing {

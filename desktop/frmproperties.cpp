@@ -72,7 +72,7 @@ std::vector<frmproperties::Tick> frmproperties::ticks() {
           {CKbrowser, &Props::PreviewInBrowser}, {CKlive, &Props::LiveColours},
           {CKnumbers, &Props::LineNumbers},      {CKcurrent, &Props::CurrentLine},
           {CKblanks, &Props::WhiteSpace},        {CKlineends, &Props::LineEnds},
-          {CKpagemode, &Props::ModeOfPage}};
+          {CKpagemode, &Props::ModeOfPage},      {CKskeleton, &Props::NewPageSkeleton}};
 }
 
 void frmproperties::connectEvents() {

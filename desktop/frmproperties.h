@@ -65,6 +65,7 @@ class frmproperties : public ui::Form {
   ui::OptionButton OPbytes{*this, IDC_frmproperties_OPbytes, 1};
   ui::OptionButton OPreference{*this, IDC_frmproperties_OPreference, 1};
   // New pages
+  ui::CheckBox CKskeleton{*this, IDC_frmproperties_CKskeleton};
   ui::CheckBox CKheader{*this, IDC_frmproperties_CKheader};
   ui::TextBox Theader{*this, IDC_frmproperties_Theader};
   ui::CheckBox CKbody{*this, IDC_frmproperties_CKbody};

@@ -45,13 +45,14 @@ void frmproperties::setTexts() {
   OPbytes.setCaption("&UTF-8 ბაიტები C2 A0");
   OPreference.setCaption("მითითე&ბა &&nbsp;");
 
+  CKskeleton.setCaption("ახალი &HTML გვერდი სრული კარკასით, UTF-8");
   CKheader.setCaption("და&მატებითი ტექსტი ახალი გვერდის თავში:");
   CKbody.setCaption("BODY-ს ატრი&ბუტები ახალ გვერდზე:");
   Theader.hint = "ტექსტი გვერდის თავში";
   Tbody.hint = "BODY-ს ატრიბუტები";
 
   Ltimeout.setCaption("FTP: &მოლოდინი, წამი:");
-  CKpassive.setCaption("FTP: &Passive რეჟიმი");
+  CKpassive.setCaption("FTP: &Passive რეჟიმი (საწყისი პარამეტრებით ჩართულია)");
   CKbrowser.setCaption("გადახედვა ყოველთვის ნაგულისხმევ &ბრაუზერში");
 
   Cdefault.setCaption("&საწყისი მნიშვნელობები");
@@ -81,7 +82,7 @@ void frmproperties::addPages() {
     typing.push_back(Ptyping[i].get());
   }
   Tabs.addPage("კრეფა", std::move(typing));
-  Tabs.addPage("ახალი გვერდი", {&CKheader, &Theader, &CKbody, &Tbody});
+  Tabs.addPage("ახალი გვერდი", {&CKskeleton, &CKheader, &Theader, &CKbody, &Tbody});
   Tabs.addPage("FTP, გადახედვა", {&Ltimeout, &Ttimeout, &CKpassive, &CKbrowser});
   Tabs.addPage("კოდის ხედი", {&Lutf8font, &CButf8font, &Putf8, &Lcolours, &CBcolours, &CKlive, &CKnumbers,
                               &CKcurrent, &CKblanks, &CKlineends, &CKpagemode});

@@ -10,6 +10,7 @@
 #include "base/error.h"
 #include "base/path.h"
 #include "base/text.h"
+#include "base/utf8.h"
 #include "desktop/preview_page.h"
 #include "resources/ids.h"
 
@@ -87,7 +88,10 @@ std::string Preview::textOf(Writing& writing, std::int16_t index, const std::str
   const std::string text = withAddresses(bench_.documentText(index), [&, index](std::string_view address) {
     return addressOf(writing, index, address);
   });
-  return previewPage(text, writing.letters, folderUrl,
+  // The user may have chosen the view of the shown one.
+  const bool utf8 =
+      index == bench_.shownIndex() ? bench_.codeView().view() == ui::TextView::Utf8 : base::readsAsUtf8(text);
+  return previewPage(text, utf8 ? PageLetters::Utf8 : writing.letters, folderUrl,
                      [this](std::string_view family) { return bench_.platform().fontFile(family); });
 }
 

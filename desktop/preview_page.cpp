@@ -205,6 +205,10 @@ std::string previewPage(std::string_view page, PageLetters letters, const std::s
     }
   }
   // Each byte is to be one character, as the fonts have them; what the page says later no longer counts.
+  if (letters == PageLetters::Utf8 && !page.starts_with("\xEF\xBB\xBF") &&
+      charsetOf(base::upperAscii(page)) != "UTF-8") {
+    head += "<META HTTP-EQUIV=\"Content-Type\" CONTENT=\"text/html; charset=utf-8\">\r\n";
+  }
   if (legacy) head += "<META HTTP-EQUIV=\"Content-Type\" CONTENT=\"text/html; charset=windows-1252\">\r\n";
   if (!style.empty()) head += "<STYLE TYPE=\"text/css\">\r\n" + style + "</STYLE>\r\n";
   const std::size_t at = headOf(page);

@@ -7,8 +7,8 @@
 
 namespace desktop {
 
-// What the keyboard gives at the moment, as far as it tells what the page's letters mean.
-enum class PageLetters { Own, KeyboardLayout, Russian };
+// What the view of the page, or in the 8-bit one the keyboard, tells of the page's letters.
+enum class PageLetters { Own, KeyboardLayout, Russian, Utf8 };
 
 // The letters of the legacy 8-bit encoding are the page's Georgian: more of them than of UTF-8, standing in
 // words (in Western languages they are single accented letters), and the page names no other encoding that

@@ -2,6 +2,8 @@
 
 #include <algorithm>
 
+#include "base/utf8.h"
+
 namespace desktop {
 namespace {
 
@@ -9,7 +11,13 @@ int room(const PrintGrid& grid, bool continued) {
   return grid.columns - (continued ? kContinuedIndent : 0);
 }
 
-// Columns of a byte at `column`; a tab ends with its row at the latest.
+// Bytes of the letter at `at`.
+std::size_t letterSize(std::string_view text, std::size_t at, const PrintGrid& grid) {
+  std::size_t end = at;
+  return grid.utf8 && base::nextUtf8(text, end) ? end - at : 1;
+}
+
+// Columns of a letter that begins with `byte`, at `column`; a tab ends with its row at the latest.
 int widthOf(char byte, int column, int room) {
   if (byte != '\t') return 1;
   return std::min(kPrintTab - column % kPrintTab, room - column);
@@ -36,13 +44,14 @@ PrintLayout::PrintLayout(std::string_view text, PrintGrid grid) : grid_(grid) {
 void PrintLayout::addLine(std::string_view text, std::size_t begin, std::size_t end, std::size_t line) {
   PrintRow row{begin, begin, line, false};
   int column = 0;
-  for (; row.end < end; ++row.end) {
+  while (row.end < end) {
     if (column == room(grid_, row.continued)) {
       rows_.push_back(row);
       row = {row.end, row.end, line, true};
       column = 0;
     }
     column += widthOf(text[row.end], column, room(grid_, row.continued));
+    row.end += letterSize(text.substr(0, end), row.end, grid_);
   }
   rows_.push_back(row);
 }
@@ -66,15 +75,22 @@ std::size_t printedLines(std::string_view text) {
 }
 
 std::string rowText(std::string_view text, const PrintRow& row, const PrintGrid& grid) {
+  const std::string_view bytes = text.substr(row.begin, row.end - row.begin);
   std::string shown;
-  for (const char byte : text.substr(row.begin, row.end - row.begin)) {
-    const auto code = static_cast<unsigned char>(byte);
-    if (byte == '\t') {
-      const int column = static_cast<int>(shown.size());
-      shown.append(static_cast<std::size_t>(widthOf(byte, column, room(grid, row.continued))), ' ');
+  int column = 0;
+  for (std::size_t at = 0; at < bytes.size();) {
+    const auto code = static_cast<unsigned char>(bytes[at]);
+    const std::size_t size = letterSize(bytes, at, grid);
+    const int width = widthOf(bytes[at], column, room(grid, row.continued));
+    if (code == '\t') {
+      shown.append(static_cast<std::size_t>(width), ' ');
+    } else if (code < ' ' || code == 0x7F) {
+      shown += '\0';
     } else {
-      shown += code < ' ' || code == 0x7F ? '\0' : byte;
+      shown += bytes.substr(at, size);
     }
+    column += width;
+    at += size;
   }
   return shown;
 }

@@ -13,8 +13,9 @@ inline constexpr int kPrintTab = 8;         // columns between tab stops, counte
 inline constexpr int kContinuedIndent = 2;  // columns for the mark before the rest of a long line
 
 struct PrintGrid {
-  int columns;  // above kContinuedIndent
-  int rows;     // of a page, above 0
+  int columns;        // above kContinuedIndent
+  int rows;           // of a page, above 0
+  bool utf8 = false;  // a letter of UTF-8 takes one column, like a byte that is none; else every byte does
 };
 
 struct PrintRow {
@@ -42,7 +43,7 @@ class PrintLayout {
 // Lines as the layout counts them.
 std::size_t printedLines(std::string_view text);
 
-// The row as it is drawn, one byte a column: spaces for tabs, NUL for bytes that have no letter.
+// The row as it is drawn: spaces for tabs, NUL for bytes that have no letter.
 std::string rowText(std::string_view text, const PrintRow& row, const PrintGrid& grid);
 
 }  // namespace desktop

@@ -35,7 +35,8 @@ PrintGrid gridOf(const ui::Rect& inner, const ui::CodeCell& cell, int numberColu
   // A hair more, so that a width that fits exactly is not lost by rounding.
   const auto fitting = [](double room, double part) { return static_cast<int>(room / part + 1e-6); };
   const PrintGrid grid{fitting(inner.width, cell.width) - numberColumns,
-                       fitting(inner.height - kHeadHeight - kHeadGap, cell.height)};
+                       fitting(inner.height - kHeadHeight - kHeadGap, cell.height),
+                       cell.font.characterSet == ui::CharacterSet::Utf8};
   if (grid.columns < kLeastColumns || grid.rows < kLeastRows) {
     throw base::Error(base::ErrorNumber::InvalidCall,
                       "გვერდის ველები ტექსტს ადგილს არ უტოვებს. შეამცირეთ ველები ან შრიფტი.");

@@ -35,6 +35,8 @@ PrintSource shownSource(app::Workbench& bench, bool selection) {
   const ui::CodeView& view = bench.codeView();
   PrintSource source;
   source.text = selection ? view.selText() : view.text();
+  // A byte-order mark is no letter.
+  if (view.view() == ui::TextView::Utf8 && source.text.starts_with("\xEF\xBB\xBF")) source.text.erase(0, 3);
   source.title = bench.shownTitle();
   source.cell = printerOf(bench.platform()).codeCell(view.currentFont());
   if (selection) {

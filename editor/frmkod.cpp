@@ -59,7 +59,9 @@ void editTag(app::Workbench& bench) {
     return;
   }
   const std::string old(T1.text().substr(place->start, place->end - place->start));
-  const std::string edited = frmkod(old).ask(bench.platform());
+  frmkod form(old);
+  form.Tvalue.readAs(T1);
+  const std::string edited = form.ask(bench.platform());
   if (!edited.empty() && edited != old) {
     T1.select(static_cast<int>(place->start), static_cast<int>(old.size()));
     T1.replaceSelection(edited);

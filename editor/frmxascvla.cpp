@@ -30,6 +30,7 @@ frmxascvla::frmxascvla(app::Workbench& bench) : Form("frmxascvla", IDD_frmxascvl
   COK.setCaption("შეცვლის დაწ&ყება");
   CEXIT.setCaption("გამოსვლ&ა");
   CKcase.setChecked(true);
+  grid_.setLetters([this](const std::string& bytes) { return bench_.clipOf(bytes).letters; });
   ui::Platform& platform = bench.platform();
   Cload.clicked.connect([this, &platform] { app::guarded(platform, [this] { Cload_Click(); }); });
   Csave.clicked.connect([this, &platform] { app::guarded(platform, [this] { Csave_Click(); }); });
@@ -44,6 +45,8 @@ void frmxascvla::openWindow() {
   OPselection.setEnabled(selected);
   (selected ? OPselection : OPdocument).choose();
   Lresult.setCaption("");
+  Tfind.readAs(bench_.codeView());
+  Treplace.readAs(bench_.codeView());
   setPairs(pairs());  // without the counts of last time
   bench_.platform().showModal(*this);
   bench_.codeView().setFocus();

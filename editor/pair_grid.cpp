@@ -2,8 +2,6 @@
 
 #include <algorithm>
 
-#include "editor/shown_bytes.h"
-
 namespace editor {
 
 PairGrid::PairGrid(ui::ListView& list, ui::TextBox& first, ui::TextBox& second, ui::Button& add,
@@ -112,8 +110,8 @@ void PairGrid::show(int selected) {
   std::vector<ui::ListView::Item> items;
   for (std::size_t i = 0; i < rows_.size(); ++i) {
     ui::ListView::Item item;
-    item.text = shownBytes(rows_[i].first);
-    item.subItems = {shownBytes(rows_[i].second), i < notes_.size() ? notes_[i] : ""};
+    item.text = shownBytes(rows_[i].first, lettersOf_);
+    item.subItems = {shownBytes(rows_[i].second, lettersOf_), i < notes_.size() ? notes_[i] : ""};
     items.push_back(std::move(item));
   }
   list_.setItems(std::move(items));

@@ -2,8 +2,10 @@
 #pragma once
 
 #include <string>
+#include <utility>
 #include <vector>
 
+#include "editor/shown_bytes.h"
 #include "ui/controls.h"
 
 namespace editor {
@@ -28,6 +30,8 @@ class PairGrid {
   void commit();
   // What stands in the fields becomes a row of its own; or the second text of the row with that first one.
   void takeTyped();
+  // How the list shows bytes, from the next change on.
+  void setLetters(LettersOf lettersOf) { lettersOf_ = std::move(lettersOf); }
   // Texts of a third column, one a row; gone with the next edit.
   void setNotes(std::vector<std::string> notes);
 
@@ -50,6 +54,7 @@ class PairGrid {
   ui::Button& down_;
   std::vector<Row> rows_;
   std::vector<std::string> notes_;
+  LettersOf lettersOf_;
 };
 
 }  // namespace editor

@@ -1,15 +1,17 @@
 #include "editor/shown_bytes.h"
 
 #include "base/cp1252.h"
+#include "base/line_ends.h"
 #include "base/text.h"
 #include "base/utf8.h"
 
 namespace editor {
 
-std::string shownBytes(std::string_view bytes) {
-  std::string shown = base::isUtf8(bytes) ? std::string(bytes) : base::utf8FromBytes(bytes);
-  shown = base::replaceAll(shown, base::kCrLf, "↵");
-  shown = base::replaceAll(shown, "\n", "↵");
+std::string shownBytes(std::string_view bytes, const LettersOf& lettersOf) {
+  std::string shown(bytes);
+  if (lettersOf && !base::readsAsUtf8(bytes)) shown = lettersOf(shown);
+  if (!base::isUtf8(shown)) shown = base::utf8FromBytes(bytes);
+  shown = base::replaceAll(base::withLineEnds(shown, base::LineEnd::Lf), "\n", "↵");
   return base::replaceAll(shown, "\t", "→");
 }
 

@@ -60,7 +60,7 @@ int indexOf(const std::vector<std::string>& words, std::string_view word) {
 frmCSSstile::frmCSSstile(app::Workbench& bench, CssEdit& edit, CssProperties properties)
     : Form("frmCSSstile", IDD_frmCSSstile), bench_(bench), edit_(edit), properties_(std::move(properties)) {
   setTexts();
-  for (ui::TextBox* box : {&Tselector, &Tvalue, &Tpreview}) box->setFont(bench.codeView().currentFont());
+  for (ui::TextBox* box : {&Tselector, &Tvalue, &Tpreview}) box->readAs(bench.codeView());
   defaultButton = &COK;
   cancelButton = &CEXIT;
   const auto action = [this](void (frmCSSstile::*run)()) {

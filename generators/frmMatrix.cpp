@@ -7,6 +7,7 @@
 #include "app/menu_names.h"
 #include "base/path.h"
 #include "base/text.h"
+#include "base/utf8.h"
 
 namespace generators {
 namespace {
@@ -22,6 +23,16 @@ struct Sample {
 };
 constexpr std::array<Sample, 2> kSamples = {
     {{"PAGE_HTML", "HTML 4.01.html"}, {"PAGE_GEORGIAN", "ქართული UTF-8.html"}}};
+
+// The font of the code view if it shows such bytes, else the bundled one that does.
+ui::Font pageFont(ui::Font font, std::string_view page) {
+  const bool utf8 = base::readsAsUtf8(page);
+  const bool ascii = !utf8 && base::isUtf8(page);
+  if (ascii || utf8 == (font.characterSet == ui::CharacterSet::Utf8)) return font;
+  font.name.clear();
+  font.characterSet = utf8 ? ui::CharacterSet::Utf8 : ui::CharacterSet::Ansi;
+  return font;
+}
 
 }  // namespace
 
@@ -48,7 +59,6 @@ void frmMatrix::setTexts() {
   Cnew.hint = "ახალი დოკუმენტი არჩეული გვერდიდან";
   Csave.hint = "ნაჩვენები დოკუმენტი გვერდად შეინახება";
   Csamples.hint = "ცარიელ სიაში ჩაემატება მზა გვერდები";
-  Tpreview.setFont(bench_.codeView().currentFont());
   defaultButton = &Cnew;
   cancelButton = &CEXIT;
 }
@@ -99,6 +109,7 @@ void frmMatrix::List1_Click() {
     try {
       const std::string bytes = pages_.read(name);
       preview = pagePreview(bytes);
+      Tpreview.setFont(pageFont(bench_.codeView().currentFont(), bytes));
       info = std::to_string(bytes.size()) + " ბაიტი";
     } catch (const std::exception& error) {
       info = app::errorText(error).description;  // no box: the user may be on the way to another row

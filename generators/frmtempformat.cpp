@@ -40,8 +40,8 @@ frmtempformat::frmtempformat(app::Workbench& bench, TemplateFormats& templates, 
   Tsaxeli.hint = "სახელი";
   Tfor.hint = "ტექსტი მონიშნულის წინ";
   Tnach.hint = "ტექსტი მონიშნულის შემდეგ";
-  Tfor.setFont(bench.codeView().currentFont());
-  Tnach.setFont(bench.codeView().currentFont());
+  Tfor.readAs(bench.codeView());
+  Tnach.readAs(bench.codeView());
   defaultButton = &COK;
   cancelButton = &CEXIT;
 

@@ -7,12 +7,13 @@
 #include "base/files.h"
 #include "base/path.h"
 #include "base/text.h"
+#include "base/utf8.h"
 
 namespace generators {
 namespace {
 
 // What a crash while writing may leave behind.
-constexpr std::string_view kUnfinished = ".zervo-tmp";
+constexpr std::string_view kUnfinished = ".zervo-";
 constexpr std::size_t kPreviewBytes = 4000;
 constexpr int kPreviewLines = 60;
 
@@ -25,7 +26,7 @@ std::string PageLibrary::path(const std::string& name) const {
 std::vector<std::string> PageLibrary::names() const {
   if (!base::folderExists(folder_)) return {};
   std::vector<std::string> all = base::filesIn(folder_);
-  std::erase_if(all, [](const std::string& name) { return name.ends_with(kUnfinished); });
+  std::erase_if(all, [](const std::string& name) { return name.starts_with(kUnfinished); });
   std::sort(all.begin(), all.end(), [](const std::string& a, const std::string& b) {
     const int order = base::compareNoCase(a, b);
     return order != 0 ? order < 0 : a < b;
@@ -77,7 +78,8 @@ std::string completedName(std::string_view typed, std::string_view extension) {
 }
 
 bool isReservedName(std::string_view name) {
-  if (name.empty() || name.ends_with('.') || name.ends_with(' ') || name.ends_with(kUnfinished)) return true;
+  if (name.empty() || name.ends_with('.') || name.ends_with(' ') || name.starts_with(kUnfinished))
+    return true;
   if (std::any_of(name.begin(), name.end(), [](unsigned char c) { return c < ' '; })) return true;
   const std::string stem = base::upperAscii(base::trimSpaces(name.substr(0, name.find('.'))));
   if (stem == "CON" || stem == "PRN" || stem == "AUX" || stem == "NUL") return true;
@@ -89,7 +91,11 @@ std::string pagePreview(std::string_view bytes) {
   std::string shown;
   int lines = 0;
   for (std::size_t i = 0; i < bytes.size(); ++i) {
-    if (shown.size() >= kPreviewBytes || lines >= kPreviewLines) return shown + "...";
+    if (shown.size() >= kPreviewBytes || lines >= kPreviewLines) {
+      // Of UTF-8 no letter is cut.
+      for (int cut = 0; cut < 3 && !base::isUtf8(shown) && base::isUtf8(bytes); ++cut) shown.pop_back();
+      return shown + "...";
+    }
     const char c = bytes[i];
     if (c == '\r' || c == '\n') {
       if (c == '\r' && bytes.substr(i + 1).starts_with('\n')) ++i;

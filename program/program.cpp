@@ -1,6 +1,7 @@
 #include "program/program.h"
 
 #include "app/FrmH.h"
+#include "base/write_notes.h"
 #include "convert/attach.h"
 #include "desktop/about.h"
 #include "desktop/options.h"
@@ -41,6 +42,7 @@ ui::MainForm& Program::window() {
 }
 
 void Program::start(const std::string& commandLine) {
+  base::finishInterruptedWrites();
   parts_->window.entry(commandLine);
 }
 

@@ -2,8 +2,10 @@
 
 #include <algorithm>
 #include <charconv>
+#include <utility>
 
 #include "app/mdlsaerto.h"
+#include "base/error.h"
 #include "base/files.h"
 #include "base/path.h"
 #include "base/text.h"
@@ -112,7 +114,7 @@ void frmupload::loadAccounts() {
   edited_ = -1;
   damaged_ = false;
   if (!base::fileExists(iniPath())) {
-    base::writeFile(iniPath(), "");
+    writeUnasked([this] { base::writeFile(iniPath(), ""); });
     return;
   }
   const FtpAccounts read = parseAccounts(base::readFile(iniPath()));
@@ -247,7 +249,6 @@ void frmupload::Cfile_Click() {
   const auto chosen = bench_.platform().openFiles(dialog);
   if (chosen.empty()) return;
   Tfile.setText(chosen[0]);
-  (transferTypeOf(chosen[0]) == TransferType::Binary ? OPB : OPA).choose();
 }
 
 void frmupload::appendLog(const std::string& line) {
@@ -284,7 +285,7 @@ void frmupload::Cupload_Click() {
   stop_ = closeBehindRun_ = false;
   showFrame(false);  // the log is wanted now
   setRunning(true);
-  app::guarded(bench_.platform(), [&] { upload(accountFields(line)); });
+  app::guarded(bench_.platform(), [&] { upload(line); });
   setRunning(false);
   if (closeBehindRun_) close();
 }
@@ -301,10 +302,21 @@ void frmupload::keepSettings() {
   ftp_.silence = props.FtpTimeout;
   ftp_.passive = props.FtpPassive;
   // What cannot be kept is still good for this run.
-  if (props != before) app::guarded(bench_.platform(), [this] { bench_.saveProps(); });
+  if (props != before) writeUnasked([this] { bench_.saveProps(); });
 }
 
-void frmupload::upload(const FtpFields& account) {
+void frmupload::writeUnasked(const std::function<void()>& write) {
+  const auto attempt = [&] {
+    try {
+      write();
+    } catch (const base::Error&) {
+      if (!std::exchange(toldReadOnly_, true)) throw;
+    }
+  };
+  app::guarded(bench_.platform(), attempt);
+}
+
+void frmupload::upload(const std::string& account) {
   std::vector<std::string> files;
   if (CKalopF.checked()) {
     for (std::int16_t i = 0; i < bench_.documents().Count(); ++i) {

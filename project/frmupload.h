@@ -2,6 +2,7 @@
 #pragma once
 
 #include <array>
+#include <functional>
 #include <memory>
 #include <optional>
 #include <string>
@@ -67,7 +68,10 @@ class frmupload : public ui::Form {
   void Cfile_Click();
   void Cupload_Click();
   void keepSettings();
-  void upload(const FtpFields& account);
+  void upload(const std::string& account);
+  // Writes what the user has not asked for; that it fails is told once in the program's life: a folder that
+  // cannot be written stays so.
+  void writeUnasked(const std::function<void()>& write);
   void appendLog(const std::string& line);
   std::string iniPath() const;
   std::string lineAt(int position);
@@ -79,6 +83,7 @@ class frmupload : public ui::Form {
   std::string connectedLine_;    // the account that an open connection belongs to
   int edited_ = -1;              // position of the account in the boxes; -1: a new one
   bool damaged_ = false;         // the file was, and has not been written since
+  bool toldReadOnly_ = false;
   bool stop_ = false;
   bool closeBehindRun_ = false;
 };

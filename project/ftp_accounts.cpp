@@ -48,17 +48,25 @@ std::string accountLine(const FtpFields& fields) {
   return line;
 }
 
-FtpFields accountFields(const std::string& line) {
+FtpFields accountBytes(const std::string& line) {
   FtpFields fields;
   const std::vector<std::string> parts = base::split(line, kSeparator);
   for (std::size_t i = 0; i < fields.size() && i < parts.size(); ++i) {
-    fields[i] = base::nameFromStored(i == kPassword ? unscrambled(parts[i]).value_or("") : parts[i]);
+    fields[i] = i == kPassword ? unscrambled(parts[i]).value_or("") : parts[i];
   }
+  return fields;
+}
+
+FtpFields accountFields(const std::string& line) {
+  FtpFields fields = accountBytes(line);
+  for (std::string& field : fields) field = base::nameFromStored(field);
   return fields;
 }
 
 FtpAccounts parseAccounts(std::string_view text) {
   FtpAccounts accounts;
+  // Other editors end the last line too.
+  while (text.ends_with(base::kCrLf)) text.remove_suffix(base::kCrLf.size());
   if (text.empty()) return accounts;
   if (base::replaceAll(std::string(text), base::kCrLf, "").find_first_of(std::string_view("\r\n\0", 3)) !=
       std::string::npos) {

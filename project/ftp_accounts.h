@@ -9,7 +9,7 @@
 
 namespace project {
 
-// Description, server, user, password (as typed), directory; UTF-8.
+// Description, server, user, password (as typed), directory; UTF-8 unless told otherwise.
 using FtpFields = std::array<std::string, 5>;
 
 // The program's own reversible scrambling: six digits a byte. It hides a password from a glance, from nobody
@@ -21,6 +21,8 @@ std::optional<std::string> unscrambled(std::string_view digits);  // nothing: no
 std::string accountLine(const FtpFields& fields);
 // Missing fields are empty, and so is a password that cannot be read.
 FtpFields accountFields(const std::string& line);
+// The same in the bytes that the file holds, which is how a server gets user and password.
+FtpFields accountBytes(const std::string& line);
 
 struct FtpAccounts {
   std::vector<std::string> lines;   // as they stand in the file

@@ -20,9 +20,12 @@ class mdlFTP {
   // without a word.
   explicit mdlFTP(ui::Ftp& ftp) : ftp_(ftp) {}
 
-  // The server may be "host:port". Closes an open connection first.
+  // The server may be "host:port", with blanks around it, "ftp://" before and "/" behind it; user and
+  // password are bytes as they are sent. Closes an open connection first.
   bool FtpConnect(const std::string& server, const std::string& user, const std::string& password);
   bool FtpUploadFile(const std::string& localPath, const std::string& remotePath, TransferType type);
+  // `utf8`: the server says that names of files are UTF-8 to it. The result is the question's success.
+  bool FtpAskUtf8(bool& utf8);
   void FtpDisconnect() { ftp_.disconnect(); }
   bool FtpIsConnected() const { return ftp_.connected(); }
 

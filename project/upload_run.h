@@ -2,7 +2,9 @@
 #pragma once
 
 #include <functional>
+#include <optional>
 #include <string>
+#include <string_view>
 
 #include "app/document_list.h"
 #include "project/ftp_accounts.h"
@@ -13,9 +15,9 @@ namespace project {
 
 class UploadRun {
  public:
-  // `log` takes each line as the user reads it, UTF-8, without line end.
-  UploadRun(mdlFTP& ftp, FtpFields account, std::function<void(const std::string&)> log)
-      : ftp_(ftp), account_(std::move(account)), log_(std::move(log)) {}
+  // `account`: its line in the file. `log` takes each line as the user reads it, UTF-8, without line end.
+  UploadRun(mdlFTP& ftp, const std::string& account, std::function<void(const std::string&)> log)
+      : ftp_(ftp), account_(accountFields(account)), bytes_(accountBytes(account)), log_(std::move(log)) {}
 
   // True when the file is on the server.
   bool uploadFile(const std::string& local, TransferType type, bool closeAfterwards);
@@ -26,10 +28,12 @@ class UploadRun {
  private:
   void say(const ui::Text& text, const std::string& rest = {});
   void sayWhy();
-  std::string withoutPassword(const std::string& words) const;
+  void sayWords(std::string_view words);
+  bool hasPassword(std::string_view words) const;
+  std::optional<std::string> remoteBytes(const std::string& remote);
 
   mdlFTP& ftp_;
-  FtpFields account_;
+  FtpFields account_, bytes_;
   std::function<void(const std::string&)> log_;
 };
 

@@ -9,6 +9,7 @@
 #define IDF_ZervoISO 502   // code view: legacy bytes
 #define IDF_ZervoASCII 503 // code view: Latin keyboard layout
 #define IDF_ZervoRUS 504   // code view: Windows-1251 bytes
+#define IDF_ZervoMono 505  // code view and fields: UTF-8
 
 // Main window
 #define IDD_FrmH 1000
@@ -270,6 +271,7 @@
 #define mnuPreviousDocument 40304
 #define mnuTree 40305
 #define mnuTagPalette 40306
+#define mnuToolMore 40308 // the chevron of the tool bar: what has no room in it
 #define mnuNextPane 40307
 #define mnuView8Bit 40321
 #define mnuViewUtf8 40322
@@ -505,6 +507,7 @@
 #define IDC_frmproperties_CEXIT 2235
 #define IDC_frmproperties_Capply 2236
 #define IDC_frmproperties_Cdefault 2237
+#define IDC_frmproperties_CKskeleton 2238
 #define IDC_frmproperties_Ltyping 2250 // ..2253: one a typing mode
 #define IDC_frmproperties_CBtyping 2254 // ..2257
 #define IDC_frmproperties_Ptyping 2258 // ..2261

@@ -46,7 +46,6 @@ frmsuch::frmsuch(app::Workbench& bench) : Form("frmsuch", IDD_frmsuch), bench_(b
   Combo1.hint = "სად მოიძებნოს";
   Ccheinj.hint = "საძიებელი და შემცვლელი ტექსტების გაცვლა";
   Cmeniu.hint = "ნიშნების ჩასმა, ბოლო ძებნები";
-  // No hint for List1: a tip's window hears every message, and a million rows would take minutes.
   Combo1.setItems({"mTlian teqstSi"_keyboard, "markirebul teqstSi"_keyboard,
                    "aqtualuri adgilidan zeviT"_keyboard, "aqtualuri adgilidan qveviT!"_keyboard});
   Combo1.dropWidth = 200;
@@ -67,6 +66,7 @@ frmsuch::frmsuch(app::Workbench& bench) : Form("frmsuch", IDD_frmsuch), bench_(b
   Text1.keyPress = Tcvla.keyPress = [this](int key) { return field_KeyPress(key); };
 
   bench_.documentShown.connect([this] { followShown(); });
+  bench_.viewChanged.connect([this] { readAsShown(); });
   app::ColectionMain& documents = bench_.documents();
   documents.NewItem.connect([this] {
     // The document that has no record is given one just before another is shown.
@@ -83,14 +83,16 @@ frmsuch::frmsuch(app::Workbench& bench) : Form("frmsuch", IDD_frmsuch), bench_(b
   });
 }
 
-// So that a text in a legacy Georgian font shows in the same letters.
-void frmsuch::takeFont() {
-  Text1.setFont(T1_.currentFont());
-  Tcvla.setFont(T1_.currentFont());
+void frmsuch::readAsShown() {
+  const convert::ReadAs as = convert::readAs(bench_);
+  const auto letterTables = [this]() -> const convert::LetterTables& { return tables(); };
+  Text1.readAs(T1_);
+  Tcvla.readAs(T1_);
+  findText_.follow(as, letterTables);
+  replacement_.follow(as, letterTables);
 }
 
 void frmsuch::open() {
-  takeFont();
   followShown();
   const std::string selected = T1_.selText();
   if (!selected.empty() && selected.find_first_of("\r\n") == std::string::npos) {
@@ -117,7 +119,7 @@ void frmsuch::load() {
 }
 
 void frmsuch::activated() {
-  takeFont();
+  readAsShown();
   Text1.setFocus();
 }
 
@@ -175,10 +177,15 @@ void frmsuch::Cmeniu_Click() {
   Text1_Change();
 }
 
-int frmsuch::field_KeyPress(int key) {
-  if (Text1.font().characterSet == ui::CharacterSet::Russian) return georgianFromCyrillicField(key);
-  if (bench_.commandChecked(mnuens1)) return georgianFromLatin(key, tables());
-  return key;
+std::string frmsuch::field_KeyPress(int key) {
+  const ui::CharacterSet set = Text1.font().characterSet;
+  if (set == ui::CharacterSet::Utf8) return T1_.typed(static_cast<char32_t>(key));
+  if (set == ui::CharacterSet::Russian) {
+    key = georgianFromCyrillicField(key);
+  } else if (bench_.commandChecked(mnuens1)) {
+    key = georgianFromLatin(key, tables());
+  }
+  return std::string(1, static_cast<char>(key));
 }
 
 void frmsuch::findNext() {
@@ -247,8 +254,7 @@ bool frmsuch::stepInOtherDocument(Direction direction) {
 }
 
 void frmsuch::found(const Occurrence& occurrence) {
-  const Selection selection = selectionOf(occurrence);
-  T1_.select(selection.start, selection.length);
+  select(selectionOf(occurrence));
   nextPos = static_cast<std::int32_t>(occurrence.position + occurrence.length);
   current_ = occurrence;
   sizeAtStep_ = T1_.text().size();
@@ -315,7 +321,12 @@ void frmsuch::List1_Click() {
     lbinf.setCaption("ნაპოვნი # " + std::to_string(row + 1) + " აღარ არის: ტექსტი შეიცვალა");
     return;
   }
-  T1_.select(selection->start, selection->length);
+  select(*selection);
+}
+
+void frmsuch::select(const Selection& selection) {
+  T1_.select(selection.start, selection.length);
+  if (const auto area = T1_.selectionOnScreen()) moveOff(*area);
 }
 
 void frmsuch::findindex() {
@@ -370,6 +381,7 @@ std::vector<int> frmsuch::targets() {
 void frmsuch::followShown() {
   if (parkedAt_ >= 0 && bench_.shownIndex() >= 0) hits.documentNumbered(parkedAt_);
   parkedAt_ = -1;
+  readAsShown();
   takePlace();
   if (static_cast<std::size_t>(caretStart) == T1_.text().size()) caretStart = 0;
   nextPos = -1;
@@ -418,10 +430,11 @@ Comparison frmsuch::comparison() const {
   return CKcase.checked() ? Comparison::Exact : Comparison::IgnoreCase;
 }
 
-// The fields end lines with CR LF.
+// The fields end lines with CR LF. One that is read as UTF-8 holds it already.
 std::string frmsuch::searched(const std::string& field, std::string_view document) {
   const std::string text = base::withLineEndsOf(document, field);
-  return CKutf8.checked() ? utf8FromLegacy(text, tables()) : text;
+  const bool utf8 = Text1.font().characterSet == ui::CharacterSet::Utf8;
+  return CKutf8.checked() && !utf8 ? utf8FromLegacy(text, tables()) : text;
 }
 
 std::vector<Term> frmsuch::terms(std::string_view document) {

@@ -14,6 +14,7 @@
 #include "convert/letter_tables.h"
 #include "resources/ids.h"
 #include "search/find_engine.h"
+#include "search/followed_text.h"
 #include "search/old_texts.h"
 #include "ui/controls.h"
 
@@ -86,20 +87,21 @@ class frmsuch : public ui::Form {
   void Ccvla_Click();
   void Calcvla_Click();
   void List1_Click();
-  int field_KeyPress(int key);
+  std::string field_KeyPress(int key);
 
   void step(Direction direction);
   bool stepInOtherDocument(Direction direction);
   int findpreviousindex(int from) const;
   std::int16_t documentOf(int node) const;  // -1: of no document
   void found(const Occurrence& occurrence);
+  void select(const Selection& selection);     // and do not stand before it
   Pattern pattern(std::string_view document);  // of the one term
   void replaceInShown();
   void replaceInAll();
   void replaceIn(std::int16_t document);
   void setText(std::int16_t document, std::string text);  // the caret of a shown document stays
 
-  void takeFont();     // the code view's
+  void readAsShown();  // the fields show and take letters as the code view does
   void followShown();  // another document is in the code view
   void followEdits();  // the text may have become shorter since the last step
   void documentsChanged();
@@ -135,6 +137,7 @@ class frmsuch : public ui::Form {
   std::deque<std::string> history_;
   OldTexts oldTexts_;
   std::optional<convert::LetterTables> tables_;
+  FollowedText findText_{Text1}, replacement_{Tcvla};
 };
 
 }  // namespace search

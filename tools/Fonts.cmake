@@ -11,7 +11,7 @@ if(no_fonttools OR NOT EXISTS ${ZERVO_DEJAVU}/DejaVuSansMono.ttf)
 endif()
 
 set(ZERVO_FONTS "")
-foreach(font Sans ISO ASCII RUS)
+foreach(font Sans ISO ASCII RUS Mono)
   list(APPEND ZERVO_FONTS ${CMAKE_BINARY_DIR}/fonts/Zervo${font}.ttf)
 endforeach()
 add_custom_command(

@@ -1,5 +1,5 @@
 #!/usr/bin/env python3
-"""Makes Zervo's four fonts from DejaVu, so that a page is readable on a machine without a Georgian font.
+"""Makes Zervo's five fonts from DejaVu, so that a page is readable on a machine without a Georgian font.
 
 Usage: make_fonts.py DEJAVU_FOLDER OUTPUT_FOLDER
 
@@ -9,6 +9,8 @@ import os
 import sys
 
 from fontTools import subset
+from fontTools.pens.recordingPen import DecomposingRecordingPen
+from fontTools.pens.transformPen import TransformPen
 from fontTools.pens.ttGlyphPen import TTGlyphPen
 from fontTools.ttLib import TTFont
 
@@ -24,6 +26,8 @@ BOX = "zervobox"
 # code view: all are drawn as a small hollow box.
 LETTERLESS = [0x81, 0x8D, 0x8F, 0x90, 0x9D]
 BOXED = [*LETTERLESS, *(0xE000 + byte for byte in (0x00, 0x0A, 0x0D, *LETTERLESS))]
+# In a field of UTF-8 text the bytes that are no UTF-8, and NUL.
+MALFORMED = [0xE000, *range(0xE080, 0xE100)]
 
 
 def windows1252():
@@ -50,6 +54,28 @@ def add_box(font):
     font["hmtx"][BOX] = (advance, left)
 
 
+def borrow(font, other, characters):
+    """Letters that `font` has not, from `other`, as narrow as all of it; the characters that `other` has."""
+    advance = font["hmtx"]["space"][0]
+    names, glyphs = other.getBestCmap(), other.getGlyphSet()
+    borrowed = [character for character in characters if character in names]
+    for character in borrowed:
+        name = names[character]
+        narrowed = min(1, advance / glyphs[name].width)
+        aside = (advance - glyphs[name].width * narrowed) / 2
+        drawn, pen = DecomposingRecordingPen(glyphs), TTGlyphPen(None)
+        glyphs[name].draw(drawn)
+        drawn.replay(TransformPen(pen, (narrowed, 0, 0, 1, aside, 0)))
+        glyph = pen.glyph()
+        font["glyf"][name] = glyph
+        glyph.recalcBounds(font["glyf"])
+        font["hmtx"][name] = (advance, glyph.xMin)
+        for table in font["cmap"].tables:
+            if table.isUnicode():
+                table.cmap[character] = name
+    return borrowed
+
+
 def rename(font, family):
     names = font["name"]
     kept = {0, 13, 14}  # copyright, licence with the trademark notice, the licence's address
@@ -60,10 +86,13 @@ def rename(font, family):
         names.setName(text, number, 3, 1, 0x409)
 
 
-def make(source, target, family, glyph_of, code_pages):
-    """glyph_of: code point shown -> code point of DejaVu whose glyph is drawn, or BOX."""
+def make(source, target, family, glyph_of, code_pages, hinting=True, lent=()):
+    """glyph_of: code point shown -> code point of DejaVu whose glyph is drawn, or BOX. lent: a file and the characters
+    that come from there if it has them."""
     font = TTFont(source, recalcTimestamp=False)
     add_box(font)
+    if lent:
+        glyph_of = glyph_of | {character: character for character in borrow(font, TTFont(lent[0]), lent[1])}
     original = font.getBestCmap()
     cmap = {shown: BOX if drawn == BOX else original[drawn] for shown, drawn in glyph_of.items()}
     tables = [table for table in font["cmap"].tables if (table.platformID, table.platEncID) in ((0, 3), (3, 1))]
@@ -77,7 +106,7 @@ def make(source, target, family, glyph_of, code_pages):
     options.name_IDs = ["*"]
     options.name_languages = ["*"]
     options.notdef_outline = True
-    options.hinting = True
+    options.hinting = hinting
     subsetter = subset.Subsetter(options)
     subsetter.populate(unicodes=cmap)
     subsetter.subset(font)
@@ -103,12 +132,22 @@ def main():
 
     interface = ansi | georgian
     for block in (range(0x20, 0x7F), range(0xA0, 0x180), range(0x400, 0x460), range(0x2010, 0x2028),
-                  [0x2039, 0x203A, 0x20AC, 0x2116, 0x2122, 0x2190, 0x2191, 0x2192, 0x2193, 0x21B5, 0x2026, 0x2713]):
+                  [0x2039, 0x203A, 0x20AC, 0x2116, 0x2122, 0x2190, 0x2191, 0x2192, 0x2193, 0x21B5, 0x2026, 0x2713, 0x2717]):
         interface |= {character: character for character in block}
     make(sans, os.path.join(output, "ZervoSans.ttf"), "Zervo Sans", interface, [latin, cyrillic])
     make(mono, os.path.join(output, "ZervoISO.ttf"), "Zervo ISO", ansi | drawn(LEGACY), [latin])
     make(mono, os.path.join(output, "ZervoASCII.ttf"), "Zervo ASCII", ansi | drawn(KEYBOARD), [latin])
     make(mono, os.path.join(output, "ZervoRUS.ttf"), "Zervo RUS", ansi | drawn(RUSSIAN), [latin, cyrillic])
+
+    # Unicode; unhinted, since it is shown only where the system smooths letters, and so a third of the size.
+    unicode = ansi | georgian | {character: BOX for character in MALFORMED}
+    known = TTFont(mono).getBestCmap()
+    for block in (range(0x20, 0x7F), range(0xA0, 0x180), range(0x2C6, 0x2DE), range(0x400, 0x530),
+                  range(0x2010, 0x2060), range(0x20A0, 0x20C0), range(0x2190, 0x2194), [0x2116, 0x2122, 0x21B5]):
+        unicode |= {character: character for character in block if character in known}
+    old_georgian = [*range(0x10A0, 0x10D0), *range(0x10FD, 0x1100), *range(0x1C90, 0x1CC0)]
+    make(mono, os.path.join(output, "ZervoMono.ttf"), "Zervo Mono", unicode, [latin, cyrillic], hinting=False,
+         lent=(sans, old_georgian))
 
 
 if __name__ == "__main__":

@@ -5,11 +5,13 @@
 #include <cstdint>
 #include <functional>
 #include <memory>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
 
 #include "base/color.h"
+#include "ui/screen_area.h"
 #include "ui/signal.h"
 
 namespace ui {
@@ -125,6 +127,8 @@ class CodeView {
   // Clamped to the text; scrolls the selection into view.
   virtual void select(int start, int length) = 0;
   virtual std::string selText() const = 0;
+  // The lines of the selection that are in view, as wide as the selection where it is one line.
+  virtual std::optional<ScreenArea> selectionOnScreen() const { return std::nullopt; }
   // One undoable step; the caret ends behind the new text. Raises `changed`.
   virtual void replaceSelection(std::string_view text) = 0;
 

@@ -79,8 +79,11 @@ class TextBox : public Control {
   };
   TextBox(Form& form, int id, Holds holds = Holds::Unicode) : Control(form, id), holds_(holds) {}
   Signal<> changed;
-  // A typed character before it enters; may be exchanged. Byte-text boxes only.
-  std::function<int(int key)> keyPress;
+  // Byte-text boxes: what enters for a typed character that has a byte in the font's character set (in UTF-8:
+  // below 80). Without it, that byte.
+  std::function<std::string(int key)> keyPress;
+  // And for one, typed or pasted, that has none, in a font of one byte a letter. Without it, its UTF-8.
+  std::function<std::string(char32_t character)> typed;
   Holds holds() const { return holds_; }
   // Shown as dots; one-line boxes only.
   bool masked() const { return masked_; }
@@ -96,6 +99,11 @@ class TextBox : public Control {
   // Of a byte-text box: what its bytes mean.
   const Font& font() const { return font_; }
   void setFont(Font font);
+  // Shows bytes, and takes letters, as the code view does now.
+  void readAs(const CodeView& view) {
+    setFont(view.currentFont());
+    typed = view.typed;
+  }
 
   // Caret and selection, for byte-text boxes, in bytes from 0.
   struct Selection {

@@ -35,6 +35,10 @@ void Form::setHeight(int height) {
   if (peer_ != nullptr) peer_->heightChanged();
 }
 
+void Form::moveOff(const ScreenArea& area) {
+  if (peer_ != nullptr) peer_->moveOff(area);
+}
+
 void Form::open(FormPeer* peer) {
   peer_ = peer;
   closed_ = false;

@@ -6,6 +6,7 @@
 
 #include "ui/control.h"
 #include "ui/menu.h"
+#include "ui/screen_area.h"
 
 namespace ui {
 
@@ -17,6 +18,7 @@ class FormPeer {
   virtual ~FormPeer() = default;
   virtual void captionChanged() = 0;
   virtual void heightChanged() {}
+  virtual void moveOff(const ScreenArea& /*area*/) {}
   virtual void close() = 0;  // the form is done; ends a modal run
 };
 
@@ -56,6 +58,9 @@ class Form {
   void setHeight(int height);
   int width = 0;           // the same; set before the form is shown
   bool atPointer = false;  // comes up beside the pointer (where that is in the program), not in the middle
+
+  // The window goes aside as far as it must, if it covers any of the area.
+  void moveOff(const ScreenArea& area);
 
   void close();
   bool closed() const { return closed_; }

@@ -40,6 +40,7 @@ class MainPeer {
   virtual void setPaneWidths(PaneWidths widths) = 0;
   virtual void nextPane() = 0;        // the keyboard goes on to the next pane, from the last one to the code view
   virtual void toolBarChanged() = 0;  // colours of its buttons
+  virtual void toolBarStates() = 0;   // which of them are enabled
   virtual void menusChanged() = 0;    // rows, not states: states are asked before they show
 };
 

@@ -3,6 +3,7 @@
 
 #include <functional>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "ui/text.h"
@@ -59,8 +60,10 @@ struct MenuItem {
   std::vector<MenuItem> items;  // a submenu when not empty
   bool enabled = true;
   bool checked = false;
-  bool radio = false;   // the check mark is a bullet: one of a group
-  Text help;            // one sentence for the status bar
+  bool radio = false;  // the check mark is a bullet: one of a group
+  Text help;           // one sentence for the status bar
+  // In place of an icon by number; see ui/drawing.h.
+  std::string_view drawing = {};
   bool ownKey = false;  // in the code view the shortcut acts without the menu, and must not act twice
 
   bool separator() const { return command == 0 && items.empty() && caption.empty(); }

@@ -36,13 +36,20 @@ enum class ToolIcon {
   Entity,
   TagList,
   Table,
+  NewPage,
+  Open,
+  Save,
+  Undo,
+  Redo,
+  More,  // on the chevron at the end
 };
 
 struct ToolBarButton {
-  int command;
-  ToolIcon icon;
-  Text hint;              // tool tip, and the name for screen readers
+  int command = 0;  // 0: a gap between groups
+  ToolIcon icon = ToolIcon::More;
+  Text hint = {};         // tool tip, and the name for screen readers
   base::Color color = 0;  // of the ink that the drawing leaves to the button
+  bool enabled = true;
 };
 
 }  // namespace ui

@@ -40,6 +40,12 @@ constexpr ToolDrawing kTools[] = {
     {ToolIcon::Entity, "t T 8 8 16 0 ©"},
     {ToolIcon::TagList, "I 71"},
     {ToolIcon::Table, "I 57"},
+    {ToolIcon::NewPage, "I 1"},
+    {ToolIcon::Open, "I 3"},
+    {ToolIcon::Save, "I 4"},
+    {ToolIcon::Undo, "I 12"},
+    {ToolIcon::Redo, "I 13"},
+    {ToolIcon::More, "t W 1.5 L 4 4 8 8 4 12 L 8 4 12 8 8 12"},
 };
 
 // A sheet with one corner turned down, and on it what tells its kind.

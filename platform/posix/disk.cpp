@@ -1,10 +1,16 @@
 // The system's disk where the rules and their tests run without Windows.
 #include "base/disk.h"
 
+#include <sys/file.h>
+#include <sys/stat.h>
+#include <sys/xattr.h>
 #include <unistd.h>
 
+#include <algorithm>
+#include <atomic>
 #include <cerrno>
 #include <chrono>
+#include <cstdlib>
 #include <filesystem>
 #include <system_error>
 #include <thread>
@@ -20,6 +26,25 @@ fs::path native(std::string_view path) {
   return {replaceAll(path, "\\", "/")};
 }
 
+// Access lists and what users have noted of a file.
+bool copyAttributes(const fs::path& from, const fs::path& to) {
+  std::string names(static_cast<std::size_t>(std::max<ssize_t>(listxattr(from.c_str(), nullptr, 0), 0)),
+                    '\0');
+  names.resize(
+      static_cast<std::size_t>(std::max<ssize_t>(listxattr(from.c_str(), names.data(), names.size()), 0)));
+  for (const std::string& name : split(names, std::string_view("\0", 1))) {
+    if (name.empty()) continue;
+    const ssize_t size = getxattr(from.c_str(), name.c_str(), nullptr, 0);
+    if (size < 0) return false;
+    std::string value(static_cast<std::size_t>(size), '\0');
+    if (getxattr(from.c_str(), name.c_str(), value.data(), value.size()) != size ||
+        setxattr(to.c_str(), name.c_str(), value.data(), value.size(), 0) != 0) {
+      return false;
+    }
+  }
+  return true;
+}
+
 }  // namespace
 
 Look look(std::string_view path) {
@@ -33,14 +58,51 @@ Look look(std::string_view path) {
     found.kind = Kind::File;
     const auto size = fs::file_size(native(path), error);
     if (!error) found.size = size;
+    struct stat known {};
+    if (stat(native(path).c_str(), &known) == 0) found.names = static_cast<unsigned>(known.st_nlink);
   } else if (fs::exists(status)) {
     found.kind = Kind::Other;
   }
   return found;
 }
 
-std::FILE* open(std::string_view path, bool write) {
-  return std::fopen(native(path).c_str(), write ? "wb" : "rb");
+std::string target(std::string_view path) {
+  constexpr int kMostLinks = 40;
+  std::error_code error;
+  fs::path at = native(path);
+  for (int i = 0; i < kMostLinks && fs::is_symlink(at, error); ++i) {
+    const fs::path next = fs::read_symlink(at, error);
+    if (error) return std::string(path);
+    at = at.parent_path() / next;
+  }
+  return at == native(path) ? std::string(path) : at.string();
+}
+
+std::FILE* open(std::string_view path, Mode mode) {
+  std::FILE* const file = std::fopen(native(path).c_str(), mode == Mode::Read     ? "rb"
+                                                           : mode == Mode::Create ? "wbx"
+                                                                                  : "r+b");
+  if (file == nullptr || mode == Mode::Read) return file;
+  std::setvbuf(file, nullptr, _IONBF, 0);
+  if (mode == Mode::Create) flock(fileno(file), LOCK_EX | LOCK_NB);
+  return file;
+}
+
+int resize(std::FILE* file, std::uintmax_t size) {
+  struct stat known {};
+  if (fstat(fileno(file), &known) != 0) return errno;
+  if (static_cast<std::uintmax_t>(known.st_size) < size) {
+    return posix_fallocate(fileno(file), 0, static_cast<off_t>(size));
+  }
+  return ftruncate(fileno(file), static_cast<off_t>(size)) == 0 ? 0 : errno;
+}
+
+bool isFree(std::string_view path) {
+  std::FILE* const file = std::fopen(native(path).c_str(), "rb");
+  if (file == nullptr) return false;
+  const bool free = flock(fileno(file), LOCK_EX | LOCK_NB) == 0;
+  std::fclose(file);
+  return free;
 }
 
 int flush(std::FILE* file) {
@@ -51,6 +113,17 @@ int rename(std::string_view from, std::string_view to) {
   std::error_code error;
   fs::rename(native(from), native(to), error);
   return error.value();
+}
+
+int replace(std::string_view from, std::string_view to) {
+  const fs::path source = native(from);
+  const fs::path kept = native(to);
+  struct stat known {};
+  if (stat(kept.c_str(), &known) != 0 || chown(source.c_str(), known.st_uid, known.st_gid) != 0 ||
+      chmod(source.c_str(), known.st_mode & 07777) != 0 || !copyAttributes(kept, source)) {
+    return errno;
+  }
+  return rename(from, to);
 }
 
 int remove(std::string_view path) {
@@ -86,6 +159,23 @@ std::string tempFolder() {
 std::string fullPath(std::string_view path) {
   if (path.empty() || path.front() == '/') return std::string(path);
   return fs::absolute(native(path)).string();
+}
+
+std::string ownFolder() {
+  const char* const state = std::getenv("XDG_STATE_HOME");
+  const char* const home = std::getenv("HOME");
+  fs::path folder = state != nullptr && *state != '\0' ? fs::path(state)
+                    : home != nullptr                  ? fs::path(home) / ".local/state"
+                                                       : fs::temp_directory_path();
+  folder /= "zervo";
+  std::error_code error;
+  fs::create_directories(folder, error);
+  return folder.string();
+}
+
+std::string newName() {
+  static std::atomic<unsigned> number = 0;
+  return std::to_string(getpid()) + "-" + std::to_string(++number);
 }
 
 void pause(int milliseconds) {

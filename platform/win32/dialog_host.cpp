@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cstdio>
+#include <cstdlib>
 
 #include "base/error.h"
 #include "platform/win32/button_peers.h"
@@ -21,6 +22,7 @@ namespace win32 {
 
 namespace {
 
+constexpr int kGapBeside = 8;  // between a window and what it has made room for, in 1/96 inch
 constexpr const char* kSizes = "dialogs";  // section of the registry; one value a form: "width height"
 
 bool canBeSized(const ui::Form& form) {
@@ -138,8 +140,13 @@ void DialogHost::addHints() {
   hints_ = CreateWindowExW(0, TOOLTIPS_CLASSW, nullptr, WS_POPUP | TTS_ALWAYSTIP | TTS_NOPREFIX, 0, 0, 0, 0,
                            window_, nullptr, nullptr, nullptr);
   for (const auto& peer : peers_) {
-    if (peer->model().hint.empty()) continue;
-    std::wstring hint = wideFromText(peer->model().hint);
+    // Over a list the tip would cover the entries: there the hint is a name for screen readers alone.
+    const ui::Control& model = peer->model();
+    const bool list = dynamic_cast<const ui::ListView*>(&model) != nullptr ||
+                      (dynamic_cast<const ui::ListBox*>(&model) != nullptr &&
+                       dynamic_cast<const ui::ComboBox*>(&model) == nullptr);
+    if (model.hint.empty() || list) continue;
+    std::wstring hint = wideFromText(model.hint);
     TTTOOLINFOW tool{};
     tool.cbSize = TTTOOLINFOW_V1_SIZE;
     tool.uFlags = TTF_IDISHWND | TTF_SUBCLASS;
@@ -306,6 +313,35 @@ SIZE DialogHost::wantedSize() const {
 
 void DialogHost::heightChanged() {
   if (ready_) layout_->arrange(wantedSize());
+}
+
+void DialogHost::moveOff(const ui::ScreenArea& area) {
+  RECT frame;
+  const RECT covered{area.left, area.top, area.right, area.bottom};
+  RECT common;
+  if (window_ == nullptr || GetWindowRect(window_, &frame) == 0 || !IntersectRect(&common, &frame, &covered))
+    return;
+  MONITORINFO monitor{};
+  monitor.cbSize = sizeof monitor;
+  GetMonitorInfoW(MonitorFromRect(&covered, MONITOR_DEFAULTTONEAREST), &monitor);
+  const LONG gap = scaled(kGapBeside, dpi_);
+  // To each side; the shortest way that ends on the screen.
+  const POINT ways[] = {{0, covered.bottom + gap - frame.top},
+                        {0, covered.top - gap - frame.bottom},
+                        {covered.right + gap - frame.left, 0},
+                        {covered.left - gap - frame.right, 0}};
+  const auto length = [](POINT way) { return std::abs(way.x) + std::abs(way.y); };
+  const POINT* best = nullptr;
+  for (const POINT& way : ways) {
+    RECT there = frame;
+    OffsetRect(&there, way.x, way.y);
+    const bool seen = there.left >= monitor.rcWork.left && there.right <= monitor.rcWork.right &&
+                      there.top >= monitor.rcWork.top && there.bottom <= monitor.rcWork.bottom;
+    if (seen && (best == nullptr || length(way) < length(*best))) best = &way;
+  }
+  if (best == nullptr) return;  // no room anywhere
+  SetWindowPos(window_, nullptr, frame.left + best->x, frame.top + best->y, 0, 0,
+               SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE);
 }
 
 void DialogHost::close() {

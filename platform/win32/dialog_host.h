@@ -45,6 +45,7 @@ class DialogHost final : private ui::FormPeer {
 
   void captionChanged() override;
   void heightChanged() override;
+  void moveOff(const ui::ScreenArea& area) override;
   void close() override;
 
   ui::Form& form_;

@@ -46,10 +46,16 @@ struct Bundled {
   std::string_view family;
   int id;
 };
-constexpr std::array<Bundled, 4> kBundled = {{{"Zervo Sans", IDF_ZervoSans},
+constexpr std::array<Bundled, 5> kBundled = {{{"Zervo Sans", IDF_ZervoSans},
                                               {"Zervo ISO", IDF_ZervoISO},
                                               {"Zervo ASCII", IDF_ZervoASCII},
-                                              {"Zervo RUS", IDF_ZervoRUS}}};
+                                              {"Zervo RUS", IDF_ZervoRUS},
+                                              {"Zervo Mono", IDF_ZervoMono}}};
+
+const char* bundledFor(ui::CharacterSet set) {
+  if (set == ui::CharacterSet::Utf8) return "Zervo Mono";
+  return set == ui::CharacterSet::Russian ? "Zervo RUS" : "Zervo ISO";
+}
 
 // As long as the program; empty when it is not there.
 std::string_view fileOf(int id) {
@@ -107,8 +113,7 @@ UniqueFont menuFont(int dpi) {
 }
 
 ui::Font withDefaults(ui::Font font) {
-  if (font.name.empty())
-    font.name = font.characterSet == ui::CharacterSet::Russian ? "Zervo RUS" : "Zervo ISO";
+  if (font.name.empty()) font.name = bundledFor(font.characterSet);
   if (font.size <= 0) font.size = kCodePoints;
   return font;
 }

@@ -7,9 +7,8 @@
 #include <mutex>
 #include <thread>
 
-#include "platform/win32/read_position.h"
-#include "platform/win32/strings.h"
-#include "platform/win32/windows_api.h"
+#include "platform/win32/ansi_copy.h"
+#include "platform/win32/ftp_relay.h"
 // After windows.h, which it needs.
 #include <wininet.h>
 
@@ -19,196 +18,176 @@ namespace {
 using namespace std::chrono_literals;
 using Clock = std::chrono::steady_clock;
 
-constexpr auto kLook = 30ms;      // between two looks at the call under way
-constexpr int kCloseSeconds = 2;  // a good-bye that nobody answers
-// What may be on its way after a file's last byte was read, and how fast a line is that is taken for alive.
-constexpr std::uint64_t kBuffered = 256 * 1024;
-constexpr std::uint64_t kSlowest = 8192;  // bytes a second
+constexpr auto kLook = 30ms;   // between two looks at the call under way
+constexpr auto kCutTime = 2s;  // for a call whose line was cut; it ends at once, a search for a name may not
+constexpr int kCloseSeconds = 2;               // a good-bye that nobody answers
+constexpr ULONG kNever = 24 * 60 * 60 * 1000;  // milliseconds; the limits are this program's
 
-// The path for calls that take 8-bit names: as it is, or by its short name; empty when there is none.
-std::string ansiPath(const std::wstring& wide) {
-  const auto ansi = [](const std::wstring& path) {
-    char name[MAX_PATH * 2] = {};
-    BOOL lossy = FALSE;
-    const int size = WideCharToMultiByte(CP_ACP, WC_NO_BEST_FIT_CHARS, path.c_str(), -1, name, sizeof name,
-                                         nullptr, &lossy);
-    return size > 0 && lossy == FALSE ? std::string(name) : std::string();
-  };
-  std::string name = ansi(wide);
-  if (!name.empty()) return name;
-  wchar_t shorter[MAX_PATH] = {};
-  return GetShortPathNameW(wide.c_str(), shorter, MAX_PATH) == 0 ? "" : ansi(shorter);
-}
-
-// What is sent: a copy with a name of Latin letters. A call that was left behind keeps its file open, and
-// that must not be the user's.
-class Copy {
- public:
-  explicit Copy(const std::string& utf8) {
-    wchar_t folder[MAX_PATH] = {};
-    wchar_t name[MAX_PATH] = {};
-    GetTempPathW(MAX_PATH, folder);
-    if (GetTempFileNameW(folder, L"zer", 0, name) == 0) return;
-    name_ = name;
-    if (CopyFileW(wideFromUtf8(utf8).c_str(), name, FALSE) != 0) path = ansiPath(name);
+// Whether the system's calls wait as long as they are told.
+bool waitsForEver(HINTERNET internet) {
+  bool waits = true;
+  for (const DWORD option :
+       {INTERNET_OPTION_CONNECT_TIMEOUT, INTERNET_OPTION_SEND_TIMEOUT, INTERNET_OPTION_RECEIVE_TIMEOUT,
+        INTERNET_OPTION_DATA_SEND_TIMEOUT, INTERNET_OPTION_DATA_RECEIVE_TIMEOUT}) {
+    ULONG time = kNever;
+    ULONG kept = 0;
+    DWORD size = sizeof kept;
+    waits = InternetSetOptionA(internet, option, &time, sizeof time) != FALSE &&
+            InternetQueryOptionA(internet, option, &kept, &size) != FALSE && kept == kNever && waits;
   }
-  Copy(const Copy&) = delete;
-  Copy& operator=(const Copy&) = delete;
-  ~Copy() {
-    const DWORD error = GetLastError();
-    if (!name_.empty()) DeleteFileW(name_.c_str());
-    SetLastError(error);  // the call's
-  }
-  const std::wstring& name() const { return name_; }
-  std::string path;  // empty: there is none, the reason is the thread's last error
-
- private:
-  std::wstring name_;
-};
-
-// The last line of the server, of this thread's last call.
-std::string serverWords() {
-  DWORD error = 0;
-  char words[2048] = {};
-  DWORD size = sizeof words - 1;
-  return InternetGetLastResponseInfoA(&error, words, &size) != 0 ? std::string(words, size) : std::string();
+  return waits;
 }
 
 }  // namespace
 
+// Between two calls the handles are the user interface's thread's, during one they are the call's.
 struct WinInetFtp::Session {
+  const std::shared_ptr<FtpRelay> relay = std::make_shared<FtpRelay>();
   std::atomic<HINTERNET> internet{nullptr};
   std::atomic<HINTERNET> connection{nullptr};
-  std::atomic<bool> connecting{false};
-  std::atomic<bool> left{false};
-  // May be called from two threads; each handle is closed once.
+  std::atomic<bool> atHome{false};  // busy with files of this machine: the server is not waited for
+  BOOL stop = FALSE;                // for the copying of a file
+  std::optional<bool> utf8;         // what the server said about names
+
+  ~Session() { close(); }
   void close() {
     if (const HINTERNET handle = connection.exchange(nullptr)) InternetCloseHandle(handle);
     if (const HINTERNET handle = internet.exchange(nullptr)) InternetCloseHandle(handle);
-  }
-  // Nobody waits for the session any more. Wine's library frees a connection twice when it is closed while it
-  // is being made, which may end the program: then the call closes what it has made, if it ever returns.
-  void leave() {
-    left = true;
-    if (!connecting) close();
-  }
-  void connected() {
-    connecting = false;
-    if (left) close();
+    relay->cut();
   }
 };
 
 WinInetFtp::~WinInetFtp() {
-  if (session_) abandon();
+  disconnect();
 }
 
 bool WinInetFtp::connected() const {
-  return session_ && session_->connection.load() != nullptr;
+  return session_ && session_->connection.load() != nullptr && session_->relay->alive();
 }
 
-// The call goes on by itself, if it ever ends, and takes its handles with it.
-void WinInetFtp::abandon() {
-  std::thread([session = session_] { session->leave(); }).detach();
-  session_.reset();
-}
-
-ui::FtpResult WinInetFtp::run(Call call, int silence, const ui::FtpWatch& watch,
-                              std::shared_ptr<ReadPosition> file) {
+ui::FtpResult WinInetFtp::run(Call call, int silence, const ui::FtpWatch& watch) {
   struct State {
     std::mutex mutex;
     std::condition_variable changed;
     bool ended = false;
-    bool good = false;
     DWORD error = 0;
-    std::string words;
+    bool good = false;
   };
   const auto state = std::make_shared<State>();
-  const auto session = session_;
-  std::thread([session, state, call = std::move(call)] {
+  FtpRelay& relay = *session_->relay;
+  relay.begin();
+  // The thread holds the session: one that is left behind closes it when it ends.
+  std::thread([session = session_, state, call = std::move(call)] {
+    SetLastError(0);
     const bool good = call(*session);
     const DWORD error = good ? 0 : GetLastError();
-    std::string words = good ? std::string() : serverWords();
     const std::lock_guard lock(state->mutex);
     state->ended = true;
     state->good = good;
     state->error = error;
-    state->words = std::move(words);
     state->changed.notify_one();
   }).detach();
 
-  std::uint64_t sent = 0;
+  ui::FtpResult result;
+  std::uint64_t progress = relay.progress();
   auto heard = Clock::now();
+  auto cut = heard;
   std::unique_lock lock(state->mutex);
   while (!state->changed.wait_for(lock, kLook, [&] { return state->ended; })) {
     lock.unlock();
-    std::uint64_t patience = static_cast<std::uint64_t>(silence);
-    if (file) {
-      file->look();
-      if (file->position() != sent) {
-        sent = file->position();
-        heard = Clock::now();
-      }
-      // Where the reading cannot be seen, a long file must not be taken for silence.
-      patience += (file->found() ? std::min(file->size(), kBuffered) : file->size()) / kSlowest;
+    const auto now = Clock::now();
+    if (relay.progress() != progress || session_->atHome) {
+      progress = relay.progress();
+      heard = now;
     }
-    const bool stopped = watch && !watch(sent);
-    if (stopped || Clock::now() - heard > std::chrono::seconds(patience)) {
-      if (file) file->cut();  // what was left behind ends soon, where it still goes on
-      abandon();
-      return {stopped ? ui::FtpResult::End::Stopped : ui::FtpResult::End::Silent, 0, {}};
+    const bool goOn = !watch || watch(relay.sent());
+    if (result.done()) {
+      const bool silent = now - heard > std::chrono::seconds(silence) + relay.tail();
+      if (!goOn || silent) {
+        result.end = goOn ? ui::FtpResult::End::Silent : ui::FtpResult::End::Stopped;
+        result.seconds =
+            static_cast<int>(std::chrono::duration_cast<std::chrono::seconds>(now - heard).count());
+        session_->stop = TRUE;
+        relay.cut();
+        cut = now;
+      }
+    } else if (now - cut > kCutTime) {
+      session_.reset();  // the thread's alone from now on
+      return result;
     }
     lock.lock();
   }
-  if (state->good) return {};
-  return {ui::FtpResult::End::Failed, static_cast<int>(state->error), state->words};
+  if (!result.done()) {
+    session_.reset();
+    return result;
+  }
+  if (state->good && !relay.lost()) return result;
+  result.end = ui::FtpResult::End::Failed;
+  result.words = relay.words();
+  const DWORD broken = relay.lost() ? ERROR_INTERNET_CONNECTION_ABORTED : relay.error();
+  result.error = static_cast<int>(broken != 0 ? broken : state->error);
+  return result;
 }
 
 ui::FtpResult WinInetFtp::connect(const ui::FtpServer& server, int silence, const ui::FtpWatch& watch) {
   disconnect();
   session_ = std::make_shared<Session>();
-  session_->connecting = true;
   const auto result = run(
       [server](Session& session) {
-        const HINTERNET internet = InternetOpenA("FTP", INTERNET_OPEN_TYPE_PRECONFIG, nullptr, nullptr, 0);
-        session.internet = internet;
-        if (internet == nullptr) {
-          session.connecting = false;
+        if (const DWORD error = session.relay->open(server.host, server.port)) {
+          SetLastError(error);
           return false;
         }
-        const HINTERNET connection = InternetConnectA(
-            internet, server.host.c_str(), static_cast<INTERNET_PORT>(server.port), server.user.c_str(),
-            server.password.c_str(), INTERNET_SERVICE_FTP, server.passive ? INTERNET_FLAG_PASSIVE : 0, 0);
-        const DWORD error = GetLastError();
-        session.connection = connection;
-        session.connected();
-        SetLastError(error);
-        return connection != nullptr;
+        session.internet = InternetOpenA("FTP", INTERNET_OPEN_TYPE_PRECONFIG, nullptr, nullptr, 0);
+        if (session.internet == nullptr) return false;
+        if (!waitsForEver(session.internet)) session.relay->keepAwake();
+        session.connection =
+            InternetConnectA(session.internet, "127.0.0.1", static_cast<INTERNET_PORT>(session.relay->port()),
+                             server.user.c_str(), server.password.c_str(), INTERNET_SERVICE_FTP,
+                             server.passive ? INTERNET_FLAG_PASSIVE : 0, 0);
+        return session.connection != nullptr;
       },
       silence, watch);
-  if (!result.done() && session_) disconnect();
+  if (!result.done()) session_.reset();
   return result;
+}
+
+ui::FtpResult WinInetFtp::askUtf8(bool& utf8, int silence, const ui::FtpWatch& watch) {
+  utf8 = false;
+  if (!connected()) return {ui::FtpResult::End::Failed, ERROR_INTERNET_CONNECTION_ABORTED, {}};
+  if (!session_->utf8) {
+    const auto result = run(
+        [](Session& session) {
+          const auto features = session.relay->ask("FEAT");
+          if (!features) return false;
+          session.utf8 = namesFeature(*features, "UTF8");
+          // Some servers want to be told that they are taken at their word.
+          return !*session.utf8 || session.relay->ask("OPTS UTF8 ON");
+        },
+        silence, watch);
+    if (!result.done()) {
+      session_.reset();
+      return result;
+    }
+  }
+  utf8 = *session_->utf8;
+  return {};
 }
 
 ui::FtpResult WinInetFtp::put(const std::string& local, const std::string& remote, bool binary, int silence,
                               const ui::FtpWatch& watch) {
   if (!connected()) return {ui::FtpResult::End::Failed, ERROR_INTERNET_CONNECTION_ABORTED, {}};
-  const auto file = std::make_shared<ReadPosition>();
   const auto result = run(
-      [local, remote, binary, file](Session& session) {
-        const Copy copy(local);
-        if (copy.path.empty()) return false;
-        if (const DWORD error = file->watch(copy.name())) {
-          SetLastError(error);
-          return false;
-        }
-        return FtpPutFileA(session.connection, copy.path.c_str(), remote.c_str(),
+      [local, remote, binary](Session& session) {
+        session.atHome = true;
+        const AnsiCopy copy(local, &session.stop);
+        session.atHome = false;
+        return copy.good() &&
+               FtpPutFileA(session.connection, copy.path().c_str(), remote.c_str(),
                            binary ? FTP_TRANSFER_TYPE_BINARY : FTP_TRANSFER_TYPE_ASCII, 0) != FALSE;
       },
-      silence, watch, file);
-  // Nothing more can be said over a broken line.
-  const bool broken = result.error == ERROR_INTERNET_CONNECTION_ABORTED ||
-                      result.error == ERROR_INTERNET_CONNECTION_RESET || result.error == ERROR_FTP_DROPPED;
-  if (broken && session_) disconnect();
+      silence, watch);
+  if (!connected()) session_.reset();
   return result;
 }
 

@@ -25,7 +25,9 @@ class Chosen {
 };
 
 std::wstring wideWords(const ui::Text& words, const ui::TextStyle& style) {
-  return style.bytes ? wideFromBytes(words.bytes) : wideFromText(words);
+  if (!style.bytes) return wideFromText(words);
+  const bool utf8 = style.font.characterSet == ui::CharacterSet::Utf8;
+  return utf8 ? wideFromUtf8Bytes(words.bytes) : wideFromBytes(words.bytes);
 }
 
 void fillPixels(HDC device, const RECT& area, base::Color color) {
@@ -86,7 +88,13 @@ void GdiCanvas::lettersInPlace(const RECT& place, const std::wstring& wide, doub
     return static_cast<int>(std::lround(static_cast<double>(letters) * advance * dpi_ / kBaseDpi));
   };
   std::vector<int> widths;
-  for (std::size_t i = 0; i < wide.size(); ++i) widths.push_back(pixel(i + 1) - pixel(i));
+  std::size_t letters = 0;
+  for (const wchar_t unit : wide) {
+    // The second half of a letter stands in the first one's place.
+    const std::size_t before = letters;
+    if (!IS_LOW_SURROGATE(unit)) ++letters;
+    widths.push_back(pixel(letters) - pixel(before));
+  }
   const LONG top = place.top + (place.bottom - place.top - metrics.tmHeight) / 2;
   ExtTextOutW(device_, place.left, top, 0, nullptr, wide.c_str(), static_cast<UINT>(wide.size()),
               widths.data());

@@ -169,6 +169,13 @@ void MainWindow::showContextMenu(POINT screen) {
   if (command != 0) form_.command(command);
 }
 
+void MainWindow::showHiddenTools() {
+  if (!toolBar_) return;
+  form_.menuOpening();
+  const int command = showPopup(hwnd(), toolBar_->hiddenItems(form_.menus), toolBar_->belowChevron());
+  if (command != 0) form_.command(command);
+}
+
 // What F6 goes through, beginning with the code view.
 std::vector<HWND> MainWindow::panes() const {
   std::vector<HWND> all = {view_.hwnd()};
@@ -293,7 +300,9 @@ std::optional<LRESULT> MainWindow::handleSplitter(UINT message, LPARAM lParam) {
 
 LRESULT MainWindow::handleCommand(WPARAM wParam, LPARAM lParam) {
   const auto from = reinterpret_cast<HWND>(lParam);
-  if (from == nullptr || (toolBar_ && from == toolBar_->hwnd())) {
+  if (LOWORD(wParam) == mnuToolMore) {
+    showHiddenTools();
+  } else if (from == nullptr || (toolBar_ && from == toolBar_->hwnd())) {
     form_.command(LOWORD(wParam));
   } else if (ControlPeer* peer = peerOf(from)) {
     peer->onCommand(HIWORD(wParam));

@@ -43,6 +43,7 @@ class MainWindow final : public WindowBase<MainWindow>, private ui::FormPeer, pr
   void layOutColumn(const RECT& column, ControlPeer* tabs, HWND below);
   std::vector<HWND> panes() const;
   void showContextMenu(POINT screen);
+  void showHiddenTools();
   void dropFiles(const std::vector<std::string>& paths) { form_.filesDropped(paths); }
   ControlPeer* peerOf(HWND window) const;
   ControlPeer* peerOf(const ui::Control* control) const;
@@ -58,6 +59,9 @@ class MainWindow final : public WindowBase<MainWindow>, private ui::FormPeer, pr
   void nextPane() override;
   void toolBarChanged() override {
     if (toolBar_) toolBar_->setDpi(dpi_);  // draws the pictures anew
+  }
+  void toolBarStates() override {
+    if (toolBar_) toolBar_->showStates();
   }
   void menusChanged() override;
 

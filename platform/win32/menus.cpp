@@ -50,7 +50,7 @@ void Menu::add(HMENU menu, const std::vector<ui::MenuItem>& items, bool bar) {
     row.caption = wideFromText(caption.text);
     row.shortcut = wideFromUtf8(ui::shortcutText(item.shortcut));
     row.text = row.shortcut.empty() ? row.caption : row.caption + L"\t" + row.shortcut;
-    row.icon = ui::menuIconDrawing(caption.icon);
+    row.icon = item.drawing.empty() ? ui::menuIconDrawing(caption.icon) : item.drawing;
     row.help = item.help;
     row.separator = item.separator();
     row.inBar = bar;
@@ -150,7 +150,7 @@ int commandOfShortcut(const std::vector<ui::MenuItem>& items, const ui::Shortcut
   return 0;
 }
 
-std::vector<ui::MenuItem> pickItems(const std::vector<ui::MenuItem>& items, std::initializer_list<int> ids) {
+std::vector<ui::MenuItem> pickItems(const std::vector<ui::MenuItem>& items, const std::vector<int>& ids) {
   std::map<int, const ui::MenuItem*> known;
   const auto collect = [&known](const auto& self, const std::vector<ui::MenuItem>& level) -> void {
     for (const ui::MenuItem& item : level) {

@@ -38,7 +38,7 @@ ui::Text menuHelp(WPARAM wParam, LPARAM lParam);
 int commandOfShortcut(const std::vector<ui::MenuItem>& items, const ui::Shortcut& pressed,
                       bool inText = false);
 // The items with these command ids, in that order (0: a separator); unknown ids are left out.
-std::vector<ui::MenuItem> pickItems(const std::vector<ui::MenuItem>& items, std::initializer_list<int> ids);
+std::vector<ui::MenuItem> pickItems(const std::vector<ui::MenuItem>& items, const std::vector<int>& ids);
 
 // Shows a pop-up menu at a place on the screen; the chosen command, 0: none.
 int showPopup(HWND owner, const std::vector<ui::MenuItem>& items, POINT screen);

@@ -53,11 +53,16 @@ SIZE measured(const ui::Font& font, int enlarged) {
   const UniqueFont chosen = pictureFont(font, kBaseDpi * enlarged);
   const HGDIOBJ before = SelectObject(device.get(), chosen.get());
   SIZE most{};
-  for (int byte = ' '; byte < 256; ++byte) {
-    const std::wstring letter = wideFromBytes(std::string(1, static_cast<char>(byte)));
+  const auto measure = [&](wchar_t letter) {
     SIZE size{};
-    GetTextExtentPoint32W(device.get(), letter.c_str(), 1, &size);
+    GetTextExtentPoint32W(device.get(), &letter, 1, &size);
     most = {std::max(most.cx, size.cx), std::max(most.cy, size.cy)};
+  };
+  for (int byte = ' '; byte < 256; ++byte)
+    measure(wideFromBytes(std::string(1, static_cast<char>(byte))).front());
+  if (font.characterSet == ui::CharacterSet::Utf8) {
+    for (wchar_t letter = 0x10D0; letter <= 0x10F0; ++letter) measure(letter);  // Georgian
+    for (wchar_t letter = 0x0410; letter <= 0x044F; ++letter) measure(letter);  // Russian
   }
   SelectObject(device.get(), before);
   return most;

@@ -1,6 +1,9 @@
 // The status bar.
 #pragma once
 
+#include <string>
+#include <vector>
+
 #include "platform/win32/control_peer.h"
 #include "ui/controls.h"
 
@@ -18,8 +21,12 @@ class StatusPeer final : public ControlPeer {
 
  private:
   void showWhole();
+  void divide();
+  int widthOfText(std::size_t panel) const;  // in pixels
 
   ui::StatusBar& bar_;
+  std::vector<std::wstring> shown_;  // texts in the window
+  std::vector<int> ends_;            // of the panels there
 };
 
 }  // namespace win32

@@ -13,6 +13,11 @@ bool isSurrogate(wchar_t c) {
   return c >= 0xD800 && c < 0xE000;
 }
 
+// Stands for the byte of its number.
+bool isStandIn(char32_t character) {
+  return character >= 0xE000 && character <= 0xE0FF;
+}
+
 }  // namespace
 
 std::wstring wideFromUtf8(std::string_view utf8) {
@@ -50,24 +55,6 @@ std::wstring wideFromBytes(std::string_view bytes) {
   return wide;
 }
 
-std::string bytesFromTyped(std::wstring_view typed, const UnicodeRule& rule) {
-  std::string bytes;
-  for (std::size_t at = 0; at < typed.size();) {
-    const auto byte = base::byteOfChar(typed[at]);
-    if (byte) {
-      bytes += static_cast<char>(*byte);
-      ++at;
-      continue;
-    }
-    std::size_t end = at;
-    while (end < typed.size() && !base::byteOfChar(typed[end])) ++end;
-    const std::string utf8 = utf8FromWide(typed.substr(at, end - at));
-    bytes += rule ? rule(utf8) : utf8;
-    at = end;
-  }
-  return bytes;
-}
-
 std::string bytesFromWide(std::wstring_view wide) {
   std::string bytes;
   bytes.reserve(wide.size());
@@ -84,6 +71,37 @@ std::string bytesFromWide(std::wstring_view wide) {
       bytes += utf8FromWide(wide.substr(at, size));
       at += size - 1;
     }
+  }
+  return bytes;
+}
+
+std::wstring wideFromUtf8Bytes(std::string_view bytes) {
+  std::wstring wide;
+  wide.reserve(bytes.size());
+  for (std::size_t at = 0; at < bytes.size();) {
+    const std::size_t start = at;
+    const auto character = base::nextUtf8(bytes, at);
+    if (!character || *character == 0 || isStandIn(*character)) {
+      at = start + 1;
+      wide += static_cast<wchar_t>(0xE000 + static_cast<unsigned char>(bytes[start]));
+    } else if (*character < 0x10000) {
+      wide += static_cast<wchar_t>(*character);
+    } else {
+      wide += static_cast<wchar_t>(0xD7C0 + (*character >> 10));
+      wide += static_cast<wchar_t>(0xDC00 + (*character & 0x3FF));
+    }
+  }
+  return wide;
+}
+
+std::string utf8BytesFromWide(std::wstring_view wide) {
+  std::string bytes;
+  bytes.reserve(wide.size());
+  for (std::size_t at = 0; at < wide.size();) {
+    std::size_t end = at;
+    while (end < wide.size() && !isStandIn(wide[end])) ++end;
+    bytes += utf8FromWide(wide.substr(at, end - at));
+    for (at = end; at < wide.size() && isStandIn(wide[at]); ++at) bytes += static_cast<char>(wide[at] & 0xFF);
   }
   return bytes;
 }

@@ -1,7 +1,6 @@
 // The one place where texts become UTF-16 and come back; the names say from what.
 #pragma once
 
-#include <functional>
 #include <string>
 #include <string_view>
 
@@ -19,15 +18,16 @@ std::wstring wideFromText(const ui::Text& text);
 // Byte text, one character a byte, for places that hold CR and LF as they are; NUL becomes kNulStandIn.
 std::wstring wideFromBytes(std::string_view bytes);
 
+// Byte text that is read as UTF-8, a letter a character. A byte that is no UTF-8, and a NUL, is a private
+// character from U+E000 on; letters that are these characters themselves are shown by their bytes, so that
+// every text comes back.
+std::wstring wideFromUtf8Bytes(std::string_view bytes);
+std::string utf8BytesFromWide(std::wstring_view wide);
+
 // Characters that end a string or break a line in a control stand in this form there.
 inline constexpr wchar_t kNulStandIn = 0xE000;
 inline constexpr wchar_t kLfStandIn = 0xE00A;
 inline constexpr wchar_t kCrStandIn = 0xE00D;
-
-// What a user typed or pasted, as byte text: every run of characters that no byte stands for goes, as UTF-8,
-// through `rule`; without a rule its UTF-8 enters as bytes.
-using UnicodeRule = std::function<std::string(const std::string& utf8)>;
-std::string bytesFromTyped(std::wstring_view typed, const UnicodeRule& rule);
 
 // What wideFromBytes() made, with the user's changes.
 std::string bytesFromWide(std::wstring_view wide);

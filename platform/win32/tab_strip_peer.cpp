@@ -12,6 +12,13 @@ namespace {
 constexpr UINT kDoneMessage = WM_APP + 5;
 enum Done : WPARAM { kChosen, kCloseAsked, kMoved };
 
+// A "&" of a name is that, and no mnemonic.
+std::wstring literal(std::wstring text) {
+  for (std::size_t at = 0; (at = text.find(L'&', at)) != std::wstring::npos; at += 2)
+    text.insert(at, 1, L'&');
+  return text;
+}
+
 // Around a tab's text, in 1/96 inch; less where all tabs are to be seen at once.
 constexpr SIZE kPadding = {8, 4};
 constexpr SIZE kNarrowPadding = {4, 4};
@@ -20,6 +27,8 @@ constexpr SIZE kNarrowPadding = {4, 4};
 
 TabStripPeer::TabStripPeer(ui::TabStrip& model, HWND window) : WatchedPeer(model, window), strip_(model) {
   dpiChanged(dpiOf(window));
+  const auto tips = reinterpret_cast<HWND>(send(TCM_GETTOOLTIPS));
+  if (tips != nullptr) SetWindowLongPtrW(tips, GWL_STYLE, GetWindowLongPtrW(tips, GWL_STYLE) | TTS_NOPREFIX);
 }
 
 void TabStripPeer::dpiChanged(int dpi) {
@@ -51,7 +60,7 @@ void TabStripPeer::showTabs() {
   const std::size_t count = strip_.tabs().size();
   for (; shown_.size() > count; shown_.pop_back()) send(TCM_DELETEITEM, shown_.size() - 1);
   for (std::size_t i = 0; i < count; ++i) {
-    std::wstring text = wideFromText(strip_.tabs()[i].text);
+    std::wstring text = literal(wideFromText(strip_.tabs()[i].text));
     if (i < shown_.size() && shown_[i] == text) continue;
     TCITEMW item{};
     item.mask = TCIF_TEXT;

@@ -1,5 +1,7 @@
 #include <gtest/gtest.h>
 #include <sys/mount.h>
+#include <sys/wait.h>
+#include <unistd.h>
 
 #include <filesystem>
 
@@ -12,6 +14,7 @@
 #include "base/path.h"
 #include "base/text.h"
 #include "base/utf8.h"
+#include "base/write_notes.h"
 #include "tests/support/iconv.h"
 #include "tests/support/temp_folder.h"
 
@@ -142,6 +145,78 @@ TEST(LineEnds, TheMostFrequentIsTheTextsOwn) {
       EXPECT_EQ(base::withLineEnds(row.text, end), expected);
     }
   }
+}
+
+TEST(Files, SavingKeepsLinksRightsAndEveryOtherFile) {
+  namespace fs = std::filesystem;
+  const tests::TempFolder folder;
+  const std::string page = folder.make("page.html", "old");
+  const fs::path top = folder.path();
+  fs::create_symlink("page.html", top / "soft");
+  fs::create_symlink("new.html", top / "dangling");
+  fs::permissions(top / "page.html", fs::perms(0640));
+  ASSERT_EQ(chown((top / "page.html").c_str(), getuid(), getgid()), 0);
+  base::writeFile(folder.file("soft"), "by soft link");
+  EXPECT_TRUE(fs::is_symlink(top / "soft"));
+  EXPECT_EQ(base::readFile(page), "by soft link");
+  EXPECT_EQ(fs::status(top / "page.html").permissions(), fs::perms(0640));
+  base::writeFile(folder.file("dangling"), "made");
+  EXPECT_EQ(base::readFile(folder.file("new.html")), "made");
+
+  fs::create_hard_link(top / "page.html", top / "hard");
+  base::writeFile(page, "short");
+  EXPECT_EQ(base::readFile(folder.file("hard")), "short");
+
+  const std::string longest = folder.make(std::string(255, 'n'), "x");
+  base::writeFile(longest, "y");
+  EXPECT_EQ(base::readFile(longest), "y");
+  EXPECT_EQ(std::distance(fs::directory_iterator(top), {}), 6)
+      << "soft, dangling, hard, two pages, the longest";
+}
+
+TEST(Files, WhereThereIsNoRoomForASecondFileTheFirstIsWrittenOver) {
+  const tests::TempFolder folder;
+  const std::string disk = folder.path() + "/disk";
+  std::filesystem::create_directory(disk);
+  if (mount("none", disk.c_str(), "tmpfs", 0, "size=64k") != 0)
+    GTEST_SKIP() << "cannot mount a small disk here";
+  const std::string path = disk + "\\a";
+  base::writeFile(path, std::string(40000, 'o'));
+  base::writeFile(path, std::string(30000, 'n'));
+  EXPECT_EQ(base::readFile(path), std::string(30000, 'n'));
+  EXPECT_THROW(base::writeFile(path, std::string(70000, 'x')), base::Error);
+  EXPECT_EQ(base::readFile(path), std::string(30000, 'n'));
+  EXPECT_EQ(std::distance(std::filesystem::directory_iterator(disk), {}), 1);
+  umount(disk.c_str());
+}
+
+// The notes that a run leaves which is killed: after a file was made beside, or in the middle of writing
+// over.
+TEST(Files, TheNextRunEndsWhatADeadOneHadBegun) {
+  const tests::TempFolder folder;
+  setenv("XDG_STATE_HOME", folder.path().c_str(), 1);
+  const std::string left = folder.make(".zervo-1-1.tmp", "half");
+  const std::string torn = folder.make("torn", "NEW bytes of the o");
+  const std::string foreign = folder.make("foreign", "somebody else's");
+  const pid_t dying = fork();
+  if (dying == 0) {
+    auto* const notes = new base::WriteNote[3];
+    _exit(notes[0].temporary(left) != 0 || notes[1].rewriting(torn, "the bytes of the o", "NEW text") != 0 ||
+          notes[2].rewriting(foreign, "a", "b") != 0);
+  }
+  int status = -1;
+  waitpid(dying, &status, 0);
+  ASSERT_EQ(status, 0);
+  base::WriteNote living;
+  const std::string mine = folder.make("mine", "x");
+  ASSERT_EQ(living.temporary(mine), 0);
+  base::finishInterruptedWrites();
+  EXPECT_FALSE(base::fileExists(left));
+  EXPECT_EQ(base::readFile(torn), "NEW text");
+  EXPECT_EQ(base::readFile(foreign), "somebody else's");
+  EXPECT_TRUE(base::fileExists(mine));
+  EXPECT_EQ(base::fileNames(folder.path() + "/zervo").size(), 1U) << "the note of the run that lives";
+  unsetenv("XDG_STATE_HOME");
 }
 
 TEST(Binary, ReaderStopsAtTheEnd) {

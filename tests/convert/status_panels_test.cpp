@@ -29,9 +29,17 @@ TEST_F(StatusPanels, PreviewShowsTheDecodedSelectionWhileSwitchedOn) {
   EXPECT_EQ(panel("kPreview"), "ხაჯო");
   T1.select(3, 6);
   EXPECT_EQ(panel("kPreview"), "ხა");
-  T1.select(3, 0);
+  // Letters that no legacy font has, and a page in such a font.
+  T1.load("„Жé“");
+  T1.setView(ui::TextView::Utf8);
+  T1.select(0, 10);
+  EXPECT_EQ(panel("kPreview"), "„Жé“");
+  T1.load("\xC0\xC1");
+  T1.select(0, 2);
+  EXPECT_EQ(panel("kPreview"), "აბ");
+  T1.select(0, 0);
   EXPECT_EQ(panel("kPreview"), "");
-  T1.select(3, 6);
+  T1.select(0, 1);
   ASSERT_TRUE(H->runCommand(mnuPreviewPane));
   EXPECT_EQ(panel("kPreview"), "");
 }
@@ -41,12 +49,13 @@ TEST(SelectionPreview, IsShortAndCutsNoLetter) {
   for (int i = 0; i < 100; ++i) letters += "ა";
   for (int lead = 0; lead < 3; ++lead) {
     const std::string text = std::string(static_cast<std::size_t>(lead), '.') + letters;
-    const std::string shown =
-        convert::selectionPreview(text, 0, static_cast<int>(text.size()), tests::conversions());
-    EXPECT_EQ(shown, std::string(static_cast<std::size_t>(lead), '.') +
-                         std::string(static_cast<std::size_t>((200 - lead) / 3), '\xC0'));
+    const ui::Text shown = convert::selectionPreview(text, 0, static_cast<int>(text.size()),
+                                                     ui::TextView::EightBit, tests::conversions());
+    const auto whole = static_cast<std::size_t>((200 - lead) / 3 * 3 + lead);
+    EXPECT_EQ(shown, ui::Text(text.substr(0, whole)));
   }
-  EXPECT_EQ(convert::selectionPreview("a\r\nb\tc", 0, 6, tests::conversions()), "a  b c");
+  EXPECT_EQ(convert::selectionPreview("a\r\nb\tc", 0, 6, ui::TextView::EightBit, tests::conversions()).bytes,
+            "a  b c");
 }
 
 TEST(EncodingCounts, CountLettersOfEachEncoding) {
@@ -74,9 +83,9 @@ TEST_F(StatusPanels, CountsFollowTheTextWhenNothingElseIsToDo) {
   T1.load("ab ც");
   H->pause();
   EXPECT_EQ(panel("kCounts"), "ISO 0  UTF8 1  HEX 0  ASCII 2");
-  T1.select(0, 6);
-  T1.replaceSelection("\xC0&#4304;");
+  T1.type("c");
   EXPECT_EQ(panel("kCounts"), "ISO 0  UTF8 1  HEX 0  ASCII 2");
+  T1.load("\xC0&#4304;");
   H->pause();
   EXPECT_EQ(panel("kCounts"), "ISO 1  UTF8 0  HEX 1  ASCII 0");
 }

@@ -198,6 +198,31 @@ TEST_F(Typing, TheModeBelongsToTheDocument) {
   EXPECT_TRUE(H->commandChecked(mnuens2));
 }
 
+TEST(Reencoded, KeepsTheLettersOrDoesNothing) {
+  using convert::TypingMode;
+  constexpr convert::ReadAs kUtf8{ui::TextView::Utf8, TypingMode::Latin};
+  const auto eightBit = [](TypingMode mode) { return convert::ReadAs{ui::TextView::EightBit, mode}; };
+  const std::string russian = "Съешь №5 <b>";
+  const std::string georgian = "ქართული ჰ <b>é";
+  const auto made = [](const std::string& bytes, convert::ReadAs from, convert::ReadAs to) {
+    return convert::reencoded(bytes, from, to, tests::letterTables()).value_or("none");
+  };
+  EXPECT_EQ(made(russian, kUtf8, eightBit(TypingMode::Russian)),
+            tests::convertWithIconv(russian, "UTF-8", "CP1251"));
+  EXPECT_EQ(made(tests::convertWithIconv(russian, "UTF-8", "CP1251"), eightBit(TypingMode::Russian), kUtf8),
+            russian);
+  EXPECT_EQ(made(georgian, kUtf8, eightBit(TypingMode::GeorgianISO)),
+            "\xD8\xC0\xD2\xC8\xD6\xCB\xC9 \xE4 <b>\xE9");
+  EXPECT_EQ(made("\xD8\xC0\xD2 \xE4", eightBit(TypingMode::GeorgianISO), kUtf8), "ქარ ჰ");
+  EXPECT_EQ(made("\xD8\xC0\xD2 \xE4", eightBit(TypingMode::GeorgianISO), eightBit(TypingMode::GeorgianASCII)),
+            "qar h");
+  // Letters that are not there, Latin ones that would be read as Georgian, bytes that are no letters.
+  EXPECT_EQ(made(russian, kUtf8, eightBit(TypingMode::GeorgianISO)), "none");
+  EXPECT_EQ(made("ა <b>", kUtf8, eightBit(TypingMode::GeorgianASCII)), "none");
+  EXPECT_EQ(made("<b>", eightBit(TypingMode::GeorgianASCII), kUtf8), "none");
+  EXPECT_EQ(made("\xE1\x83", kUtf8, eightBit(TypingMode::GeorgianISO)), "none");
+}
+
 TEST(CyrillicByte, IsTheByteOfWindows1251ForEveryLetter) {
   int letters = 0;
   for (char32_t character = 0x80; character < 0x2200; ++character) {

@@ -52,7 +52,10 @@ class WordsCanvas : public ui::Canvas {
 class FakePrinter : public ui::Printer {
  public:
   ui::CodeCell cell{{"Code", 11, false, false, {}}, 8, 16};
-  ui::CodeCell codeCell(const ui::Font&) override { return cell; }
+  ui::CodeCell codeCell(const ui::Font& font) override {
+    cell.font.characterSet = font.characterSet;
+    return cell;
+  }
 
   std::function<bool(ui::PageSetup&)> setupAnswer;
   bool pageSetup(ui::PageSetup& setup) override { return setupAnswer && setupAnswer(setup); }

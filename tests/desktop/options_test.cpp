@@ -52,7 +52,7 @@ class OptionsTest : public tests::MainWindowTest {
     props.HeaderText = "<META NAME=\"a\">\r\nსათაური";
     props.BodyAttributes = "BGCOLOR=#FFFFFF";
     props.FtpTimeout = 600;
-    props.FtpPassive = props.PreviewInBrowser = true;
+    props.FtpPassive = props.PreviewInBrowser = props.NewPageSkeleton = true;
     props.TypingModeAtStart = 2;
     props.Utf8FontName = "Arial";
     props.Colours = app::ColourScheme::Dark;
@@ -122,6 +122,24 @@ TEST_F(OptionsTest, WhatTheUserSetsIsWrittenAndTakesEffectAtOnce) {
     form.COK.click();
   });
   EXPECT_EQ(T1.currentFont().name, "Arial");
+}
+
+TEST_F(OptionsTest, ANewPageIsAWholeOneWhereThatIsChosen) {
+  start();
+  H->runCommand(mnunewF);
+  EXPECT_EQ(T1.text(), "<HTML>");
+  options([](desktop::frmproperties& form) {
+    form.CKskeleton.userSet(true);
+    form.CKbody.userSet(true);
+    form.Tbody.userSet("CLASS=a");
+    form.COK.click();
+  });
+  H->runCommand(mnunewF);
+  T1.type("x");
+  EXPECT_EQ(
+      T1.text(),
+      "<!DOCTYPE html>\r\n<HTML LANG=\"ka\">\r\n<HEAD>\r\n<META CHARSET=\"UTF-8\">\r\n<TITLE></TITLE>\r\n"
+      "</HEAD>\r\n<BODY CLASS=a >\r\nx\r\n</BODY>\r\n</HTML>\r\n");
 }
 
 TEST_F(OptionsTest, AWrongNumberIsNamedAndNothingIsWritten) {

@@ -47,6 +47,16 @@ TEST(PreviewPage, ALegacyPageNamesTheBundledFontAndAnEncodingOfOneByteALetter) {
   }
 }
 
+TEST(PreviewPage, APageInTheUtf8ViewSaysThatItIsUtf8) {
+  const std::string said = "<META HTTP-EQUIV=\"Content-Type\" CONTENT=\"text/html; charset=utf-8\">\r\n";
+  for (const std::string head : {"", "<META charset=windows-1252>"}) {
+    EXPECT_EQ(previewed("<HEAD>" + head + "ა", PageLetters::Utf8), "<HEAD>" + said + head + "ა");
+  }
+  for (const std::string page : {"<META charset=utf-8>ა", "\xEF\xBB\xBFა"}) {
+    EXPECT_EQ(previewed(page, PageLetters::Utf8), page);
+  }
+}
+
 TEST(PreviewPage, EveryLetterOfTheEncodingMakesItsPageLegacy) {
   // All words of three letters that iconv writes.
   for (char32_t letter = 0x10D0; letter <= 0x10F0; ++letter) {
@@ -150,6 +160,20 @@ TEST_F(PreviewTest, TheCopyStandsBesideTheFileWithUnsavedTextAndGoesWithTheWindo
   shown().CEXIT.click();
   EXPECT_FALSE(base::fileExists(copy));
   EXPECT_TRUE(shown().closed());
+}
+
+TEST_F(PreviewTest, TheCopyIsReadAsTheView) {
+  const std::string page = make("a.htm", "ქართული");
+  start();
+  open(page);
+  H->runCommand(mnuens2);  // says nothing of letters that are UTF-8
+  ASSERT_TRUE(H->runCommand(mnuPreview));
+  const std::string copy = base::joinPath(base::folderOf(page), "~zervo-preview-a.html");
+  EXPECT_NE(base::readFile(copy).find("charset=utf-8"), std::string::npos);
+  EXPECT_EQ(base::readFile(copy).find("Zervo ASCII"), std::string::npos);
+  T1.setView(ui::TextView::EightBit);
+  H->runCommand(mnuPreview);
+  EXPECT_EQ(base::readFile(copy).find("charset=utf-8"), std::string::npos);
 }
 
 TEST_F(PreviewTest, WithoutAnEngineTheDefaultBrowserShowsIt) {

@@ -34,6 +34,14 @@ TEST(PrintLayout, RowsAreWhatAReaderWouldWrite) {
   EXPECT_EQ(rowsOf("\xC0\0\x7F\x1F"s, {10, 3}), Rows{"\xC0\0\0\0"s});
 }
 
+TEST(PrintLayout, ALetterOfUtf8TakesOneColumn) {
+  using Rows = std::vector<std::string>;
+  const desktop::PrintGrid grid{10, 3, true};
+  EXPECT_EQ(rowsOf("აბგდევზთიკლმ\tნ\r\n\xE1\x83№", grid),
+            (Rows{"აბგდევზთიკ", "> ლმ      ", "> ნ", "\xE1\x83№"}));
+  EXPECT_EQ(rowsOf("აბ\tგ\x01", {20, 3, true}), Rows{"აბ      გ\0"s});
+}
+
 TEST(PrintLayout, PagesHoldTheirRows) {
   const std::string text = "1\n2\n3\n4\n5\n6\n7";
   const desktop::PrintLayout layout(text, {10, 3});

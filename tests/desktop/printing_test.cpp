@@ -72,6 +72,16 @@ TEST_F(Printing, OnlyTheSelectionWithItsLineNumbers) {
   EXPECT_EQ(printer.pages, std::vector<std::string>{"გვერდი 1 / 1\n77\n77\n78\nline 78\n79\nl\n"});
 }
 
+TEST_F(Printing, AUtf8PageIsPrintedAsLetters) {
+  std::string line;
+  for (int i = 0; i < 81; ++i) line += "ა";
+  start("\"" + folder.make("page.htm", "\xEF\xBB\xBF" + line) + "\"");
+  printer.answer = choice(1, 1);
+  expectRun();
+  H->runCommand(mnuPrint);
+  EXPECT_EQ(printer.pages, std::vector<std::string>{"გვერდი 1 / 1\n" + line.substr(0, 240) + "\nა\n"});
+}
+
 TEST_F(Printing, AnotherPaperThatThePrinterTakesIsLaidOutAnew) {
   openPages(4);
   printer.sheet = {29700, 21000};

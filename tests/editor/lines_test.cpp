@@ -1,6 +1,7 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <chrono>
 
 #include "base/line_ends.h"
 #include "editor/editor.h"
@@ -134,12 +135,16 @@ TEST(Reflow, LinesHaveTheLength) {
 }
 
 TEST(Reflow, HardPagesTakeNoLonger) {
-  for (const char* part : {"word word word word word word\n", "<a x=\"", "<a x='>\" ", "<", "<a=\">\" '",
-                           "</", "<!--", "\r\n<b"}) {
+  for (const char* part : {"<a x=\"", "<a x='>\" ", "<", "<a=\">\" '", "</", "<!--", "\r\n<b"}) {
     std::string text;
-    while (text.size() < (1U << 22)) text += part;
+    while (text.size() < (1U << 19)) text += part;
     EXPECT_EQ(withoutBlanks(rewrapAll(text, 80)).size(), withoutBlanks(text).size());
   }
+  std::string lines;  // which of the ends is the page's own must not be asked for every line
+  while (lines.size() < (1U << 22)) lines += "word word word word\n";
+  const auto start = std::chrono::steady_clock::now();
+  EXPECT_EQ(rewrapAll(lines, 80).find('\r'), std::string::npos);
+  EXPECT_LT(std::chrono::steady_clock::now() - start, std::chrono::seconds(4));
 }
 
 TEST(ParagraphIndent, FirstLinesOnly) {

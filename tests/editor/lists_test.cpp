@@ -4,6 +4,7 @@
 #include <map>
 
 #include "base/error.h"
+#include "convert/attach.h"
 #include "editor/editor.h"
 #include "editor/entities.h"
 #include "editor/frmasos.h"
@@ -105,6 +106,22 @@ TEST_F(ListDialog, SelectionDocumentAndAll) {
   EXPECT_FALSE(H->WebProject.Item(1).Changed);
   T1.undo();
   EXPECT_EQ(T1.text(), "b 3 a");
+}
+
+TEST_F(ListDialog, FieldsAndListShowTheLettersOfTheView) {
+  const auto converting = convert::attach(*H);
+  start();
+  H->runCommand(mnuens1);
+  show([this](auto& dialog) {
+    EXPECT_EQ(dialog.Treplace.font(), T1.currentFont());
+    add(dialog, dialog.Tfind.typed(U'ქ'), "ქ");
+    EXPECT_EQ(dialog.LV.items()[0].text, "ქ");
+    EXPECT_EQ(dialog.LV.items()[0].subItems[0], "ქ");
+    dialog.OPdocument.userChoose();
+    T1.load("\xD8\xD8");
+    dialog.COK.click();
+  });
+  EXPECT_EQ(T1.text(), "ქქ");
 }
 
 TEST_F(ListDialog, ATypedPairNeedNotBeAdded) {

@@ -80,6 +80,16 @@ def main():
             check(outline(font, character), f"{name}: U+{ord(character):04X} is not drawn")
         check(font["post"].isFixedPitch, f"{name}: not marked as monospaced")
 
+    font = TTFont(f"{folder}/ZervoMono.ttf")
+    pages = ("CP1252", "CP1251", "ISO-8859-2", "GEORGIAN-PS")
+    letters = {iconv(page, byte) for page in pages for byte in range(0xA1, 0x100)} - {None, "\u00ad"}
+    check_letters(mono, font, "Mono", ascii_letters | ansi | {letter: letter for letter in letters | {*"→№€„“”—…"}})
+    check({advance for advance, _ in font["hmtx"].metrics.values()} == {mono["hmtx"]["a"][0]}, "Mono: widths differ")
+    check(font["post"].isFixedPitch, "Mono: not marked as monospaced")
+    # Letters of old inscriptions, and the stand-ins of bytes that are no UTF-8.
+    for code in [*range(0x10A0, 0x10C6), ord("↵"), 0xE000, *range(0xE080, 0xE100)]:
+        check(outline(font, chr(code)), f"Mono: U+{code:04X} is not drawn")
+
     font = TTFont(f"{folder}/ZervoSans.ttf")
     georgian = {chr(code): chr(code) for code in range(0x10D0, 0x10F1)}
     cyrillic = {letter: letter for letter in russian.values()}
@@ -87,7 +97,7 @@ def main():
     check(len(used) > 33, "the sources have no Georgian texts")
     check_letters(sans, font, "Sans", ascii_letters | ansi | georgian | cyrillic | used)
 
-    for name in ("Sans", "ISO", "ASCII", "RUS"):
+    for name in ("Sans", "ISO", "ASCII", "RUS", "Mono"):
         font = TTFont(f"{folder}/Zervo{name}.ttf")
         text = {number: font["name"].getDebugName(number) or "" for number in range(20)}
         check(text[1] == text[4] == f"Zervo {name}" and text[6] == f"Zervo{name}", f"{name}: wrong name")

@@ -157,6 +157,21 @@ TEST_F(Design, NewDocumentsAreUnsavedListedAndAskedFor) {
   EXPECT_FALSE(H->queryClose());
 }
 
+TEST_F(Design, AFramesFileThatIsOpenKeepsItsChangesUnasked) {
+  open(folder.make("old.htm", "old"));
+  type("my ");
+  design([this](frmDesign& form) {
+    form.PSP.mouseDown(cell(0));
+    form.Pfram.keyDown(ui::kKeyHome);
+    platform.openAnswers.push_back({folder.file("old.htm")});
+    form.CHfile.click();
+    form.COK.click();
+  });
+  int open = 0;
+  for (std::int16_t i = 0; i < H->WebProject.Count(); ++i) open += H->documentText(i) == "my old" ? 1 : 0;
+  EXPECT_EQ(open, 1);
+}
+
 TEST_F(Design, SinglePageWithoutALayoutAndReset) {
   design([&](frmDesign& form) {
     form.PSP.mouseDown(cell(0));

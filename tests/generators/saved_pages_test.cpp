@@ -19,7 +19,7 @@ TEST(SavedPages, NamesAreCompletedAndChecked) {
       {"a.b.txt", "a.b.txt"}, {"ქართული", "ქართული.html"},     {"a.", "a."}};
   for (const auto& [typed, name] : names) EXPECT_EQ(generators::completedName(typed, ".html"), name);
   for (const char* name :
-       {"", "a.", "a.html ", "nul.html", "Com1", "LPT9.a.b", "aux .x", "a\tb", "a.zervo-tmp"})
+       {"", "a.", "a.html ", "nul.html", "Com1", "LPT9.a.b", "aux .x", "a\tb", ".zervo-1-1.tmp"})
     EXPECT_TRUE(generators::isReservedName(name)) << name;
   for (const char* name : {"a.html", "null.html", "COM0", "COM10", ".x", "ქართული.html"})
     EXPECT_FALSE(generators::isReservedName(name)) << name;
@@ -32,6 +32,9 @@ TEST(SavedPages, PreviewOfAnyBytes) {
   EXPECT_TRUE(generators::pagePreview(many).ends_with("\r\n..."));
   EXPECT_LT(generators::pagePreview(many).size(), 200u);
   EXPECT_EQ(generators::pagePreview(std::string(100000, 'x')).size(), 4003u);
+  std::string letters;
+  for (int i = 0; i < 5000; ++i) letters += "ა";
+  EXPECT_EQ(generators::pagePreview(letters), letters.substr(0, 3999) + "...") << "no letter is cut";
 }
 
 class SavedPagesDialog : public tests::MainWindowTest {
@@ -105,7 +108,7 @@ TEST_F(SavedPagesDialog, TheShownDocumentBecomesAPageAndAPageADocument) {
 
 TEST_F(SavedPagesDialog, ReplacingRenamingAndDeletingAsk) {
   for (const char* name : {"b.txt", "A.html", "c.html"}) put(name, name);
-  put("c.html.zervo-tmp", "half");
+  put(".zervo-1-1.tmp", "half");
   open(folder.make("c.html", "new"));
   act([this](frmMatrix& form) {
     EXPECT_EQ(names(form), (Names{"A.html", "b.txt", "c.html"}));
@@ -177,8 +180,8 @@ TEST_F(SavedPagesDialog, AnEmptyLibraryIsFilledWithPagesOfOurs) {
 
 TEST_F(SavedPagesDialog, WhatFailsIsToldAndLosesNothing) {
   put("a.html", "old");
-  // A write that fails on its way leaves the old page: its temporary file cannot be made.
-  std::filesystem::create_directories(folder.path() + "/program/Pages/a.html.zervo-tmp/x");
+  // A write that fails leaves the old page.
+  std::filesystem::permissions(folder.path() + "/program/Pages/a.html", std::filesystem::perms::owner_read);
   open(folder.make("a.html", "new"));
   const auto error = [this] {
     platform.modal.push_back([](ui::Form& box) {

@@ -13,6 +13,7 @@ constexpr const char* kUsage =
     "zervo-drive start PROGRAM FILE...   start it and wait for its window\n"
     "zervo-drive command ID...           send menu commands, by their numbers in ids.h\n"
     "zervo-drive expect FILE             wait until the code view shows the bytes of FILE\n"
+    "zervo-drive view utf8|8bit          wait until the code view shows its bytes so\n"
     "zervo-drive saved FILE WANTED       wait until FILE holds the bytes of WANTED\n"
     "zervo-drive select START END        select in the code view\n"
     "zervo-drive key NUMBER              press a key in the code view, by its virtual-key number\n"
@@ -33,6 +34,9 @@ void run(const std::wstring& action, const std::vector<std::wstring>& words) {
     for (const std::wstring& id : words) zervo.command(std::stoi(id));
   } else if (action == L"expect") {
     zervo.waitForText(gui::readBytes(words.at(0)));
+  } else if (action == L"view") {
+    gui::waitFor(
+        "the view", [&] { return zervo.showsUtf8() == (words.at(0) == L"utf8"); }, 10);
   } else if (action == L"saved") {
     gui::waitFor("the saved file",
                  [&] { return gui::readBytes(words.at(0)) == gui::readBytes(words.at(1)); });

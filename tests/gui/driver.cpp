@@ -1,12 +1,13 @@
 #include "tests/gui/driver.h"
 
 #include <commctrl.h>
+// windows.h first
+#include <Scintilla.h>
 
 #include <chrono>
 #include <fstream>
 #include <system_error>
 
-#include "base/cp1252.h"
 #include "resources/ids.h"
 
 namespace gui {
@@ -47,9 +48,10 @@ class RemoteMemory {
     if (!ReadProcessMemory(process_, address_, &value, sizeof value, nullptr)) throw Failure("cannot read");
     return value;
   }
-  std::wstring string(std::size_t offset, std::size_t length) const {
-    std::wstring text(length, L'\0');
-    if (!ReadProcessMemory(process_, as<char>(offset), text.data(), length * sizeof(wchar_t), nullptr)) {
+  template <class Char>
+  std::basic_string<Char> string(std::size_t offset, std::size_t length) const {
+    std::basic_string<Char> text(length, Char{});
+    if (!ReadProcessMemory(process_, as<char>(offset), text.data(), length * sizeof(Char), nullptr)) {
       throw Failure("cannot read");
     }
     return text;
@@ -131,14 +133,6 @@ HWND child(HWND window, int id) {
   search.id = id;
   EnumChildWindows(window, findChild, pointer(&search));
   return search.found;
-}
-
-char byteOf(wchar_t character) {
-  // What the code view puts in place of bytes that its control cannot hold or show.
-  if (character >= 0xE000 && character <= 0xE0FF) return static_cast<char>(character - 0xE000);
-  const auto byte = base::byteOfChar(static_cast<char32_t>(character));
-  if (!byte) throw Failure("the code view holds U+" + std::to_string(static_cast<unsigned>(character)));
-  return static_cast<char>(*byte);
 }
 
 }  // namespace
@@ -340,24 +334,15 @@ void Zervo::command(int id) const {
 }
 
 std::string Zervo::text() const {
-  // The control counts a line end as one, and every one may become two.
   const HWND view = control(IDC_FrmH_T1);
-  GETTEXTLENGTHEX count = {GTL_NUMCHARS | GTL_USECRLF | GTL_PRECISE, 1200};
-  const RemoteMemory question(view, sizeof count);
-  question.put(count);
-  const auto length =
-      static_cast<std::size_t>(send(view, EM_GETTEXTLENGTHEX, reinterpret_cast<WPARAM>(question.as<char>())));
-  GETTEXTEX how = {};
-  how.cb = static_cast<DWORD>((length + 1) * sizeof(wchar_t));
-  how.flags = GT_USECRLF;
-  how.codepage = 1200;
-  const RemoteMemory memory(view, sizeof how + how.cb);
-  memory.put(how);
-  const auto got = static_cast<std::size_t>(send(
-      view, EM_GETTEXTEX, reinterpret_cast<WPARAM>(memory.as<char>()), pointer(memory.as<char>(sizeof how))));
-  std::string bytes;
-  for (const wchar_t character : memory.string(sizeof how, got)) bytes += byteOf(character);
-  return bytes;
+  const auto length = static_cast<std::size_t>(send(view, SCI_GETLENGTH));
+  const RemoteMemory memory(view, length + 1);
+  const LRESULT got = send(view, SCI_GETTEXT, length, pointer(memory.as<char>()));
+  return memory.string<char>(0, static_cast<std::size_t>(got));
+}
+
+bool Zervo::showsUtf8() const {
+  return send(control(IDC_FrmH_T1), SCI_GETCODEPAGE) == SC_CP_UTF8;
 }
 
 void Zervo::waitForText(const std::string& bytes) const {
@@ -371,30 +356,19 @@ void Zervo::waitForText(const std::string& bytes) const {
 }
 
 void Zervo::select(int start, int end) const {
-  const HWND view = control(IDC_FrmH_T1);
-  const RemoteMemory memory(view, sizeof(CHARRANGE));
-  memory.put(CHARRANGE{start, end});
-  send(view, EM_EXSETSEL, 0, pointer(memory.as<CHARRANGE>()));
+  send(control(IDC_FrmH_T1), SCI_SETSEL, static_cast<WPARAM>(start), end);
 }
 
-CHARRANGE Zervo::selection() const {
+Range Zervo::selection() const {
   const HWND view = control(IDC_FrmH_T1);
-  const RemoteMemory memory(view, sizeof(CHARRANGE));
-  memory.put(CHARRANGE{});
-  send(view, EM_EXGETSEL, 0, pointer(memory.as<CHARRANGE>()));
-  return memory.get<CHARRANGE>();
+  return {static_cast<int>(send(view, SCI_GETSELECTIONSTART)),
+          static_cast<int>(send(view, SCI_GETSELECTIONEND))};
 }
 
 COLORREF Zervo::textColor(int position) const {
   const HWND view = control(IDC_FrmH_T1);
-  select(position, position + 1);
-  const RemoteMemory memory(view, sizeof(CHARFORMAT2W));
-  CHARFORMAT2W format{};
-  format.cbSize = sizeof format;
-  memory.put(format);
-  send(view, EM_GETCHARFORMAT, SCF_SELECTION, pointer(memory.as<CHARFORMAT2W>()));
-  format = memory.get<CHARFORMAT2W>();
-  return (format.dwEffects & CFE_AUTOCOLOR) != 0 ? RGB(0, 0, 0) : format.crTextColor;
+  const auto style = static_cast<unsigned char>(send(view, SCI_GETSTYLEAT, static_cast<WPARAM>(position)));
+  return static_cast<COLORREF>(send(view, SCI_STYLEGETFORE, style));
 }
 
 void Zervo::type(wchar_t character) const {
@@ -421,7 +395,7 @@ void addNodes(HWND tree, const RemoteMemory& memory, HTREEITEM item, int depth, 
     question.cchTextMax = kMaxTitle;
     memory.put(question);
     send(tree, TVM_GETITEMW, 0, pointer(memory.as<TVITEMW>()));
-    const std::wstring text = memory.string(sizeof question, kMaxTitle);
+    const std::wstring text = memory.string<wchar_t>(sizeof question, kMaxTitle);
     nodes.push_back({item, depth, utf8(text.substr(0, text.find(L'\0')))});
     addNodes(tree, memory,
              reinterpret_cast<HTREEITEM>(send(tree, TVM_GETNEXTITEM, TVGN_CHILD, pointer(item))), depth + 1,
@@ -475,7 +449,7 @@ std::string Zervo::status(int panel) const {
       static_cast<std::size_t>(LOWORD(send(bar, SB_GETTEXTLENGTHW, static_cast<WPARAM>(panel))));
   const RemoteMemory memory(bar, (length + 1) * sizeof(wchar_t));
   send(bar, SB_GETTEXTW, static_cast<WPARAM>(panel), pointer(memory.as<wchar_t>()));
-  return utf8(memory.string(0, length));
+  return utf8(memory.string<wchar_t>(0, length));
 }
 
 Dialog Zervo::dialog() const {

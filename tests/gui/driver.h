@@ -4,8 +4,6 @@
 #pragma once
 
 #include <windows.h>
-// After windows.h, which it needs.
-#include <richedit.h>
 
 #include <filesystem>
 #include <functional>
@@ -59,6 +57,12 @@ class Dialog {
   HWND window_ = nullptr;
 };
 
+struct Range {
+  int start;
+  int end;
+  bool operator==(const Range&) const = default;
+};
+
 class Zervo {
  public:
   // Starts `program` with `arguments` just as they stand and waits for its main window. Ended with the
@@ -79,14 +83,13 @@ class Zervo {
 
   void command(int id) const;  // returns at once
 
-  // The code view: its text as bytes, each line end CR LF. Positions are the control's (a line end counts
-  // one).
+  // The code view: its text and positions are bytes.
   std::string text() const;
   void waitForText(const std::string& bytes) const;
+  bool showsUtf8() const;  // as letters; otherwise a byte is a letter
   void select(int start, int end) const;
-  CHARRANGE selection() const;
+  Range selection() const;
   void type(wchar_t character) const;
-  // Of the character behind the position; moves the selection there. Automatic colour is black.
   COLORREF textColor(int position) const;
 
   // The tree: titles with two spaces before those of documents, from top to bottom.

@@ -39,13 +39,19 @@ TEST_F(Session, TwoFilesOneConvertedAndSaved) {
 
   zervo.clickNode("other.html");
   zervo.waitForText(kOtherPage);
-  EXPECT_EQ(zervo.selection().cpMin, 3);
-  EXPECT_EQ(zervo.selection().cpMax, 5);
+  EXPECT_EQ(zervo.selection(), (Range{3, 5}));
 
   zervo.clickNode("page.html");
   zervo.waitForText(kReferencePage);
   zervo.command(mnuQHIUTF);
   zervo.waitForText(kUtf8Page);
+  EXPECT_TRUE(zervo.showsUtf8());
+  zervo.command(mnuUndo);
+  zervo.waitForText(kReferencePage);
+  EXPECT_FALSE(zervo.showsUtf8());
+  zervo.command(mnuRedo);
+  zervo.waitForText(kUtf8Page);
+  EXPECT_TRUE(zervo.showsUtf8());
   zervo.command(mnuSave);
   waitFor("the saved page", [&] { return readBytes(page) == kUtf8Page; });
   leave(zervo);
@@ -90,12 +96,11 @@ TEST_F(Session, SelectionCommandsReselectAndUndoComesBack) {
   zervo.command(mnumtubers);
   zervo.waitForText("tbilisi თბჩ\r\nabg");
   zervo.waitUntilFree();
-  EXPECT_EQ(zervo.selection().cpMin, 8);
-  EXPECT_EQ(zervo.selection().cpMax, 17);
+  EXPECT_EQ(zervo.selection(), (Range{8, 17}));
   zervo.command(mnuUndo);
   zervo.waitForText("tbilisi TbC\r\nabg");
 
-  zervo.select(12, 15);
+  zervo.select(13, 16);
   zervo.command(mnuUbendkopi);
   waitFor("the converted text on the clipboard", [] { return utf8(clipboard()).size() > 3; });
   zervo.command(mnuTkod);  // the whole text
@@ -117,6 +122,7 @@ TEST_F(Session, GeorgianUnicodeEntersInTheFormOfTheTypingMode) {
   zervo.waitForText(expected += "qarTuli, A\r\nWa");
   zervo.command(mnuens3);
   zervo.command(mnuPaste);
+  EXPECT_NE(zervo.answer(IDC_frmBOXa_Cno).find("UTF-8"), std::string::npos);  // no byte is a letter here
   zervo.waitForText(expected += "ქართული, A\r\nჭა");
 
   for (const wchar_t key : {L'a', L'T', L'A'}) zervo.type(key);
@@ -160,10 +166,20 @@ TEST_F(Session, WebProjectOpensAtItsStartPageAndNamesWhatIsMissing) {
   file(L"index.html", kOtherPage);
   file(L"second.html", kLegacyPage);
   file(L"logo.gif", "GIF89a");
+  std::string gone;
+  for (int i = 0; i < 40; ++i) gone += "gone" + std::to_string(i) + ".html\r\n";
   const auto project =
-      file(L"site.WEB", "index.html\r\n\r\ngone.html\r\nlogo.gif\r\nsecond.html\r\nSTOPF=second.html\r\n");
+      file(L"site.WEB", "index.html\r\n\r\n" + gone + "logo.gif\r\nsecond.html\r\nSTOPF=second.html\r\n");
   Zervo zervo = open({project});
-  EXPECT_NE(zervo.answer(IDC_frmBOXa_COK).find("File not found."), std::string::npos);
+  // A list to scroll, from its first line on.
+  const HWND box = shownForm(L"frmBOXa");
+  const HWND list = GetDlgItem(box, IDC_frmBOXa_Tlist);
+  EXPECT_NE(IsWindowVisible(list), FALSE);
+  EXPECT_GT(SendMessageW(list, EM_GETLINECOUNT, 0, 0), 40);
+  EXPECT_EQ(SendMessageW(list, EM_GETFIRSTVISIBLELINE, 0, 0), 0);
+  const std::string message = zervo.answer(IDC_frmBOXa_COK);
+  EXPECT_TRUE(message.starts_with("File not found."));
+  EXPECT_NE(message.find("gone39.html"), std::string::npos);
   zervo.waitForText(kLegacyPage);
   const std::vector<std::string> expected = {"WEB Files",  "  index.html", "  second.html", "Image",
                                              "  logo.gif", "Audio",        "Other"};

@@ -139,7 +139,7 @@ void expectReachable(HWND form, const std::string& name) {
     const LONG_PTR style = GetWindowLongPtrW(met.window, GWL_STYLE);
     const bool button = _wcsicmp(met.kind.c_str(), L"Button") == 0;
     const bool frame = button && (style & BS_TYPEMASK) == BS_GROUPBOX;
-    const bool holdsText = _wcsicmp(met.kind.c_str(), L"Edit") == 0 || met.kind.starts_with(L"RICHEDIT") ||
+    const bool holdsText = _wcsicmp(met.kind.c_str(), L"Edit") == 0 || met.kind == L"Scintilla" ||
                            _wcsicmp(met.kind.c_str(), L"ComboBox") == 0;
     const bool stop = (style & WS_TABSTOP) != 0 || (button && !frame);
     anyStop = anyStop || stop;

@@ -146,7 +146,9 @@ TEST_F(DialogHost, TellsTheFormWhatTheUserDoesAndOnlyThat) {
   EXPECT_EQ(form_.Ttext.text(),
             "ა"
             "x");
-  form_.Tbytes.keyPress = [](int key) { return key == 'a' ? 0xC0 : key; };
+  form_.Tbytes.keyPress = [](int key) {
+    return std::string(1, key == 'a' ? '\xC0' : static_cast<char>(key));
+  };
   send(IDC_sample_Tbytes, WM_CHAR, 'a', 1);
   send(IDC_sample_Tbytes, WM_CHAR, 0x10D1, 1);  // no byte: its UTF-8 enters
   EXPECT_EQ(form_.Tbytes.text(), "\xC0\u10D1");
@@ -183,6 +185,37 @@ TEST_F(DialogHost, ARenamedRowStaysSelected) {
   EXPECT_EQ(send(IDC_sample_LV, LVM_GETNEXTITEM, static_cast<WPARAM>(-1), LVNI_SELECTED), 1);
 }
 
+TEST_F(DialogHost, NoTipCoversTheEntriesOfAList) {
+  form_.Ttext.hint = form_.Lcombo.hint = form_.Llist.hint = form_.LV.hint = "hint";
+  open();
+  LRESULT tools = 0;
+  for (HWND tips = nullptr; (tips = FindWindowExW(nullptr, tips, TOOLTIPS_CLASSW, nullptr)) != nullptr;) {
+    if (GetWindow(tips, GW_OWNER) == host_->window()) tools += SendMessageW(tips, TTM_GETTOOLCOUNT, 0, 0);
+  }
+  EXPECT_EQ(tools, 2) << "of the text field and the closed drop-down list";
+}
+
+TEST_F(DialogHost, GoesAsideForWhatItCovers) {
+  open();
+  const auto frame = [this] {
+    RECT rect;
+    GetWindowRect(host_->window(), &rect);
+    return rect;
+  };
+  const RECT before = frame();
+  form_.moveOff({before.left - 20, before.top, before.left, before.top + 10});
+  EXPECT_EQ(frame().left, before.left) << "beside it";
+  const RECT hit{before.left + 30, before.bottom - 40, before.left + 90, before.bottom - 20};
+  form_.moveOff({hit.left, hit.top, hit.right, hit.bottom});
+  const RECT after = frame();
+  RECT common;
+  EXPECT_EQ(IntersectRect(&common, &after, &hit), FALSE);
+  EXPECT_EQ(after.right - after.left, before.right - before.left);
+  EXPECT_EQ(IntersectRect(&common, &after, &before), TRUE) << "no farther than it must";
+  form_.moveOff({-10000, -10000, 10000, 10000});
+  EXPECT_EQ(frame().left, after.left) << "there is no room anywhere";
+}
+
 TEST_F(DialogHost, EnterAndEscPressTheFormsButtons) {
   int ok = 0;
   int cancel = 0;
@@ -217,7 +250,7 @@ TEST_F(DialogHost, TheFormDecidesWhetherItsWindowCloses) {
 
 TEST_F(DialogHost, ABytesBoxPastesAndSelectsInBytes) {
   open();
-  win32::putClipboardText(owner_.hwnd(), L"\u10D0z\u20AC");
+  win32::putClip(owner_.hwnd(), {"", "\u10D0z\u20AC"});
   send(IDC_sample_Tbytes, WM_PASTE);
   EXPECT_EQ(form_.Tbytes.text(), "\u10D0z\x80");
   form_.Tbytes.select(3, 1);
@@ -226,6 +259,38 @@ TEST_F(DialogHost, ABytesBoxPastesAndSelectsInBytes) {
   form_.Tbytes.insert("QQ");
   EXPECT_EQ(win32::bytesFromWide(win32::windowText(item(IDC_sample_Tbytes))), "\u10D0QQ\x80");
   EXPECT_EQ(form_.Tbytes.selection().start, 5);
+}
+
+TEST_F(DialogHost, ABytesBoxReadsUtf8AsLettersAndKeepsOtherBytes) {
+  using namespace std::string_literals;
+  const std::string odd = "ა\xE1\x83 \0\xEE\x82\x80😀\xFFé"s;
+  form_.Tbytes.setText(odd);
+  open();
+  form_.Tbytes.setFont({"", 0, false, false, ui::CharacterSet::Utf8});
+  EXPECT_EQ(win32::windowText(item(IDC_sample_Tbytes)), L"ა\xE0E1\xE083 \xE000\xE0EE\xE082\xE080😀\xE0FFé");
+  const auto units = static_cast<WPARAM>(GetWindowTextLengthW(item(IDC_sample_Tbytes)));
+  send(IDC_sample_Tbytes, EM_SETSEL, units, static_cast<LPARAM>(units));
+  EXPECT_EQ(form_.Tbytes.selection().start, static_cast<int>(odd.size()));
+  for (const wchar_t unit : {L'ბ', L'q', L'\xD83D', L'\xDE01'}) send(IDC_sample_Tbytes, WM_CHAR, unit, 1);
+  EXPECT_EQ(form_.Tbytes.text(), odd + "ბq😁");
+  win32::putClip(owner_.hwnd(), {"", "\uE041Ж—"});
+  send(IDC_sample_Tbytes, WM_PASTE);
+  EXPECT_EQ(form_.Tbytes.text(), odd + "ბq😁\uE041Ж—");
+  win32::putClip(owner_.hwnd(), {"\xE1", "?", static_cast<int>(ui::TextView::Utf8), 7});
+  send(IDC_sample_Tbytes, WM_PASTE);
+  EXPECT_EQ(form_.Tbytes.text(), odd + "ბq😁\uE041Ж—\xE1") << "bytes of such a view, whole";
+
+  // The same bytes in a font of one byte a letter; what has no byte there is somebody else's to say.
+  const std::string now = form_.Tbytes.text();
+  form_.Tbytes.setFont({});
+  form_.Tbytes.typed = [](char32_t character) { return character == U'ბ' ? "\xC1"s : "?"s; };
+  EXPECT_EQ(form_.Tbytes.text(), now);
+  form_.Tbytes.setText("");
+  send(IDC_sample_Tbytes, WM_CHAR, L'ბ', 1);
+  send(IDC_sample_Tbytes, WM_CHAR, L'é', 1);
+  win32::putClip(owner_.hwnd(), {"", "ბ€"});
+  send(IDC_sample_Tbytes, WM_PASTE);
+  EXPECT_EQ(form_.Tbytes.text(), "\xC1\xE9\xC1\x80");
 }
 
 TEST_F(DialogHost, LabelsGrowAndHiddenControlsLeaveNoGap) {

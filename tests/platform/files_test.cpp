@@ -140,9 +140,52 @@ TEST(WindowsFiles, AFileThatAnotherProgramReadsIsWaitedForAndElseStaysWhole) {
     ASSERT_TRUE(held.open());
     EXPECT_EQ(numberOf([&] { base::writeFile(page, "newer"); }), base::ErrorNumber::PermissionDenied);
     EXPECT_EQ(base::readFile(page), "new");
-    EXPECT_FALSE(base::fileExists(page + ".zervo-tmp"));
   }
   base::removeFile(page);
+}
+
+TEST(WindowsFiles, SavingKeepsWhatAFileHasBesideItsBytes) {
+  const Folder folder;
+  wchar_t top[MAX_PATH];
+  const std::wstring wide = std::wstring(top, GetTempPathW(MAX_PATH, top)) + L"zervo ფაილები\\";
+  const std::string page = folder.path() + "\\a.html";
+  base::writeFile(page, "old");
+  const auto known = [&] {
+    WIN32_FILE_ATTRIBUTE_DATA data{};
+    GetFileAttributesExW((wide + L"a.html").c_str(), GetFileExInfoStandard, &data);
+    return data;
+  };
+  const HANDLE file =
+      CreateFileW((wide + L"a.html").c_str(), FILE_WRITE_ATTRIBUTES, 0, nullptr, OPEN_EXISTING, 0, nullptr);
+  const FILETIME made{0, 0x01C00000};
+  SetFileTime(file, &made, nullptr, nullptr);
+  CloseHandle(file);
+  SetFileAttributesW((wide + L"a.html").c_str(), FILE_ATTRIBUTE_HIDDEN | FILE_ATTRIBUTE_ARCHIVE);
+  const auto before = known();
+  base::writeFile(page, "new");
+  EXPECT_EQ(base::readFile(page), "new");
+  EXPECT_EQ(known().dwFileAttributes, before.dwFileAttributes);
+  EXPECT_TRUE((known().dwFileAttributes & FILE_ATTRIBUTE_HIDDEN) != 0);
+  EXPECT_EQ(known().ftCreationTime.dwHighDateTime, before.ftCreationTime.dwHighDateTime);
+  SetFileAttributesW((wide + L"a.html").c_str(), FILE_ATTRIBUTE_NORMAL);
+
+  ASSERT_TRUE(CreateHardLinkW((wide + L"b.html").c_str(), (wide + L"a.html").c_str(), nullptr));
+  base::writeFile(page, "both");
+  EXPECT_EQ(base::readFile(folder.path() + "\\b.html"), "both");
+
+  base::removeFile(page);
+  // Open in a program that lets others write, but not take the file away.
+  const HANDLE held = CreateFileW((wide + L"b.html").c_str(), GENERIC_READ,
+                                  FILE_SHARE_READ | FILE_SHARE_WRITE, nullptr, OPEN_EXISTING, 0, nullptr);
+  base::writeFile(folder.path() + "\\b.html", "shared");
+  EXPECT_EQ(base::readFile(folder.path() + "\\b.html"), "shared");
+  CloseHandle(held);
+
+  const std::string longest = folder.path() + "\\" + std::string(255, 'n');
+  base::writeFile(longest, "x");
+  base::writeFile(longest, "y");
+  EXPECT_EQ(base::readFile(longest), "y");
+  EXPECT_EQ(base::filesIn(folder.path()).size(), 2U);
 }
 
 TEST(WindowsFiles, ALockIsTakenFromACopyThatDied) {

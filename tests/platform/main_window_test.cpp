@@ -8,8 +8,9 @@
 #include <utility>
 #include <vector>
 
+#include "platform/win32/code_view/code_view.h"
 #include "platform/win32/drag.h"
-#include "platform/win32/rich_edit_code_view.h"
+#include "platform/win32/handles.h"
 #include "resources/ids.h"
 #include "ui/tab_strip.h"
 
@@ -31,21 +32,41 @@ class SampleMain : public ui::MainForm {
     Tgroups.setTabs({{"alpha"}, {"beta"}, {"gamma"}, {"delta"}, {"epsilon"}, {"zeta"}, {"eta"}}, 0);
     List.draggable = true;
     List.setItems({"A", "B", "C"});
-    menus = {{"menu", 0, {}, {{"next pane", mnuNextPane, {VK_F6, false, false, false}, {}}}}};
+    menus.resize(1);
+    menus[0].caption = "menu";
+    menus[0].items.resize(1);
+    menus[0].items[0].caption = "|1|from the menu";
+    menus[0].items[0].command = kFirstTool + 28;
+    menus[0].items.push_back({"next pane", mnuNextPane, {VK_F6, false, false, false}, {}});
+    for (int i = 0; i < kTools; ++i) {
+      toolBar.push_back({kFirstTool + i, ui::ToolIcon::Bold, "tool " + std::to_string(i)});
+      if (i == 4) toolBar.emplace_back();
+    }
   }
+  static constexpr int kTools = 30;
+  static constexpr int kFirstTool = 40000;
   ui::TreeView TV{*this, IDC_FrmH_TV};
   ui::TabStrip TS{*this, IDC_FrmH_TS};
   ui::TabStrip Tgroups{*this, IDC_FrmH_Ttags};
   ui::ListBox List{*this, IDC_FrmH_Ltags};
-  ui::StatusBar Status{*this, IDC_FrmH_Status, {{"kMain", -1, {}, false}}};
+  ui::StatusBar Status{*this,
+                       IDC_FrmH_Status,
+                       {{"kMain", -1, {}, false}, {"kPreview", 200, {}, true}, {"kNumbers", 60, {}, false}}};
 
   void menuOpening() override {}
+  std::vector<int> commands;
   void command(int id) override {
-    if (id == mnuNextPane) window->nextPane();
+    if (id == mnuNextPane) {
+      window->nextPane();
+    } else {
+      commands.push_back(id);
+    }
   }
   void menuHighlighted(const ui::Text&) override {}
   void filesDropped(const std::vector<std::string>&) override {}
   void idle() override {}
+  void pause() override {}
+  void systemColoursChanged() override {}
 };
 
 class MainWindow : public testing::Test {
@@ -58,9 +79,11 @@ class MainWindow : public testing::Test {
   }
   HWND item(int id) { return GetDlgItem(handle(), id); }
   HWND handle() { return FindWindowW(L"frmsamplemain", nullptr); }
-  RECT placeOf(int id) {
+  HWND bar() { return FindWindowExW(handle(), nullptr, TOOLBARCLASSNAMEW, nullptr); }
+  RECT placeOf(int id) { return placeOf(item(id)); }
+  RECT placeOf(HWND window) {
     RECT place;
-    GetWindowRect(item(id), &place);
+    GetWindowRect(window, &place);
     MapWindowPoints(nullptr, handle(), reinterpret_cast<POINT*>(&place), 2);
     return place;
   }
@@ -91,7 +114,7 @@ class MainWindow : public testing::Test {
     mouse(handle(), WM_LBUTTONUP, {to, y});
   }
 
-  win32::RichEditCodeView view;
+  win32::CodeView view;
   SampleMain form{view};
   std::optional<win32::MainWindow> window{std::in_place, form, view};
 };
@@ -147,7 +170,7 @@ TEST_F(MainWindow, TabsAreChosenClosedAndMovedByTheMouse) {
 
 TEST_F(MainWindow, TabsFollowTheModel) {
   const HWND strip = item(IDC_FrmH_TS);
-  form.TS.setTabs({{"one.html *"}, {"two.html"}}, 1);
+  form.TS.setTabs({{"one & 1.html *"}, {"two.html"}}, 1);
   EXPECT_EQ(SendMessageW(strip, TCM_GETITEMCOUNT, 0, 0), 2);
   EXPECT_EQ(SendMessageW(strip, TCM_GETCURSEL, 0, 0), 1);
   wchar_t text[64] = L"";
@@ -156,7 +179,33 @@ TEST_F(MainWindow, TabsFollowTheModel) {
   wanted.pszText = text;
   wanted.cchTextMax = 64;
   SendMessageW(strip, TCM_GETITEMW, 0, reinterpret_cast<LPARAM>(&wanted));
-  EXPECT_STREQ(wanted.pszText, L"one.html *");
+  EXPECT_STREQ(wanted.pszText, L"one && 1.html *") << "drawn as one";
+  const auto tips = reinterpret_cast<HWND>(SendMessageW(strip, TCM_GETTOOLTIPS, 0, 0));
+  EXPECT_NE(GetWindowLongPtrW(tips, GWL_STYLE) & TTS_NOPREFIX, 0);
+}
+
+TEST_F(MainWindow, NumbersInTheStatusBarAreNeverCut) {
+  const HWND bar = item(IDC_FrmH_Status);
+  const std::wstring numbers = L"ISO 10000003  UTF8 20000002  HEX 30000001";
+  const win32::UniqueCanvas canvas(CreateCompatibleDC(nullptr));
+  SelectObject(canvas.get(), reinterpret_cast<HFONT>(SendMessageW(bar, WM_GETFONT, 0, 0)));
+  SIZE text;
+  GetTextExtentPoint32W(canvas.get(), numbers.c_str(), static_cast<int>(numbers.size()), &text);
+  for (const int widthOfWindow : {900, 400}) {
+    SetWindowPos(handle(), nullptr, 0, 0, widthOfWindow, 500, SWP_NOMOVE | SWP_NOZORDER);
+    for (const char* shown : {"1", "ISO 10000003  UTF8 20000002  HEX 30000001"}) {
+      form.Status.setPanel("kNumbers", shown);
+      RECT panel, client;
+      SendMessageW(bar, SB_GETRECT, 2, reinterpret_cast<LPARAM>(&panel));
+      GetClientRect(bar, &client);
+      EXPECT_LE(panel.right, client.right);
+      if (shown[1] != 0) {
+        EXPECT_GT(width(panel), text.cx);
+      } else {
+        EXPECT_LT(width(panel), text.cx) << "and no wider than need be";
+      }
+    }
+  }
 }
 
 TEST_F(MainWindow, RowsAreDraggedIntoTheCode) {
@@ -223,12 +272,81 @@ TEST_F(MainWindow, F6GoesThroughThePanesThatAreShown) {
   press(VK_F6);
   EXPECT_EQ(GetFocus(), item(IDC_FrmH_Ltags));
   press(VK_F6);
+  EXPECT_EQ(GetFocus(), bar());
+  press(VK_F6);
   EXPECT_EQ(GetFocus(), view.hwnd());
   form.TV.setVisible(false);
   press(VK_F6);
   EXPECT_EQ(GetFocus(), item(IDC_FrmH_Ltags));
   press(VK_ESCAPE);
   EXPECT_EQ(GetFocus(), view.hwnd());
+}
+
+std::vector<std::wstring> shownNames;  // of the pop-up menu's items
+
+// A timer, since an open menu has the loop.
+void CALLBACK readMenuAndTakeItsLast(HWND, UINT, UINT_PTR timer, DWORD) {
+  const HWND menu = FindWindowW(L"#32768", nullptr);
+  if (menu == nullptr) return;
+  KillTimer(nullptr, timer);
+  const auto items = reinterpret_cast<HMENU>(SendMessageW(menu, MN_GETHMENU, 0, 0));
+  for (int i = 0; i < GetMenuItemCount(items); ++i) {
+    wchar_t name[64] = L"";
+    GetMenuStringW(items, static_cast<UINT>(i), name, 64, MF_BYPOSITION);
+    shownNames.emplace_back(name);
+  }
+  const HWND owner = FindWindowW(L"frmsamplemain", nullptr);
+  PostMessageW(owner, WM_KEYDOWN, VK_UP, 1);
+  PostMessageW(owner, WM_KEYDOWN, VK_RETURN, 1);
+}
+
+TEST_F(MainWindow, ToolsWithoutRoomAreBehindTheChevron) {
+  const auto hidden = [this](int command) {
+    return SendMessageW(bar(), TB_ISBUTTONHIDDEN, static_cast<WPARAM>(command), 0) != 0;
+  };
+  const auto resize = [this](int pixels) {
+    SetWindowPos(handle(), nullptr, 0, 0, pixels, 500, SWP_NOMOVE | SWP_NOZORDER);
+  };
+  const int last = SampleMain::kFirstTool + SampleMain::kTools - 1;
+  resize(960);
+  EXPECT_TRUE(hidden(mnuToolMore));
+  EXPECT_FALSE(hidden(last));
+  const int oneRow = height(placeOf(bar()));
+  resize(500);
+  EXPECT_EQ(height(placeOf(bar())), oneRow);
+  EXPECT_FALSE(hidden(mnuToolMore));
+  EXPECT_FALSE(hidden(SampleMain::kFirstTool));
+  EXPECT_TRUE(hidden(last));
+  RECT chevron, area;
+  SendMessageW(bar(), TB_GETITEMRECT, SampleMain::kTools + 1, reinterpret_cast<LPARAM>(&chevron));
+  GetClientRect(handle(), &area);
+  EXPECT_LE(chevron.right, area.right);
+  EXPECT_GT(chevron.right, area.right - 2 * width(chevron)) << "no room is left empty";
+
+  // The keyboard goes to the chevron; its menu has the rest, under the names of the menus where they have
+  // some.
+  SetFocus(bar());
+  for (const WPARAM key : {VK_END, VK_RETURN}) PostMessageW(bar(), WM_KEYDOWN, key, 1);
+  shownNames.clear();
+  SetTimer(nullptr, 0, 100, readMenuAndTakeItsLast);
+  for (int i = 0; i < 50 && form.commands.empty(); ++i) {
+    win32::pumpMessages();
+    Sleep(20);
+  }
+  EXPECT_EQ(form.commands, std::vector<int>{last});
+  ASSERT_GT(shownNames.size(), 5U);
+  EXPECT_EQ(shownNames[shownNames.size() - 1], L"tool 29");
+  EXPECT_EQ(shownNames[shownNames.size() - 2], L"from the menu");
+  resize(960);
+  EXPECT_FALSE(hidden(last));
+  EXPECT_TRUE(hidden(mnuToolMore));
+}
+
+TEST_F(MainWindow, DisabledToolsAreGrey) {
+  form.toolBar[1].enabled = false;
+  form.window->toolBarStates();
+  EXPECT_EQ(SendMessageW(bar(), TB_ISBUTTONENABLED, SampleMain::kFirstTool + 1, 0), 0);
+  EXPECT_NE(SendMessageW(bar(), TB_ISBUTTONENABLED, SampleMain::kFirstTool + 2, 0), 0);
 }
 
 TEST_F(MainWindow, AClickOnAStatusPanelNamesIt) {

@@ -6,6 +6,7 @@
 #include <functional>
 #include <vector>
 
+#include "platform/win32/code_view/code_view.h"
 #include "platform/win32/dpi.h"
 #include "platform/win32/handles.h"
 #include "platform/win32/main_window.h"
@@ -22,7 +23,7 @@ class WholeProgram {
   WholeProgram() { program_.start("NOMAX"); }
   HWND window() { return FindWindowW(L"FrmH", nullptr); }
   ui::MainForm& form() { return program_.window(); }
-  win32::RichEditCodeView view;
+  win32::CodeView view;
 
  private:
   // The window's end asks the thread to quit, which is not meant for the tests to come. Taken last.

@@ -2,98 +2,16 @@
 #include <gtest/gtest.h>
 
 #include "base/error.h"
-#include "platform/win32/code_text.h"
 #include "platform/win32/common_dialogs.h"
-#include "platform/win32/edit_history.h"
 #include "platform/win32/menus.h"
 #include "platform/win32/registry.h"
 #include "platform/win32/resources.h"
-#include "platform/win32/rtf_pieces.h"
 #include "platform/win32/strings.h"
 
 namespace {
 
 using namespace ui::literals;
 using namespace std::string_literals;
-
-TEST(CodeText, ALineEndIsWhatTheDocumentUses) {
-  EXPECT_EQ(win32::lineEndOf("a\nb\r\n"), win32::LineEnd::CrLf);
-  EXPECT_EQ(win32::lineEndOf("a\rb\n"), win32::LineEnd::Lf);
-  EXPECT_EQ(win32::lineEndOf("a\rb"), win32::LineEnd::Cr);
-  EXPECT_EQ(win32::lineEndOf("ab"), win32::LineEnd::CrLf);
-  EXPECT_EQ(win32::controlFromBytes("a\r\n\r\r\n\n", win32::LineEnd::CrLf), L"a\r\xE00D\r\xE00A");
-  EXPECT_EQ(win32::controlFromBytes("a\r\n\n", win32::LineEnd::Lf), L"a\xE00D\r\r");
-  // The control would show nothing for a byte without a letter.
-  EXPECT_EQ(win32::controlFromBytes("\xE1\x83\x90\x80", win32::LineEnd::CrLf), L"\u00E1\u0192\uE090\u20AC");
-}
-
-TEST(CodeText, EveryByteComesBack) {
-  std::string all;
-  for (int byte = 0; byte < 256; ++byte) all += static_cast<char>(byte);
-  std::string bytes;
-  win32::LineBreaks breaks;
-  for (const win32::LineEnd lineEnd : {win32::LineEnd::CrLf, win32::LineEnd::Lf, win32::LineEnd::Cr}) {
-    ASSERT_TRUE(win32::bytesFromControl(win32::controlFromBytes(all, lineEnd), lineEnd, bytes, breaks));
-    EXPECT_EQ(bytes, all);
-  }
-  EXPECT_FALSE(win32::bytesFromControl(L"\u10D0", win32::LineEnd::CrLf, bytes, breaks));
-}
-
-TEST(CodeText, PositionsGoBothWays) {
-  std::string bytes;
-  win32::LineBreaks breaks;
-  ASSERT_TRUE(win32::bytesFromControl(L"ab\r\rc", win32::LineEnd::CrLf, bytes, breaks));
-  ASSERT_EQ(bytes, "ab\r\n\r\nc");
-  const int byteOf[] = {0, 1, 2, 4, 6, 7};
-  for (int at = 0; at < 6; ++at) {
-    EXPECT_EQ(breaks.byteOf(at), byteOf[at]);
-    EXPECT_EQ(breaks.controlOf(byteOf[at]), at);
-  }
-  EXPECT_EQ(breaks.controlOf(3), 2);  // inside a line end
-  EXPECT_EQ(breaks.controlOf(5), 3);
-  EXPECT_EQ(breaks.lineOf(4), 2);
-  EXPECT_EQ(breaks.startOf(2), 4);
-  EXPECT_FALSE(win32::bytesFromControl(L"\u10D0", win32::LineEnd::CrLf, bytes, breaks));
-}
-
-TEST(EditHistory, AnEditIsWhatDiffersAndNeverHalfALineEnd) {
-  const auto edit = win32::editBetween("ab\r\ncd", "ab\r\n\r\ncd");
-  ASSERT_TRUE(edit.has_value());
-  EXPECT_EQ("ab\r\ncd"s.replace(edit->at, edit->removed.size(), edit->inserted), "ab\r\n\r\ncd");
-  EXPECT_NE(edit->inserted.substr(0, 1), "\n");
-  EXPECT_FALSE(win32::editBetween("same", "same").has_value());
-  const auto lone = win32::editBetween("a\rb", "a\r\nb");
-  EXPECT_EQ(lone->at, 1U);
-}
-
-TEST(EditHistory, TypingJoinsUntilSomethingElseHappens) {
-  win32::EditHistory history;
-  history.addTyped({0, "", "a"});
-  history.addTyped({1, "", "b"});
-  history.addTyped({2, "", "\r\n"});
-  history.addTyped({4, "", "c"});
-  EXPECT_EQ(history.undo().inserted, "c");
-  EXPECT_EQ(history.undo().inserted, "\r\n");
-  EXPECT_EQ(history.undo().inserted, "ab");
-  EXPECT_FALSE(history.canUndo());
-  EXPECT_EQ(history.redo().inserted, "ab");
-  history.add({2, "", "x"});
-  EXPECT_FALSE(history.canRedo());
-}
-
-TEST(RtfPieces, EachIsWholeAndCarriesTheFormatOn) {
-  std::string rtf = "{\\rtf1\\ansi{\\fonttbl{\\f0 A;}}{\\colortbl;}\\pard\\f0\\cf2 ";
-  for (int i = 0; i < 60; ++i) rtf += "x\\{\\par\r\n";
-  rtf += "end\\'00}";
-  const auto pieces = win32::rtfPieces(rtf);
-  ASSERT_EQ(pieces.size(), 2U);
-  for (const std::string& piece : pieces) {
-    EXPECT_EQ(piece.find("{\\rtf1\\ansi{\\fonttbl{\\f0 A;}}{\\colortbl;}"), 0U);
-    EXPECT_EQ(piece.back(), '}');
-  }
-  EXPECT_NE(pieces[1].find("\\cf2 "), std::string::npos);
-  EXPECT_NE(pieces[1].find("\\u-8192?"), std::string::npos);
-}
 
 TEST(Menus, AreFoundByKeyAndByLetterInAnyLayout) {
   ui::MenuItem open{"|3|×ÀÉËÉ"_legacy, 11, ui::ctrl('O'), {}, true, false, false, {}};
@@ -153,9 +71,7 @@ TEST(Resources, LetterTablesAreThere) {
   EXPECT_THROW(win32::customResource("NOT_THERE"), base::Error);
 }
 
-TEST(Strings, RunsWithoutBytesGoThroughTheRule) {
-  const auto rule = [](const std::string& utf8) { return "<" + utf8 + ">"; };
-  EXPECT_EQ(win32::bytesFromTyped(L"a\u10D0\u10D1b\u20AC", rule), "a<\u10D0\u10D1>b\x80");
+TEST(Strings, BytesComeBack) {
   EXPECT_EQ(win32::bytesFromWide(win32::wideFromBytes("a\0b\x81\xFF"s)), "a\0b\x81\xFF"s);
 }
 

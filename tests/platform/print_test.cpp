@@ -47,6 +47,12 @@ TEST(GdiCanvas, LettersStandWhereTheyAreTold) {
       EXPECT_NEAR(edges[static_cast<std::size_t>(i)] - edges[0], i * 12.3 * dpi / 96, 1.01);
     }
   }
+  // Letters of several bytes, and of two units, take one place each.
+  style.font = {"Zervo Mono", 9, false, false, ui::CharacterSet::Utf8};
+  const std::vector<int> utf8 = strokes(96, "|ა😀\xFF|", style);
+  ASSERT_GE(utf8.size(), 4U);
+  EXPECT_NEAR(utf8.back() - utf8.front(), 4 * 12.3, 1.01);
+  style.font = {"Zervo ISO", 9, false, false, {}};
   // A larger scale draws a thicker stroke from the same place on.
   style.advance = 24.6;
   style.scale = 2;
@@ -60,6 +66,9 @@ TEST(SystemPrinter, ALettersRoomIsThatOfTheFont) {
   const double size = 11.0 * 96 / 72;
   EXPECT_NEAR(cell.width, size * 1233 / 2048, 0.02);  // as DejaVu Sans Mono has them
   EXPECT_NEAR(cell.height, size * 2384 / 2048, 0.05);
+  const ui::CodeCell utf8 = printer.codeCell({"", 11, false, false, ui::CharacterSet::Utf8});
+  EXPECT_EQ(utf8.font.name, "Zervo Mono");
+  EXPECT_NEAR(utf8.width, cell.width, 0.001) << "Georgian letters are as wide";
 }
 
 TEST(PrintJob, ADeviceThatRefusesIsTold) {

@@ -36,6 +36,11 @@ TEST(FtpAccounts, AFileComesBackByteForByteAndDamageIsNamed) {
             (FtpFields{"საიტი", "h", "u", "პაროლი", "/ვებ"}));
   EXPECT_ANY_THROW(project::accountLine({"a\x01", "", "", "", ""}));
 
+  // What another editor has ended with a line end is whole.
+  const auto ended = project::parseAccounts(text + "\r\n");
+  EXPECT_TRUE(ended.damage.empty());
+  EXPECT_EQ(project::formatAccounts(ended.lines), text);
+
   const auto damaged = project::parseAccounts(line +
                                               "\n\r\nonly\x01two\r\nC\x01h\x01u\x01"
                                               "12345\x01/");
@@ -52,6 +57,10 @@ class FakeFtp : public ui::Ftp {
     open = failConnect.done();
     return failConnect;
   }
+  ui::FtpResult askUtf8(bool& utf8, int, const ui::FtpWatch&) override {
+    utf8 = speaksUtf8;
+    return {};
+  }
   ui::FtpResult put(const std::string& local, const std::string& remote, bool binary, int,
                     const ui::FtpWatch& watch) override {
     calls.push_back("put " + remote + (binary ? " binary" : " ascii"));
@@ -64,7 +73,7 @@ class FakeFtp : public ui::Ftp {
   }
   bool connected() const override { return open; }
 
-  bool open = false;
+  bool open = false, speaksUtf8 = false;
   std::string failing;
   ui::FtpResult failConnect, failPut{ui::FtpResult::End::Failed, 12003, "552 Quota for secret exceeded\r\n"};
   std::vector<std::string> calls;
@@ -75,9 +84,10 @@ using Calls = std::vector<std::string>;
 class Upload : public tests::MainWindowTest {
  protected:
   Upload() { start(); }
-  void account(const std::string& directory) {
+  void account(const std::string& directory, const std::string& password = "secret",
+               const std::string& user = "me", const std::string& host = "host:2121") {
     base::writeFile(platform.folder + "\\FTP.ini",
-                    project::accountLine({"A", "host:2121", "me", "secret", directory}));
+                    project::accountLine({"A", host, user, password, directory}));
   }
   void show(const std::function<void(project::frmupload&)>& act) {
     project::frmupload form(*H, ftp);
@@ -133,8 +143,72 @@ TEST_F(Upload, AllSavedDocumentsGoUntilOneFails) {
   ftp.open = false;
   send();
   EXPECT_EQ(ftp.calls, (Calls{"connect host 2121 me secret", "put /a.htm ascii", "put /b.css ascii"}));
-  EXPECT_NE(log.find("552 Quota for *** exceeded"), std::string::npos) << log;
+  EXPECT_NE(log.find("(552)."), std::string::npos) << log;
+  EXPECT_NE(log.find("552 ***\r\n"), std::string::npos) << "the words had the password in them: " << log;
   EXPECT_TRUE(log.ends_with(ui::display("»»» ×ÀÉËÄÁÉÓ ÂÀÃÀÔÀÍÀ ÛÄßÚÃÀ."_legacy)));
+}
+
+TEST_F(Upload, TheChosenTypeStaysWhateverFileIsChosen) {
+  account("");
+  const std::string zip = folder.make("a.zip", "PK");
+  show([&](project::frmupload& form) {
+    form.OPB.userChoose();
+    platform.openAnswers = {{zip}};
+    form.Cfile.click();
+    EXPECT_EQ(form.Tfile.text(), zip);
+    form.Cupload.click();
+  });
+  EXPECT_EQ(ftp.calls.at(1), "put /a.zip binary");
+}
+
+TEST_F(Upload, BytesAreThoseOfTheAccountsFileAndOfTheServersNames) {
+  account("", "pass\u00e9", "user\u20ac", " FTP://host:2121/ ");
+  const std::string french = folder.make("caf\u00e9.htm", "x");
+  const std::string georgian = folder.make("გვ.htm", "x");
+  const auto sent = [&](const std::string& file) {
+    ftp.calls.clear();
+    show([&](project::frmupload& form) {
+      form.Tfile.userSet(file);
+      form.Cupload.click();
+    });
+    EXPECT_EQ(ftp.calls.at(0), "connect host 2121 user\x80 pass\xE9");
+    return ftp.calls.at(1);
+  };
+  EXPECT_EQ(sent(french), "put /caf\xE9.htm ascii");
+  EXPECT_NE(log.find("Windows-1252"), std::string::npos);
+  EXPECT_EQ(sent(georgian), "put /გვ.htm ascii");
+  ftp.speaksUtf8 = true;
+  EXPECT_EQ(sent(french), "put /caf\u00e9.htm ascii");
+}
+
+TEST_F(Upload, ReasonsAreSentencesAndTellNothingOfAShortPassword) {
+  account("", "o");
+  ftp.failing = "a.htm";
+  const auto told = [&](int error, const std::string& words) {
+    ftp.failPut = {ui::FtpResult::End::Failed, error, words};
+    show([&](project::frmupload& form) {
+      form.Tinf.setText("");
+      form.Tfile.userSet(folder.make("a.htm", "x"));
+      form.Cupload.click();
+    });
+    return log.substr(log.find(ui::display("ÛÄÝÃÏÌÀ!"_legacy)));
+  };
+  EXPECT_EQ(told(12003, "550-No room\r\n550 or no folder").find("No"), std::string::npos) << log;
+  EXPECT_NE(log.find("550 ***"), std::string::npos) << log;
+  EXPECT_EQ(told(0, "").find('0'), std::string::npos) << log;
+  EXPECT_NE(told(10061, "").find("Passive"), std::string::npos) << log;
+}
+
+TEST_F(Upload, AFolderThatCannotBeWrittenIsToldOnce) {
+  platform.folder = folder.path() + "\\missing";
+  project::frmupload form(*H, ftp);
+  int boxes = 0;
+  for (int i = 0; i < 2; ++i) {
+    platform.modal = {[&](ui::Form&) {}, [&](ui::Form&) { ++boxes; }};
+    platform.showModal(form);
+  }
+  platform.modal.clear();
+  EXPECT_EQ(boxes, 1);
 }
 
 TEST_F(Upload, AFailedConnectionSendsNothing) {

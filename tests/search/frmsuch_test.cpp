@@ -1,6 +1,7 @@
 // The dialog on a whole main window without a window.
 #include "search/frmsuch.h"
 
+#include "convert/attach.h"
 #include "search/attach.h"
 #include "tests/support/main_window.h"
 
@@ -54,7 +55,7 @@ class FrmsuchTest : public tests::MainWindowTest {
       open(folder.make(name, text));
     }
   }
-  void typeInto(ui::TextBox& box, int key) { box.userSet(box.text() + static_cast<char>(box.keyPress(key))); }
+  void typeInto(ui::TextBox& box, int key) { box.userSet(box.text() + box.keyPress(key)); }
 
   using Steps = std::vector<std::string>;
   std::unique_ptr<search::Search> part;
@@ -458,6 +459,26 @@ TEST_F(FrmsuchTest, ReplaceAllKeepsToItsScopeAndIsOneStep) {
   EXPECT_EQ(replaced(3, "x.xx.x.x"), "x.xyy.yy.yy");
 }
 
+TEST_F(FrmsuchTest, TheWindowMakesRoomForTheHit) {
+  struct Peer : ui::FormPeer {
+    void captionChanged() override {}
+    void close() override {}
+    void moveOff(const ui::ScreenArea& area) override { areas.push_back(area); }
+    std::vector<ui::ScreenArea> areas;
+  } window;
+  showText("a b a");
+  find("a");
+  static_cast<ui::Form&>(D).open(&window);
+  D.Czuch.click();
+  EXPECT_TRUE(window.areas.empty()) << "out of view";
+  T1.onScreen = {10, 20, 30, 40};
+  D.Czuch.click();
+  D.MBAlfind.click();
+  D.List1.userSelect(0);
+  D.detach();
+  EXPECT_EQ(window.areas, (std::vector<ui::ScreenArea>(2, *T1.onScreen)));
+}
+
 TEST_F(FrmsuchTest, ReplaceAllWorksOnThePresentSelection) {
   showText("x x x x x");
   find("x");
@@ -681,6 +702,78 @@ TEST_F(FrmsuchTest, TypesGeorgianByTheFontAndTheTypingMode) {
   D.activated();
   EXPECT_EQ(D.Tcvla.font(), T1.font);
   EXPECT_EQ(typed(D.Text1), "\xE0\xD6h\xF4");
+}
+
+// With the typing modes, as in the whole program.
+class FrmsuchInAView : public tests::MainWindowTest {
+ protected:
+  FrmsuchInAView() : converting(convert::attach(*H)), part(search::attach(*H)), D(part->dialog()) { start(); }
+
+  std::unique_ptr<convert::Attached> converting;
+  std::unique_ptr<search::Search> part;
+  frmsuch& D;
+};
+
+TEST_F(FrmsuchInAView, GeorgianTypedInTheFieldsMatchesWhatTheDocumentHolds) {
+  H->runCommand(mnusuch);
+  struct Case {
+    int mode;
+    ui::TextView view;
+    char32_t typed;
+    std::string bytes;
+  };
+  using enum ui::TextView;
+  const Case table[] = {{mnuens1, EightBit, U'ქ', "\xD8"},
+                        {mnuens2, EightBit, U'ქ', "q"},
+                        {mnuens3, Utf8, U'ქ', "ქ"},
+                        {mnuens0, Utf8, U'Ж', "Ж"},
+                        {mnuens0, EightBit, U'ქ', "ქ"}};
+  for (const Case& row : table) {
+    H->mnunewF_Click(".HTML", "");
+    H->runCommand(row.mode);
+    T1.setView(row.view);
+    H->viewChanged();
+    T1.typeCharacter(row.typed);
+    EXPECT_EQ(D.Tcvla.font(), T1.currentFont());
+    EXPECT_EQ(D.Text1.typed(row.typed), row.bytes) << row.mode;
+    EXPECT_NE(T1.text().find(row.bytes), std::string::npos) << row.mode;
+  }
+  // A Latin key in a field of UTF-8, as in the document.
+  H->runCommand(mnuens1);
+  T1.setView(ui::TextView::Utf8);
+  H->viewChanged();
+  EXPECT_EQ(D.Text1.keyPress('q'), "ქ");
+  EXPECT_EQ(D.Text1.keyPress('<'), "<");
+}
+
+TEST_F(FrmsuchInAView, TheFieldsTextFollowsTheDocumentWhereItLosesNothing) {
+  H->Props.ModeOfPage = true;
+  for (const auto& [name, text] :
+       {std::pair{"utf8.html", "ქართული, ქართული"},
+        {"iso.html", "\xD8\xC0\xD2\xC8\xD6\xCB\xC9 \xD8\xC0\xD2\xC8\xD6\xCB\xC9"},
+        {"russian.html", "\xCF\xF0\xE8\xE2\xE5\xF2, \xEA\xE0\xEA \xE4\xE5\xEB\xE0"}}) {
+    open(folder.make(name, text));
+  }
+  clickNode("utf8.html");
+  H->runCommand(mnusuch);
+  D.Text1.userSet("ქართული");
+  D.Tcvla.userSet("x");
+  D.CKutf8.userSet(true);
+  D.Czuch.click();
+  EXPECT_EQ(T1.selLength(), 21);
+  clickNode("russian.html");
+  EXPECT_EQ(D.Text1.text(), "ქართული") << "no such letters there";
+  clickNode("iso.html");
+  EXPECT_EQ(D.Text1.text(), "\xD8\xC0\xD2\xC8\xD6\xCB\xC9");
+  EXPECT_EQ(D.Tcvla.text(), "x");
+  D.CKutf8.userSet(false);
+  D.Czuch.click();
+  EXPECT_EQ(T1.selLength(), 7);
+  clickNode("utf8.html");
+  EXPECT_EQ(D.Text1.text(), "ქართული");
+  D.Text1.userSet("\xE1\x83");
+  clickNode("iso.html");
+  EXPECT_EQ(D.Text1.text(), "\xE1\x83") << "bytes that are no letters stay";
 }
 
 TEST_F(FrmsuchTest, DeletesEveryOccurrenceOfTheMarkedText) {

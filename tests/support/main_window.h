@@ -25,6 +25,7 @@ class FakeMainPeer : public ui::MainPeer {
   void setPaneWidths(ui::PaneWidths newWidths) override { widths = newWidths; }
   void nextPane() override { ++panesPassed; }
   void toolBarChanged() override {}
+  void toolBarStates() override {}
   void menusChanged() override {}
 
   int shown = 0;

@@ -81,6 +81,7 @@ class MemoryCodeView : public ui::CodeView {
   std::string selText() const override {
     return now().text.substr(static_cast<std::size_t>(now().start), static_cast<std::size_t>(now().length));
   }
+  std::optional<ui::ScreenArea> selectionOnScreen() const override { return onScreen; }
   void replaceSelection(std::string_view text) override {
     auto next = now();
     next.text.replace(static_cast<std::size_t>(next.start), static_cast<std::size_t>(next.length), text);
@@ -151,6 +152,7 @@ class MemoryCodeView : public ui::CodeView {
   ui::Language colouredAs = ui::Language::None;  // as languageChanged() found it
   std::optional<std::vector<ui::ColourRange>> colours;  // nothing: plain
   std::size_t limit = std::string::npos;                // longer texts cannot be loaded
+  std::optional<ui::ScreenArea> onScreen;               // of any selection
 
  private:
   Document::State& now() const { return shown_->now; }

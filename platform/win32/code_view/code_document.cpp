@@ -32,12 +32,12 @@ sptr_t Workshop::make(std::string_view text) {
   control_.call(SCI_APPENDTEXT, text.size(), text.data());
   control_.call(SCI_SETUNDOCOLLECTION, 1);
   control_.call(SCI_EMPTYUNDOBUFFER);
-  control_.takeLineEnd();
   control_.call(SCI_SETSTATUS, SC_STATUS_OK);
   if (control_.length() != static_cast<sptr_t>(text.size())) {
     release(made);
     throwTooLong();
   }
+  control_.followLineEnds();
   return made;
 }
 
@@ -48,22 +48,17 @@ void Workshop::release(sptr_t document) {
 
 void ScintillaDocument::setText(std::string_view text) {
   const Scintilla& control = workshop_->with(handle_);
-  control.call(SCI_BEGINUNDOACTION);
   Scintilla::Replaced result = Scintilla::Replaced::Nothing;
-  try {
+  {
+    const UndoGroup group(control);
     result = control.replaceAll(text);
-  } catch (...) {
-    control.call(SCI_ENDUNDOACTION);
-    throw;
+    if (result != Scintilla::Replaced::Nothing) control.call(SCI_ADDUNDOACTION, kStepMark, UNDO_NONE);
   }
-  if (result != Scintilla::Replaced::Nothing) control.call(SCI_ADDUNDOACTION, kStepMark, UNDO_NONE);
-  control.call(SCI_ENDUNDOACTION);
-  if (result != Scintilla::Replaced::Broken) {
-    control.takeLineEnd();
-    return;
+  if (result == Scintilla::Replaced::Broken) {
+    control.call(SCI_UNDO);
+    throwTooLong();
   }
-  control.call(SCI_UNDO);
-  throwTooLong();
+  control.followLineEnds();
 }
 
 }  // namespace win32

@@ -19,6 +19,7 @@ CodeView::CodeView()
   watch(parent_);
   watch(hwnd());
   sci_.call(SCI_SETMODEVENTMASK, SC_MOD_INSERTTEXT | SC_MOD_DELETETEXT | SC_MOD_CONTAINER);
+  sci_.call(SCI_SETCOMMANDEVENTS, 0);  // what they say SCN_MODIFIED says
   sci_.call(SCI_USEPOPUP, SC_POPUP_NEVER);
   sci_.call(SCI_SETMULTIPLESELECTION, 0);
   sci_.call(SCI_SETPASTECONVERTENDINGS, 0);
@@ -74,10 +75,10 @@ std::shared_ptr<ui::CodeDocument> CodeView::makeDocument(std::string_view text) 
 }
 
 void CodeView::keepPlace() const {
-  document_->place = {sci_.call(SCI_GETANCHOR), sci_.call(SCI_GETCURRENTPOS),
-                      sci_.call(SCI_DOCLINEFROMVISIBLE,
-                                static_cast<uptr_t>(sci_.call(SCI_GETFIRSTVISIBLELINE))),
-                      sci_.call(SCI_GETXOFFSET)};
+  document_->place = {
+      sci_.call(SCI_GETANCHOR), sci_.call(SCI_GETCURRENTPOS),
+      sci_.call(SCI_DOCLINEFROMVISIBLE, static_cast<uptr_t>(sci_.call(SCI_GETFIRSTVISIBLELINE))),
+      sci_.call(SCI_GETXOFFSET)};
 }
 
 void CodeView::restorePlace() const {
@@ -129,10 +130,9 @@ void CodeView::finishEdits() {
   if (edits_ > 0) return;
   const bool textChanged = std::exchange(changedInside_, false);
   const bool formChanged = std::exchange(reformedInside_, false);
+  if (formChanged) sci_.followLineEnds();
   if (textChanged) changed();
-  if (!formChanged) return;
-  sci_.takeLineEnd();
-  reformed();
+  if (formChanged) reformed();
 }
 
 void CodeView::setText(std::string_view text, int caret) {
@@ -203,29 +203,50 @@ std::string CodeView::selText() const {
       text().substr(static_cast<std::size_t>(selStart()), static_cast<std::size_t>(selLength())));
 }
 
+std::optional<ui::ScreenArea> CodeView::selectionOnScreen() const {
+  const auto pointOf = [this](int at) {
+    return POINT{static_cast<LONG>(sci_.call(SCI_POINTXFROMPOSITION, 0, at)),
+                 static_cast<LONG>(sci_.call(SCI_POINTYFROMPOSITION, 0, at))};
+  };
+  const POINT from = pointOf(selStart());
+  const POINT to = pointOf(selStart() + selLength());
+  const auto line = static_cast<LONG>(sci_.call(SCI_TEXTHEIGHT));
+  RECT view;
+  GetClientRect(hwnd(), &view);
+  RECT area{from.x, from.y, to.x, to.y + line};
+  if (from.y != to.y) area = {view.left, from.y, view.right, to.y + line};
+  if (!IntersectRect(&area, &area, &view)) return std::nullopt;
+  MapWindowPoints(hwnd(), nullptr, reinterpret_cast<POINT*>(&area), 2);
+  return ui::ScreenArea{area.left, area.top, area.right, area.bottom};
+}
+
 void CodeView::replaceSelection(std::string_view text) {
+  const sptr_t start = selStart();
+  const auto size = static_cast<sptr_t>(text.size());
+  bool broken = false;
   {
     const Edits inside(*this);
-    sci_.call(SCI_BEGINUNDOACTION);
-    const std::string own(text);  // it may be a part of the document
-    sci_.call(SCI_TARGETFROMSELECTION);
-    const sptr_t start = sci_.call(SCI_GETTARGETSTART);
-    sci_.call(SCI_REPLACETARGET, own.size(), own.data());
-    sci_.call(SCI_ENDUNDOACTION);
-    const sptr_t end = start + static_cast<sptr_t>(own.size());
+    {
+      const UndoGroup group(sci_);
+      broken = sci_.exchange(start, start + selLength(), text) == Scintilla::Replaced::Broken;
+    }
+    if (broken && edits_ == 1) sci_.call(SCI_UNDO);  // else the step() around it is undone
+    const sptr_t end = broken ? start : start + size;
     sci_.call(SCI_SETSEL, static_cast<uptr_t>(end), end);
     sci_.call(SCI_SCROLLCARET);
     lastTypedEnd_ = -1;
   }
   finishEdits();
   selectionChanged();
+  if (broken) throwTooLong();
 }
 
 ui::CaretPlace CodeView::caret() const {
   const sptr_t at = sci_.call(SCI_GETSELECTIONEND);
   const sptr_t line = sci_.call(SCI_LINEFROMPOSITION, static_cast<uptr_t>(at));
   const sptr_t start = sci_.call(SCI_POSITIONFROMLINE, static_cast<uptr_t>(line));
-  const sptr_t letters = isUtf8() ? sci_.call(SCI_COUNTCHARACTERS, static_cast<uptr_t>(start), at) : at - start;
+  const sptr_t letters =
+      isUtf8() ? sci_.call(SCI_COUNTCHARACTERS, static_cast<uptr_t>(start), at) : at - start;
   return {static_cast<int>(line) + 1, static_cast<int>(letters) + 1};
 }
 

@@ -3,6 +3,7 @@
 
 #include <functional>
 #include <memory>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -42,6 +43,7 @@ class CodeView final : public ui::CodeView, private Subclass<CodeView> {
   int selLength() const override { return static_cast<int>(sci_.call(SCI_GETSELECTIONEND)) - selStart(); }
   void select(int start, int length) override;
   std::string selText() const override;
+  std::optional<ui::ScreenArea> selectionOnScreen() const override;
   void replaceSelection(std::string_view text) override;
   ui::CaretPlace caret() const override;
   void paste() override;

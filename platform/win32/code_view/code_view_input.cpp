@@ -25,8 +25,8 @@ bool controlIsDown() {
 
 // A step of undoing ends where a word does.
 bool continuesWord(char32_t character) {
-  return character > 0x7F || (character >= '0' && character <= '9') || (character >= 'A' && character <= 'Z') ||
-         (character >= 'a' && character <= 'z') || character == '_';
+  return character > 0x7F || (character >= '0' && character <= '9') ||
+         (character >= 'A' && character <= 'Z') || (character >= 'a' && character <= 'z') || character == '_';
 }
 
 // Ctrl with a letter, by the key and not by what the layout makes of it.
@@ -60,12 +60,10 @@ void CodeView::insertTyped(std::string_view bytes) {
   {
     const Edits inside(*this);
     if (selLength() > 0) {
-      sci_.call(SCI_BEGINUNDOACTION);
-      sci_.call(SCI_TARGETFROMSELECTION);
-      const sptr_t start = sci_.call(SCI_GETTARGETSTART);
-      sci_.call(SCI_REPLACETARGET, bytes.size(), bytes.data());
+      const UndoGroup group(sci_);
+      const sptr_t start = selStart();
+      sci_.replace(start, start + selLength(), bytes);
       sci_.call(SCI_SETEMPTYSELECTION, static_cast<uptr_t>(start) + bytes.size());
-      sci_.call(SCI_ENDUNDOACTION);
     } else {
       if (sci_.call(SCI_GETOVERTYPE) != 0) {
         const sptr_t at = sci_.call(SCI_GETCURRENTPOS);
@@ -177,14 +175,13 @@ void CodeView::dropOwn(sptr_t at) {
   if (moved.empty() || (at >= from && at <= to)) return;
   {
     const Edits inside(*this);
-    sci_.call(SCI_BEGINUNDOACTION);
-    sci_.replace(at, at, moved);
+    const UndoGroup group(sci_);
+    if (sci_.exchange(at, at, moved) == Scintilla::Replaced::Broken) throwTooLong();
     if (!copies) {
       const sptr_t shift = at <= from ? to - from : 0;
       sci_.replace(from + shift, to + shift, "");
       if (at > from) at -= to - from;
     }
-    sci_.call(SCI_ENDUNDOACTION);
     sci_.call(SCI_SETSEL, static_cast<uptr_t>(at), at + static_cast<sptr_t>(moved.size()));
     lastTypedEnd_ = -1;
   }

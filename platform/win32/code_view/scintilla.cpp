@@ -35,17 +35,28 @@ void Scintilla::replace(sptr_t from, sptr_t to, std::string_view text) const {
   call(SCI_REPLACETARGET, text.size(), text.data());
 }
 
-void Scintilla::takeLineEnd() const {
-  const base::LineEnd end = base::lineEndOf(text());
-  call(SCI_SETEOLMODE, end == base::LineEnd::CrLf ? SC_EOL_CRLF : end == base::LineEnd::Lf ? SC_EOL_LF : SC_EOL_CR);
+bool Scintilla::holds(std::string_view part) const {
+  const std::string_view now = text();
+  const std::less<> before;
+  return !before(part.data(), now.data()) && before(part.data(), now.data() + now.size());
+}
+
+Scintilla::Replaced Scintilla::exchange(sptr_t from, sptr_t to, std::string_view text) const {
+  if (holds(text)) return exchange(from, to, std::string(text));
+  const auto removed = static_cast<std::size_t>(to - from);
+  const auto size = static_cast<std::size_t>(length());
+  if (removed == 0 && text.empty()) return Replaced::Nothing;
+  if (!roomForChange(size, removed, text.size())) throwTooLong();
+  call(SCI_SETSTATUS, SC_STATUS_OK);
+  replace(from, to, text);
+  const bool broken = length() != static_cast<sptr_t>(size - removed + text.size());
+  call(SCI_SETSTATUS, SC_STATUS_OK);
+  return broken ? Replaced::Broken : Replaced::Done;
 }
 
 Scintilla::Replaced Scintilla::replaceAll(std::string_view to) const {
+  if (holds(to)) return replaceAll(std::string(to));
   const std::string_view now = text();
-  const std::less<> before;
-  if (!before(to.data(), now.data()) && before(to.data(), now.data() + now.size())) {
-    return replaceAll(std::string(to));  // a part of this very text
-  }
   const auto head = static_cast<std::size_t>(
       std::mismatch(now.begin(), now.end(), to.begin(), to.end()).first - now.begin());
   if (head == now.size() && head == to.size()) return Replaced::Nothing;
@@ -53,14 +64,15 @@ Scintilla::Replaced Scintilla::replaceAll(std::string_view to) const {
   std::size_t tail = 0;
   while (tail < most && now[now.size() - 1 - tail] == to[to.size() - 1 - tail]) ++tail;
 
-  const std::size_t removed = now.size() - head - tail;
-  const std::size_t added = to.size() - head - tail;
-  if (!roomForChange(now.size(), removed, added)) throwTooLong();
-  call(SCI_SETSTATUS, SC_STATUS_OK);
-  replace(static_cast<sptr_t>(head), static_cast<sptr_t>(head + removed), to.substr(head, added));
-  const bool broken = length() != static_cast<sptr_t>(to.size());
-  call(SCI_SETSTATUS, SC_STATUS_OK);
-  return broken ? Replaced::Broken : Replaced::Done;
+  return exchange(static_cast<sptr_t>(head), static_cast<sptr_t>(now.size() - tail),
+                  to.substr(head, to.size() - head - tail));
+}
+
+void Scintilla::followLineEnds() const {
+  const base::LineEnd end = base::lineEndOf(text());
+  call(SCI_SETEOLMODE, end == base::LineEnd::CrLf ? SC_EOL_CRLF
+                       : end == base::LineEnd::Lf ? SC_EOL_LF
+                                                  : SC_EOL_CR);
 }
 
 }  // namespace win32

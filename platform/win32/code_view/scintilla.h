@@ -26,18 +26,35 @@ class Scintilla {
   sptr_t length() const { return call(SCI_GETLENGTH); }
   // The document's own bytes, valid until the text changes.
   std::string_view text() const;
-  // Makes `to` of the text, exchanging only what differs. Throws base::Error(OutOfMemory) when there is not
-  // enough memory from the start, and nothing has changed then.
+  // Puts `text`, which may be a part of the document, in place of a range. Throws base::Error(OutOfMemory)
+  // when there is not enough memory from the start, and nothing has changed then.
   enum class Replaced { Nothing, Done, Broken };  // Broken: memory ended in the middle; undo it
+  Replaced exchange(sptr_t from, sptr_t to, std::string_view text) const;
+  // Makes `to` of the text, exchanging only what differs.
   Replaced replaceAll(std::string_view to) const;
+  // Enter writes from now on what most lines end with.
+  void followLineEnds() const;
+  // For small texts.
   void replace(sptr_t from, sptr_t to, std::string_view text) const;
-  // From here on Enter writes the line end that the text has.
-  void takeLineEnd() const;
 
  private:
+  bool holds(std::string_view part) const;
+
   HWND window_ = nullptr;
   SciFnDirect function_ = nullptr;
   sptr_t object_ = 0;
+};
+
+// What is edited while it lives is one undo step.
+class UndoGroup {
+ public:
+  explicit UndoGroup(const Scintilla& control) : control_(control) { control_.call(SCI_BEGINUNDOACTION); }
+  UndoGroup(const UndoGroup&) = delete;
+  UndoGroup& operator=(const UndoGroup&) = delete;
+  ~UndoGroup() { control_.call(SCI_ENDUNDOACTION); }
+
+ private:
+  const Scintilla& control_;
 };
 
 // The mark of a step() in the history: met when the step is undone or redone.

@@ -1,8 +1,13 @@
 // The disk of Windows.
 #include "base/disk.h"
 
+#include <fcntl.h>
 #include <io.h>
+#include <share.h>
+#include <sys/stat.h>
 
+#include <algorithm>
+#include <atomic>
 #include <cerrno>
 #include <utility>
 
@@ -12,18 +17,21 @@
 namespace base::disk {
 namespace {
 
-// Beyond this length Windows wants the "\\?\" form of an absolute path.
+// Beyond this length Windows wants the "\\?\" form of a path, which it then takes as it is.
 constexpr std::size_t kLongPath = 240;
+constexpr std::wstring_view kAsItIs = L"\\\\?\\";
 
 std::wstring native(std::string_view path) {
-  std::string text = replaceAll(path, "/", "\\");
-  const bool absolute = text.size() > 2 && text[1] == ':' && text[2] == '\\';
-  if (absolute && text.size() >= kLongPath) text.insert(0, "\\\\?\\");
+  const std::string text = replaceAll(path, "/", "\\");
   const int length = static_cast<int>(text.size());
   std::wstring wide(text.size(), L'\0');  // UTF-16 is never longer than UTF-8
   wide.resize(
       static_cast<std::size_t>(MultiByteToWideChar(CP_UTF8, 0, text.data(), length, wide.data(), length)));
-  return wide;
+  if (wide.size() < kLongPath || wide.starts_with(kAsItIs)) return wide;
+  std::wstring whole(GetFullPathNameW(wide.c_str(), 0, nullptr, nullptr), L'\0');
+  whole.resize(GetFullPathNameW(wide.c_str(), static_cast<DWORD>(whole.size()), whole.data(), nullptr));
+  return whole.starts_with(L"\\\\") ? std::wstring(kAsItIs).append(L"UNC").append(whole, 1)
+                                    : std::wstring(kAsItIs).append(whole);
 }
 
 // Empty where it is no Unicode: nobody could open a file by that name.
@@ -81,12 +89,16 @@ bool isFile(DWORD attributes) {
   return (attributes & (FILE_ATTRIBUTE_DIRECTORY | FILE_ATTRIBUTE_DEVICE)) == 0;
 }
 
+// For what a file is and where, not for what it holds.
+HANDLE openToAsk(std::string_view path) {
+  return CreateFileW(native(path).c_str(), 0, FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE, nullptr,
+                     OPEN_EXISTING, FILE_FLAG_BACKUP_SEMANTICS, nullptr);
+}
+
 // Volume and number of a file, which name it whatever its path; none when it is not there.
 struct Identity {
   explicit Identity(std::string_view path) {
-    const HANDLE file =
-        CreateFileW(native(path).c_str(), 0, FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE, nullptr,
-                    OPEN_EXISTING, FILE_FLAG_BACKUP_SEMANTICS, nullptr);
+    const HANDLE file = openToAsk(path);
     if (file == INVALID_HANDLE_VALUE) return;
     found = GetFileInformationByHandle(file, &information) != FALSE;
     CloseHandle(file);
@@ -102,6 +114,16 @@ struct Identity {
   BY_HANDLE_FILE_INFORMATION information{};
 };
 
+// The list of rights as it is stored; empty where the file system has none.
+std::string rightsOf(const std::wstring& path) {
+  DWORD size = 0;
+  GetFileSecurityW(path.c_str(), DACL_SECURITY_INFORMATION, nullptr, 0, &size);
+  std::string rights(size, '\0');
+  if (GetFileSecurityW(path.c_str(), DACL_SECURITY_INFORMATION, rights.data(), size, &size) == FALSE)
+    return {};
+  return rights;
+}
+
 }  // namespace
 
 Look look(std::string_view path) {
@@ -114,14 +136,56 @@ Look look(std::string_view path) {
   } else if (isFile(data.dwFileAttributes)) {
     found.kind = Kind::File;
     found.size = (static_cast<std::uintmax_t>(data.nFileSizeHigh) << 32U) | data.nFileSizeLow;
+    const Identity known(path);
+    if (known.found) found.names = std::max<unsigned>(1, known.information.nNumberOfLinks);
   } else {
     found.kind = Kind::Other;
   }
   return found;
 }
 
-std::FILE* open(std::string_view path, bool write) {
-  return _wfopen(native(path).c_str(), write ? L"wb" : L"rb");
+std::string target(std::string_view path) {
+  const HANDLE file = openToAsk(path);
+  if (file == INVALID_HANDLE_VALUE) return std::string(path);
+  std::wstring name(GetFinalPathNameByHandleW(file, nullptr, 0, FILE_NAME_NORMALIZED), L'\0');
+  name.resize(
+      GetFinalPathNameByHandleW(file, name.data(), static_cast<DWORD>(name.size()), FILE_NAME_NORMALIZED));
+  CloseHandle(file);
+  std::string found = utf8(name);
+  return found.empty() ? std::string(path) : found;
+}
+
+std::FILE* open(std::string_view path, Mode mode) {
+  if (mode == Mode::Read) return _wfopen(native(path).c_str(), L"rb");
+  int file = -1;
+  const bool make = mode == Mode::Create;
+  const errno_t code = _wsopen_s(&file, native(path).c_str(),
+                                 _O_RDWR | _O_BINARY | _O_NOINHERIT | (make ? _O_CREAT | _O_EXCL : 0),
+                                 make ? _SH_DENYRW : _SH_DENYNO, _S_IREAD | _S_IWRITE);
+  if (code != 0) {
+    errno = code;
+    return nullptr;
+  }
+  std::FILE* const stream = _fdopen(file, make ? "wb" : "r+b");
+  if (stream == nullptr) {
+    _close(file);
+  } else {
+    std::setvbuf(stream, nullptr, _IONBF, 0);
+  }
+  return stream;
+}
+
+int resize(std::FILE* file, std::uintmax_t size) {
+  const auto handle = reinterpret_cast<HANDLE>(_get_osfhandle(_fileno(file)));
+  FILE_END_OF_FILE_INFO end{};
+  end.EndOfFile.QuadPart = static_cast<LONGLONG>(size);
+  return result(SetFileInformationByHandle(handle, FileEndOfFileInfo, &end, sizeof end));
+}
+
+bool isFree(std::string_view path) {
+  const HANDLE file = CreateFileW(native(path).c_str(), GENERIC_READ, 0, nullptr, OPEN_EXISTING, 0, nullptr);
+  if (file != INVALID_HANDLE_VALUE) CloseHandle(file);
+  return file != INVALID_HANDLE_VALUE;
 }
 
 int flush(std::FILE* file) {
@@ -138,6 +202,31 @@ int rename(std::string_view from, std::string_view to) {
     if (code != EACCES || tried == kTries || look(from).kind != Kind::File) return code;
     pause(kPause);
   }
+}
+
+int replace(std::string_view from, std::string_view to) {
+  const std::wstring source = native(from);
+  const std::wstring kept = native(to);
+  // The system's own replacing keeps what a file system has beside; times, marks and rights are not kept by
+  // it everywhere.
+  WIN32_FILE_ATTRIBUTE_DATA data{};
+  if (GetFileAttributesExW(kept.c_str(), GetFileExInfoStandard, &data) == FALSE) return lastError();
+  // Asked first: replacing that fails on the way may leave a file of the system's own behind.
+  const HANDLE free =
+      CreateFileW(kept.c_str(), GENERIC_READ | DELETE, FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE,
+                  nullptr, OPEN_EXISTING, 0, nullptr);
+  if (free == INVALID_HANDLE_VALUE) return lastError();
+  CloseHandle(free);
+  const HANDLE file =
+      CreateFileW(source.c_str(), FILE_WRITE_ATTRIBUTES, 0, nullptr, OPEN_EXISTING, 0, nullptr);
+  if (file == INVALID_HANDLE_VALUE) return lastError();
+  SetFileTime(file, &data.ftCreationTime, nullptr, nullptr);
+  CloseHandle(file);
+  SetFileAttributesW(source.c_str(), data.dwFileAttributes);
+  // New files of a folder mostly have the rights of its old ones. Copied ones are not everywhere the same.
+  if (rightsOf(kept) != rightsOf(source)) return EPERM;
+  return result(
+      ReplaceFileW(kept.c_str(), source.c_str(), nullptr, REPLACEFILE_IGNORE_MERGE_ERRORS, nullptr, nullptr));
 }
 
 int remove(std::string_view path) {
@@ -180,6 +269,22 @@ std::string fullPath(std::string_view path) {
   std::wstring full(GetFullPathNameW(relative.c_str(), 0, nullptr, nullptr), L'\0');
   full.resize(GetFullPathNameW(relative.c_str(), static_cast<DWORD>(full.size()), full.data(), nullptr));
   return full.empty() ? std::string(path) : utf8(full);
+}
+
+std::string ownFolder() {
+  std::wstring folder(GetEnvironmentVariableW(L"LOCALAPPDATA", nullptr, 0), L'\0');
+  folder.resize(GetEnvironmentVariableW(L"LOCALAPPDATA", folder.data(), static_cast<DWORD>(folder.size())));
+  std::string path = folder.empty() ? tempFolder() : utf8(folder);
+  for (const char* part : {"\\Zervo", "\\Writing"}) {
+    path += part;
+    makeFolder(path);
+  }
+  return path;
+}
+
+std::string newName() {
+  static std::atomic<unsigned> number = 0;
+  return std::to_string(GetCurrentProcessId()) + "-" + std::to_string(++number);
 }
 
 void pause(int milliseconds) {

@@ -1,0 +1,106 @@
+// Writing whole files.
+#include <algorithm>
+#include <cerrno>
+#include <iterator>
+#include <optional>
+
+#include "base/disk.h"
+#include "base/file_errors.h"
+#include "base/files.h"
+#include "base/path.h"
+#include "base/write_notes.h"
+
+namespace base {
+namespace {
+
+// A file beside the target that is gone again unless it is put in its place; the next run takes it away when
+// this one dies.
+class TemporaryFile {
+ public:
+  explicit TemporaryFile(std::string_view target)
+      : folder_(target.substr(0, target.size() - fileName(target).size())) {}
+  TemporaryFile(const TemporaryFile&) = delete;
+  TemporaryFile& operator=(const TemporaryFile&) = delete;
+  ~TemporaryFile() {
+    if (made_) disk::remove(path_);
+  }
+  const std::string& path() const { return path_; }
+
+  int write(std::string_view bytes) {
+    std::FILE* file = nullptr;
+    for (int code = EEXIST; code == EEXIST;) {
+      // Short, whatever the target is called.
+      path_ = folder_ + ".zervo-" + disk::newName() + ".tmp";
+      note_.emplace().temporary(path_);  // without it the file may stay behind, no worse
+      file = disk::open(path_, disk::Mode::Create);
+      code = file == nullptr ? errno : 0;
+      if (code != 0 && code != EEXIST) return code;
+    }
+    made_ = true;
+    errno = 0;
+    int code = 0;
+    if (std::fwrite(bytes.data(), 1, bytes.size(), file) != bytes.size()) code = errno != 0 ? errno : ENOSPC;
+    if (code == 0) code = disk::flush(file);
+    if (std::fclose(file) != 0 && code == 0) code = errno != 0 ? errno : EIO;
+    return code;
+  }
+
+ private:
+  std::string folder_, path_;
+  bool made_ = false;
+  std::optional<WriteNote> note_;
+};
+
+// A folder that takes no new file, a disk without room for a second one, a file that must keep its place: it
+// may still be written over.
+bool isAboutPlace(int code) {
+  constexpr int kCodes[] = {EACCES, EPERM, ENOSPC, EBUSY, EXDEV, EMLINK, ENAMETOOLONG};
+  return std::find(std::begin(kCodes), std::end(kCodes), code) != std::end(kCodes);
+}
+
+int writeBeside(const std::string& target, std::string_view bytes, bool exists) {
+  TemporaryFile temporary(target);
+  if (const int code = temporary.write(bytes)) return code;
+  return exists ? disk::replace(temporary.path(), target) : disk::rename(temporary.path(), target);
+}
+
+int writeOver(const std::string& target, std::string_view bytes) {
+  const std::string before = readFile(target);
+  WriteNote note;
+  if (const int code = note.rewriting(target, before, bytes)) return code;
+  return rewriteInPlace(target, before, bytes);
+}
+
+}  // namespace
+
+void writeFile(std::string_view path, std::string_view bytes) {
+  const std::string target = disk::target(path);
+  const disk::Look old = disk::look(target);
+  const bool exists = old.kind == disk::Kind::File;
+  if (old.kind == disk::Kind::Folder) throwFileError(EISDIR, path);
+  // Replacing by name would slip past a read-only mark that a plain write respects.
+  if (exists && old.readOnly) throwFileError(EACCES, path);
+
+  // Another program may have the file open just now, to look for viruses or to index it.
+  constexpr int kTries = 6;
+  constexpr int kPause = 75;  // milliseconds
+  int code = EACCES;
+  for (int tried = 0; code == EACCES && tried < kTries; ++tried) {
+    if (tried > 0) disk::pause(kPause);
+    // Put in its place the new file would have one of the names alone.
+    code = old.names > 1 ? EMLINK : writeBeside(target, bytes, exists);
+    if (exists && isAboutPlace(code)) code = writeOver(target, bytes);
+    if (!exists) break;
+  }
+  if (code != 0) throwFileError(code, path);
+}
+
+void overwriteFile(std::string_view path, std::string_view bytes) {
+  if (!fileExists(path)) return writeFile(path, bytes);
+  const std::string old = readFile(path);
+  if (old.size() <= bytes.size()) return writeFile(path, bytes);
+  std::string whole(bytes);
+  writeFile(path, whole.append(old, bytes.size()));
+}
+
+}  // namespace base
