@@ -6,6 +6,7 @@
 #include <memory>
 #include <new>
 #include <stdexcept>
+#include <utility>
 
 #include "base/disk.h"
 #include "base/error.h"
@@ -48,19 +49,6 @@ File open(std::string_view path, bool write) {
   if (!file) fail(errno, path);
   return file;
 }
-
-// A file that is gone again unless it is put in its place.
-class TemporaryFile {
- public:
-  explicit TemporaryFile(std::string_view target) : path_(std::string(target) + ".zervo-tmp") {}
-  TemporaryFile(const TemporaryFile&) = delete;
-  TemporaryFile& operator=(const TemporaryFile&) = delete;
-  ~TemporaryFile() { disk::remove(path_); }
-  const std::string& path() const { return path_; }
-
- private:
-  std::string path_;
-};
 
 }  // namespace
 
@@ -125,24 +113,36 @@ std::string readFile(std::string_view path) {
   return bytes;
 }
 
-void writeFile(std::string_view path, std::string_view bytes) {
+NewFile::NewFile(std::string_view path) : path_(path), temporary_(path_ + ".zervo-tmp") {
   const disk::Look old = disk::look(path);
   if (old.kind == disk::Kind::Folder) fail(EISDIR, path);
   // Replacing by name would slip past a read-only mark that a plain write respects.
   if (old.kind == disk::Kind::File && old.readOnly) fail(EACCES, path);
+  file_ = open(temporary_, true).release();
+}
 
-  const TemporaryFile temporary(path);
-  int code = 0;
-  {
-    const File file = open(temporary.path(), true);
-    errno = 0;
-    if (std::fwrite(bytes.data(), 1, bytes.size(), file.get()) != bytes.size()) {
-      code = errno != 0 ? errno : ENOSPC;
-    }
-    if (code == 0) code = disk::flush(file.get());
-  }
-  if (code != 0) fail(code, path);
-  renameFile(temporary.path(), path);
+NewFile::~NewFile() {
+  if (file_ != nullptr) std::fclose(file_);
+  disk::remove(temporary_);
+}
+
+void NewFile::write(std::string_view bytes) {
+  errno = 0;
+  if (std::fwrite(bytes.data(), 1, bytes.size(), file_) != bytes.size())
+    fail(errno != 0 ? errno : ENOSPC, path_);
+}
+
+void NewFile::commit() {
+  const int code = disk::flush(file_);
+  std::fclose(std::exchange(file_, nullptr));
+  if (code != 0) fail(code, path_);
+  renameFile(temporary_, path_);
+}
+
+void writeFile(std::string_view path, std::string_view bytes) {
+  NewFile file(path);
+  file.write(bytes);
+  file.commit();
 }
 
 void overwriteFile(std::string_view path, std::string_view bytes) {

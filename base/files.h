@@ -3,6 +3,7 @@
 #pragma once
 
 #include <cstdint>
+#include <cstdio>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -26,6 +27,22 @@ std::string readFile(std::string_view path);
 // The file holds exactly `bytes` afterwards. Written beside the target, flushed, then put in its place, so
 // that at every moment the file is whole old or whole new. Missing folders are not made.
 void writeFile(std::string_view path, std::string_view bytes);
+
+// The same for bytes that come one after the other: nothing is seen of them before commit(), and without it
+// nothing ever is.
+class NewFile {
+ public:
+  explicit NewFile(std::string_view path);
+  NewFile(const NewFile&) = delete;
+  NewFile& operator=(const NewFile&) = delete;
+  ~NewFile();
+  void write(std::string_view bytes);
+  void commit();
+
+ private:
+  std::string path_, temporary_;
+  std::FILE* file_ = nullptr;
+};
 
 // Like writing over the file from its first byte without truncating it: a longer old file keeps its tail.
 void overwriteFile(std::string_view path, std::string_view bytes);

@@ -1,0 +1,269 @@
+#include "convert/letter_writer.h"
+
+#include <array>
+#include <cstring>
+
+#include "base/utf8.h"
+#include "convert/form_codec.h"
+#include "convert/letter_statistics.h"
+
+namespace convert {
+namespace {
+
+// A word that is so much likelier Latin stays Latin, in a text whose font does not say otherwise.
+constexpr int kPlainlyLatin = -14;
+
+bool isLetter(char c) {
+  return static_cast<std::uint8_t>((c | 0x20) - 'a') < 26;
+}
+bool isSpace(char c) {
+  return c == ' ' || (c >= 9 && c <= 13);
+}
+
+// The UTF-8 of every byte of an 8-bit form.
+struct Encoded {
+  std::array<char, 3> bytes;
+  std::uint8_t size;
+};
+using EncodedBytes = std::array<Encoded, 256>;
+
+EncodedBytes encode(Form form) {
+  EncodedBytes made{};
+  for (std::size_t i = 0; i < made.size(); ++i) {
+    std::string one;
+    base::appendUtf8(one, charactersOf(form)[i]);
+    std::memcpy(made[i].bytes.data(), one.data(), one.size());
+    made[i].size = static_cast<std::uint8_t>(one.size());
+  }
+  return made;
+}
+
+const EncodedBytes& encodedBytes(Form form) {
+  static const EncodedBytes legacy = encode(Form::Legacy), academy = encode(Form::Academy),
+                            russian = encode(Form::Russian), western = encode(Form::Western);
+  return form == Form::Legacy    ? legacy
+         : form == Form::Academy ? academy
+         : form == Form::Russian ? russian
+                                 : western;
+}
+
+void appendHex(char32_t number, int digits, std::string& out) {
+  for (int i = digits - 1; i >= 0; --i) out += "0123456789ABCDEF"[(number >> (4 * i)) & 15];
+}
+
+void write(char32_t c, Writing writing, std::string& out) {
+  switch (writing) {
+    case Writing::Utf8:
+      return base::appendUtf8(out, c);
+    case Writing::References:
+      out += "&#" + std::to_string(static_cast<std::uint32_t>(c)) + ";";
+      return;
+    case Writing::ScriptEscapes:
+      for (const char32_t unit : {c < 0x10000 ? 0 : 0xD800 + ((c - 0x10000) >> 10),
+                                  c < 0x10000 ? c : 0xDC00 + ((c - 0x10000) & 0x3FF)}) {
+        if (unit == 0) continue;
+        out += "\\u";
+        appendHex(unit, 4, out);
+      }
+      return;
+    case Writing::CssEscapes:
+      out += '\\';
+      appendHex(c, c < 0x10000 ? 4 : 6, out);
+      out += ' ';
+      return;
+  }
+}
+
+// The words of a text one after the other; `take(begin, end, kept)` gets the pieces between and the words.
+class Words {
+ public:
+  Words(std::string_view text, const Verdict& verdict)
+      : text_(text), all_(verdict.reason == Reason::Chosen), font_(verdict.reason == Reason::Font) {}
+
+  // Behind the letters that begin at `at`.
+  std::size_t endOf(std::size_t at) const {
+    while (at < text_.size() && isLetter(text_[at])) ++at;
+    return at;
+  }
+
+  enum class Fate : std::uint8_t { Converted, Kept, NoKey };
+  // For words in ascending order.
+  Fate fateOf(std::size_t begin, std::size_t end) {
+    if (all_) return Fate::Converted;
+    if (begin >= tokenEnd_) readToken(begin);
+    if (address_) return Fate::Kept;
+    for (std::size_t i = begin; i < end; ++i) {
+      if (keyboardLetter(static_cast<std::uint8_t>(text_[i])) == 0) return font_ ? Fate::NoKey : Fate::Kept;
+    }
+    if (font_) return Fate::Converted;
+    return keyboardGain(text_.substr(begin, end - begin)) <= kPlainlyLatin ? Fate::Kept : Fate::Converted;
+  }
+
+ private:
+  // What stands between white space around a word: an address?
+  void readToken(std::size_t at) {
+    std::size_t begin = at;
+    while (begin > tokenEnd_ && !isSpace(text_[begin - 1])) --begin;
+    tokenEnd_ = at;
+    while (tokenEnd_ < text_.size() && !isSpace(text_[tokenEnd_])) ++tokenEnd_;
+    const std::string_view token = text_.substr(begin, tokenEnd_ - begin);
+    address_ = token.find('@') != std::string_view::npos || token.find("://") != std::string_view::npos ||
+               token.find("www.") != std::string_view::npos;
+  }
+
+  std::string_view text_;
+  bool all_;
+  bool font_;
+  std::size_t tokenEnd_ = 0;
+  bool address_ = false;
+};
+
+class Writer {
+ public:
+  Writer(std::string_view text, const Verdict& verdict, Reading reading, Writing writing, std::string& out)
+      : text_(text),
+        verdict_(verdict),
+        reading_(reading),
+        writing_(writing),
+        out_(out),
+        words_(text, verdict) {}
+
+  void run() {
+    const EncodedBytes& encoded = encodedBytes(verdict_.eight);
+    bool afterByte = false;
+    std::size_t done = 0;  // bytes before are written
+    std::size_t at = 0;
+    const auto flush = [&] { out_.append(text_.substr(done, at - done)); };
+    while (at < text_.size()) {
+      const auto byte = static_cast<std::uint8_t>(text_[at]);
+      if (byte < 0x80) {
+        afterByte = false;
+        if (byte == '&' && reading_.references) {
+          flush();
+          at += symbol(at, afterByte);
+          done = at;
+        } else if (verdict_.keyboard && isLetter(text_[at])) {
+          flush();
+          at = word(at);
+          done = at;
+        } else {
+          ++at;
+        }
+        continue;
+      }
+      flush();
+      const bool follows = at + 1 < text_.size() && (static_cast<std::uint8_t>(text_[at + 1]) & 0xC0) == 0x80;
+      if (writing_ == Writing::Utf8 && (!follows || (byte < 0xE0 && (reading_.pairsAreBytes || afterByte)))) {
+        out_.append(encoded[byte].bytes.data(), encoded[byte].size);
+        afterByte = true;
+        ++at;
+      } else {
+        at += symbol(at, afterByte);
+      }
+      done = at;
+    }
+    flush();
+  }
+
+ private:
+  std::size_t word(std::size_t at) {
+    const std::size_t end = words_.endOf(at);
+    const bool converted = words_.fateOf(at, end) == Words::Fate::Converted;
+    for (; at < end; ++at) {
+      const char32_t letter = converted ? keyboardLetter(static_cast<std::uint8_t>(text_[at])) : 0;
+      if (letter == 0)
+        out_ += text_[at];
+      else
+        write(letter, writing_, out_);
+    }
+    return end;
+  }
+
+  // Writes the one at `at`, returns its size.
+  std::size_t symbol(std::size_t at, bool& afterByte) {
+    const Symbol symbol = symbolAt(text_, at, reading_, afterByte);
+    afterByte = symbol.source == Source::Byte;
+    if (symbol.source == Source::Byte) {
+      write(charactersOf(verdict_.eight)[symbol.character], writing_, out_);
+      return symbol.size;
+    }
+    if (symbol.source == Source::Utf8 || symbol.source == Source::Reference) {
+      if (verdict_.repair) {
+        if (const auto repaired = repairedAt(text_, at, reading_)) {
+          write(repaired->character, writing_, out_);
+          return repaired->size;
+        }
+      }
+      const std::uint8_t byte = eightBitOf(symbol);
+      const bool yo = verdict_.eight == Form::Russian && (byte == 0xA8 || byte == 0xB8);
+      const bool eight = verdict_.eightEverywhere && (byte >= 0xC0 || yo);
+      const char32_t character = eight ? charactersOf(verdict_.eight)[byte] : symbol.character;
+      const bool ours = eight || isGeorgian(character) || isCyrillic(character);
+      const bool written = symbol.source == Source::Utf8
+                               ? eight || writing_ != Writing::Utf8
+                               : ours && (eight || writing_ == Writing::Utf8 || !symbol.sound);
+      if (written) {
+        write(character, writing_, out_);
+        return symbol.size;
+      }
+    }
+    out_.append(text_.substr(at, symbol.size));
+    return symbol.size;
+  }
+
+  std::string_view text_;
+  const Verdict& verdict_;
+  Reading reading_;
+  Writing writing_;
+  std::string& out_;
+  Words words_;
+};
+
+}  // namespace
+
+void appendLetters(std::string_view text, const Verdict& verdict, Reading reading, Writing writing,
+                   std::string& out) {
+  Writer(text, verdict, reading, writing, out).run();
+}
+
+KeyboardWords keyboardWords(std::string_view text, const Verdict& verdict) {
+  KeyboardWords counts;
+  Words words(text, verdict);
+  for (std::size_t at = 0; at < text.size();) {
+    if (!isLetter(text[at])) {
+      ++at;
+      continue;
+    }
+    const std::size_t end = words.endOf(at);
+    const auto letters = static_cast<std::uint32_t>(end - at);
+    switch (words.fateOf(at, end)) {
+      case Words::Fate::Converted:
+        counts.converted += letters;
+        break;
+      case Words::Fate::NoKey:
+        counts.noKey += letters;
+        [[fallthrough]];
+      case Words::Fate::Kept:
+        counts.left += letters;
+        break;
+    }
+    at = end;
+  }
+  return counts;
+}
+
+void appendReencoded(std::string_view text, Form eight, Reading reading, std::string& out) {
+  bool afterByte = false;
+  reading.references = false;
+  for (std::size_t at = 0; at < text.size();) {
+    const Symbol symbol = symbolAt(text, at, reading, afterByte);
+    afterByte = symbol.source == Source::Byte;
+    if (afterByte)
+      base::appendUtf8(out, charactersOf(eight)[symbol.character]);
+    else
+      out.append(text.substr(at, symbol.size));
+    at += symbol.size;
+  }
+}
+
+}  // namespace convert
