@@ -25,6 +25,8 @@ constexpr int kWellFormedLead = 22;
 constexpr int kKeyboardAlone = 24;
 constexpr std::size_t kFewLetters = 12;
 constexpr int kCertain = 1000;
+constexpr int kMostAlike = 50;          // texts
+constexpr std::size_t kBeginning = 20;  // bytes
 
 constexpr std::array<Form, 4> kEightBit = {Form::Legacy, Form::Academy, Form::Russian, Form::Western};
 constexpr std::size_t kWestern = 3;
@@ -69,8 +71,16 @@ Findings findingsOf(const Statistics& s) {
 }
 
 std::uint8_t confidenceOf(int lead) {
-  const double doubt = std::exp2(-std::max(lead, 0) * kBitsAStep);
-  return static_cast<std::uint8_t>(std::clamp(std::lround(100 * (1 - doubt / (1 + doubt))), 50L, 100L));
+  constexpr int kAllBut = 16;  // from here on 100
+  static const auto table = [] {
+    std::array<std::uint8_t, kAllBut> made{};
+    for (int i = 0; i < kAllBut; ++i) {
+      const double doubt = std::exp2(-i * kBitsAStep);
+      made[static_cast<std::size_t>(i)] = static_cast<std::uint8_t>(std::lround(100 / (1 + doubt)));
+    }
+    return made;
+  }();
+  return lead >= kAllBut ? 100 : table[static_cast<std::size_t>(std::max(lead, 0))];
 }
 
 int logPrior(double share, int lowest) {
@@ -124,7 +134,7 @@ class Detector {
     found_.parts = partsOf(page_, options_.parts);
     for (const PagePiece& piece : found_.parts.pieces) {
       const std::string_view text = page_.substr(piece.begin, piece.end - piece.begin);
-      findings_.push_back(findingsOf(statisticsOf(text, readingOf(found_, piece))));
+      findings_.push_back(look(text, readingOf(found_, piece)));
     }
     weighPage();
     std::size_t i = 0;
@@ -136,6 +146,44 @@ class Detector {
   }
 
  private:
+  // In a page whose texts have all been of one kind for a while, the next one is too unless something speaks
+  // against it: of Georgian letters foreign ones among them, of Latin letters the first words.
+  Findings look(std::string_view text, Reading reading) {
+    if (alike_ >= kMostAlike && kind_ < 2) {
+      const auto seen = bytesAtAGlance(text, reading);
+      if (seen && seen->letters > seen->latin && (kind_ == 0 ? seen->notLegacy : seen->notAcademy) == 0) {
+        Findings f;
+        f.eight = f.bytes = u16(seen->letters);
+        f.otherBytes = u16(seen->otherBytes);
+        f.latin = u16(seen->latin);
+        f.keyboardGain = s16(-kKeyboardAlone);
+        f.gains[static_cast<std::size_t>(kind_)] = s16(std::min<int>(f.eight * 2, kKeyboardAlone));
+        return f;
+      }
+    } else if (alike_ >= kMostAlike && text.size() > kBeginning) {
+      const Findings f = findingsOf(statisticsOf(text, reading, kBeginning));
+      if (kindOf(f) == kind_) return f;
+    }
+    const Findings f = findingsOf(statisticsOf(text, reading));
+    const int kind = kindOf(f);
+    if (kind < 0) return f;
+    alike_ = kind == kind_ ? alike_ + 1 : 0;
+    kind_ = kind;
+    return f;
+  }
+
+  // A number for the kind of a text that is plainly of one; -1 for others.
+  static int kindOf(const Findings& f) {
+    constexpr int kLatin = 4;
+    constexpr int kKeyboard = 5;
+    if (f.eight == 0)
+      return f.keyboardGain >= kKeyboardAlone ? kKeyboard : f.keyboardGain <= -kOwnLead ? kLatin : -1;
+    for (std::size_t form = 0; form < kEightBit.size(); ++form) {
+      if (likely(f, form)) return static_cast<int>(form);
+    }
+    return -1;
+  }
+
   static bool likely(const Findings& f, std::size_t form) {
     int best = 0;
     for (std::size_t other = 0; other < kEightBit.size(); ++other) {
@@ -400,6 +448,8 @@ class Detector {
   Detection found_;
   std::deque<Findings> findings_;  // for each piece
   Whole whole_;
+  int kind_ = -1;
+  int alike_ = 0;
   Form lastEight_ = Form::Unknown;
   bool lastKeyboard_ = false;
 };

@@ -36,6 +36,7 @@ struct Verdict {
   Form eight = Form::Western;    // what its bytes 80..FF are
   bool eightEverywhere = false;  // so are Latin-1 letters in UTF-8 and references
   bool keyboard = false;         // its Latin letters are Georgian
+  bool wholeKeyboard = false;    // all of them, without a look at the words
   bool repair = false;           // UTF-8 encoded again is put right
   bool uncertain = false;        // left as it is, and reported
   // There is something in it that a conversion to UTF-8 changes, or one to references.

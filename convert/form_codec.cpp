@@ -74,14 +74,14 @@ std::optional<std::uint8_t> byteIn(Form eightBit, char32_t character) {
 }
 
 char32_t keyboardLetter(std::uint8_t key) {
-  static const auto letters = [] {
+  static constexpr auto kLetters = [] {
     std::array<char16_t, 256> made{};
     for (std::size_t i = 0; i < kKeys.size(); ++i) {
       made[static_cast<std::uint8_t>(kKeys[i])] = static_cast<char16_t>(kFirstGeorgian + i);
     }
     return made;
   }();
-  return letters[key];
+  return kLetters[key];
 }
 
 std::optional<char> keyOf(char32_t georgian) {

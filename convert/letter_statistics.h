@@ -3,16 +3,17 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <optional>
 #include <string_view>
 
 #include "convert/symbols.h"
 
 namespace convert {
 
-// Costs are -log2(probability) in steps of 3/4 bit, of all letters that were counted: less is likelier.
+// Costs are -log2(probability) in steps of 3/4 bit: less is likelier. The letters are all, whether counted or
+// not.
 struct EightBitCosts {
   std::uint32_t letters = 0;  // C0..FF, however they are written
-  std::uint32_t counted = 0;  // of these
   int legacy = 0;
   int academy = 0;
   int russian = 0;
@@ -21,7 +22,6 @@ struct EightBitCosts {
 };
 struct LatinCosts {
   std::uint32_t letters = 0;
-  std::uint32_t counted = 0;
   int keyboard = 0;
   int latin = 0;
   int noise = 0;
@@ -46,8 +46,19 @@ struct Statistics {
   std::uint32_t otherBytes = 0;        // 80..BF
 };
 
-// Reads a text of at most a few KB; of long ones the first part is counted.
-Statistics statisticsOf(std::string_view text, Reading reading);
+// Of a text of more than 1200 bytes the first part is counted.
+// The costs are those of the first `enough` bytes alone where the letters are all bytes.
+Statistics statisticsOf(std::string_view text, Reading reading, std::size_t enough = 1200);
+
+// A text of bytes alone, without reading it letter by letter. Nothing when it holds something else.
+struct BytesAtAGlance {
+  std::uint32_t letters = 0;     // C0..FF
+  std::uint32_t otherBytes = 0;  // 80..BF
+  std::uint32_t latin = 0;       // ASCII letters
+  std::uint32_t notLegacy = 0;   // of `letters` those that the legacy form does not use today
+  std::uint32_t notAcademy = 0;
+};
+std::optional<BytesAtAGlance> bytesAtAGlance(std::string_view text, Reading reading);
 
 // The same for one word of ASCII letters: what keyboard letters cost less than Latin ones do.
 int keyboardGain(std::string_view word);

@@ -1,7 +1,7 @@
 #include "convert/letter_writer.h"
 
+#include <algorithm>
 #include <array>
-#include <cstring>
 
 #include "base/utf8.h"
 #include "convert/form_codec.h"
@@ -20,21 +20,21 @@ bool isSpace(char c) {
   return c == ' ' || (c >= 9 && c <= 13);
 }
 
-// The UTF-8 of every byte of an 8-bit form.
-struct Encoded {
-  std::array<char, 3> bytes;
-  std::uint8_t size;
-};
-using EncodedBytes = std::array<Encoded, 256>;
+// The UTF-8 of every byte of an 8-bit form: up to three bytes, the first lowest, and their number in the top
+// byte.
+using EncodedBytes = std::array<std::uint32_t, 256>;
+
+std::uint32_t encodeOne(char32_t character) {
+  std::string bytes;
+  base::appendUtf8(bytes, character);
+  std::uint32_t made = 0;
+  for (std::size_t k = bytes.size(); k-- > 0;) made = made << 8 | static_cast<std::uint8_t>(bytes[k]);
+  return made | static_cast<std::uint32_t>(bytes.size()) << 24;
+}
 
 EncodedBytes encode(Form form) {
   EncodedBytes made{};
-  for (std::size_t i = 0; i < made.size(); ++i) {
-    std::string one;
-    base::appendUtf8(one, charactersOf(form)[i]);
-    std::memcpy(made[i].bytes.data(), one.data(), one.size());
-    made[i].size = static_cast<std::uint8_t>(one.size());
-  }
+  for (std::size_t i = 0; i < made.size(); ++i) made[i] = encodeOne(charactersOf(form)[i]);
   return made;
 }
 
@@ -45,6 +45,46 @@ const EncodedBytes& encodedBytes(Form form) {
          : form == Form::Academy ? academy
          : form == Form::Russian ? russian
                                  : western;
+}
+
+// Of keys the Georgian letters, of all else what Western text has.
+const EncodedBytes& encodedKeys() {
+  static const EncodedBytes made = [] {
+    EncodedBytes keys = encode(Form::Western);
+    for (std::size_t i = 0; i < 0x80; ++i) {
+      const char32_t letter = keyboardLetter(static_cast<std::uint8_t>(i));
+      if (letter != 0) keys[i] = encodeOne(letter);
+    }
+    return keys;
+  }();
+  return made;
+}
+
+// Whether every byte is a character by itself.
+bool bytesAlone(std::string_view text, Reading reading) {
+  if (reading.references && text.find('&') != std::string_view::npos) return false;
+  const auto* const bytes = reinterpret_cast<const std::uint8_t*>(text.data());
+  const std::uint8_t lead = reading.pairsAreBytes ? 0xE0 : 0xC2;
+  std::uint8_t pairs = 0;
+  for (std::size_t i = 1; i < text.size(); ++i) {
+    pairs |= static_cast<std::uint8_t>(((bytes[i] & 0xC0) == 0x80) & (bytes[i - 1] >= lead));
+  }
+  return pairs == 0;
+}
+
+void appendEncoded(std::string_view text, const EncodedBytes& encoded, std::string& out) {
+  constexpr std::size_t kBlock = 1000;
+  std::array<char, 3 * kBlock + 1> buffer;
+  while (!text.empty()) {
+    char* to = buffer.data();
+    for (const char c : text.substr(0, kBlock)) {
+      const std::uint32_t one = encoded[static_cast<std::uint8_t>(c)];
+      for (int i = 0; i < 4; ++i) to[i] = static_cast<char>(one >> (8 * i));
+      to += one >> 24;
+    }
+    out.append(buffer.data(), to);
+    text.remove_prefix(std::min(kBlock, text.size()));
+  }
 }
 
 void appendHex(char32_t number, int digits, std::string& out) {
@@ -130,6 +170,10 @@ class Writer {
 
   void run() {
     const EncodedBytes& encoded = encodedBytes(verdict_.eight);
+    const bool whole = !verdict_.keyboard || (verdict_.wholeKeyboard && verdict_.eight == Form::Western);
+    if (writing_ == Writing::Utf8 && whole && bytesAlone(text_, reading_)) {
+      return appendEncoded(text_, verdict_.keyboard ? encodedKeys() : encoded, out_);
+    }
     bool afterByte = false;
     std::size_t done = 0;  // bytes before are written
     std::size_t at = 0;
@@ -154,7 +198,7 @@ class Writer {
       flush();
       const bool follows = at + 1 < text_.size() && (static_cast<std::uint8_t>(text_[at + 1]) & 0xC0) == 0x80;
       if (writing_ == Writing::Utf8 && (!follows || (byte < 0xE0 && (reading_.pairsAreBytes || afterByte)))) {
-        out_.append(encoded[byte].bytes.data(), encoded[byte].size);
+        appendEncoded(text_.substr(at, 1), encoded, out_);
         afterByte = true;
         ++at;
       } else {
@@ -169,8 +213,15 @@ class Writer {
   std::size_t word(std::size_t at) {
     const std::size_t end = words_.endOf(at);
     const bool converted = words_.fateOf(at, end) == Words::Fate::Converted;
+    if (!converted || writing_ == Writing::Utf8) {
+      if (converted)
+        appendEncoded(text_.substr(at, end - at), encodedKeys(), out_);
+      else
+        out_.append(text_.substr(at, end - at));
+      return end;
+    }
     for (; at < end; ++at) {
-      const char32_t letter = converted ? keyboardLetter(static_cast<std::uint8_t>(text_[at])) : 0;
+      const char32_t letter = keyboardLetter(static_cast<std::uint8_t>(text_[at]));
       if (letter == 0)
         out_ += text_[at];
       else

@@ -29,6 +29,7 @@ struct KeyboardWords {
   std::uint32_t left = 0;
   std::uint32_t noKey = 0;  // of `left`: in words with letters that no key gives
 };
+// A verdict with `wholeKeyboard` set says that nothing is left.
 KeyboardWords keyboardWords(std::string_view text, const Verdict& verdict);
 
 // The characters of bytes that are no UTF-8, of the form `eight`, in UTF-8; all else as it is.

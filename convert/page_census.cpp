@@ -10,6 +10,7 @@ namespace convert {
 namespace {
 
 constexpr std::uint64_t kHighBits = 0x8080808080808080;
+constexpr std::size_t kEnoughLoneBytes = 10000;
 constexpr std::size_t kSample = std::size_t{64} * 1024;
 
 std::uint8_t byteAt(std::string_view text, std::size_t at) {
@@ -60,7 +61,7 @@ PageCensus censusOf(std::string_view page) {
   PageCensus census;
   census.utf8Mark = page.starts_with("\xEF\xBB\xBF");
   std::size_t at = 0;
-  while (at < page.size()) {
+  while (at < page.size() && census.loneBytes < kEnoughLoneBytes) {
     if (byteAt(page, at) < 0x80) {
       std::uint64_t eight = 0;
       while (page.size() - at >= sizeof eight) {

@@ -8,6 +8,7 @@
 
 namespace convert {
 
+// Counted until there are enough lone bytes to say that this is 8-bit text.
 struct PageCensus {
   std::size_t loneBytes = 0;  // 80..FF that belong to no UTF-8 character
   std::size_t pairs = 0;      // UTF-8 characters of two bytes

@@ -36,12 +36,8 @@ bool isOneOf(std::string_view name, std::initializer_list<std::string_view> lowe
   return std::ranges::any_of(lowers, [&](std::string_view one) { return sameName(name, one); });
 }
 
-bool isVoid(std::string_view name) {
-  return isOneOf(name, {"br", "img", "hr", "input", "meta", "link", "area", "base", "basefont", "col",
-                        "embed", "frame", "param", "source", "track", "wbr", "bgsound", "keygen"});
-}
-
-std::uint32_t hashOf(std::string_view name) {
+// Names of elements are told by their hash, so that one look at the letters is enough.
+constexpr std::uint32_t hashOf(std::string_view name) {
   std::uint32_t hash = 2166136261;
   for (const char c : name) {
     const bool capital = c >= 'A' && c <= 'Z';
@@ -50,20 +46,56 @@ std::uint32_t hashOf(std::string_view name) {
   return hash;
 }
 
-// Elements whose beginning ends an open one of the kind before it, since their end tags are left out.
-struct Ends {
-  std::string_view name;
-  std::array<std::string_view, 3> ended;
-};
-constexpr std::array<Ends, 9> kEnds = {{{"p", {"p"}},
-                                        {"li", {"p", "li"}},
-                                        {"td", {"p", "td", "th"}},
-                                        {"th", {"p", "td", "th"}},
-                                        {"tr", {"td", "th", "tr"}},
-                                        {"dt", {"p", "dt", "dd"}},
-                                        {"dd", {"p", "dt", "dd"}},
-                                        {"option", {"option"}},
-                                        {"body", {"head"}}}};
+bool isVoid(std::uint32_t name) {
+  switch (name) {
+    case hashOf("area"):
+    case hashOf("base"):
+    case hashOf("basefont"):
+    case hashOf("bgsound"):
+    case hashOf("br"):
+    case hashOf("col"):
+    case hashOf("embed"):
+    case hashOf("frame"):
+    case hashOf("hr"):
+    case hashOf("img"):
+    case hashOf("input"):
+    case hashOf("keygen"):
+    case hashOf("link"):
+    case hashOf("meta"):
+    case hashOf("param"):
+    case hashOf("source"):
+    case hashOf("track"):
+    case hashOf("wbr"):
+      return true;
+    default:
+      return false;
+  }
+}
+
+// Elements whose beginning ends open ones before it, since end tags are left out.
+using Ended = std::array<std::uint32_t, 3>;
+constexpr Ended endedBy(std::uint32_t name) {
+  switch (name) {
+    case hashOf("p"):
+      return {hashOf("p")};
+    case hashOf("li"):
+      return {hashOf("p"), hashOf("li")};
+    case hashOf("td"):
+    case hashOf("th"):
+      return {hashOf("p"), hashOf("td"), hashOf("th")};
+    case hashOf("tr"):
+      return {hashOf("td"), hashOf("th"), hashOf("tr")};
+    case hashOf("dt"):
+    case hashOf("dd"):
+      return {hashOf("p"), hashOf("dt"), hashOf("dd")};
+    case hashOf("option"):
+      return {hashOf("option")};
+    case hashOf("body"):
+      return {hashOf("head")};
+    default:
+      return {};
+  }
+}
 
 class Walk {
  public:
@@ -105,7 +137,7 @@ class Walk {
       switch (run.kind) {
         case RunKind::Text:
           if (scanner.textElement().empty())
-            addWithoutServer(run.range, Place::Text);
+            add(run.range, Place::Text, true);
           else
             addWithoutServer(run.range, scanner.textElement() == "title" ? Place::Title : Place::Text);
           break;
@@ -200,80 +232,87 @@ class Walk {
 
   void tag(const markup::Tag& tag, Range whole) {
     const std::string_view name = tag.name.of(page_);
+    const std::uint32_t element = hashOf(name);
     if (tag.closing) {
-      close(name);
+      close(element);
       return;
     }
-    structure(name, whole);
-    endOpenOnes(name);
+    structure(element, name[0] < 'a', whole);
+    endOpenOnes(element);
     const std::uint32_t outside = font_;
     if (!byElement_.empty()) byStyleSheet(tag, name);
-    attributes(tag, name);
-    if (isVoid(name)) {
-      if (!sameName(name, "basefont")) font_ = outside;
+    if (!tag.attributes.empty()) attributes(tag, element);
+    if (isVoid(element)) {
+      if (element != hashOf("basefont")) font_ = outside;
     } else if (open_.size() < kMostOpen) {
-      open_.push_back({hashOf(name), outside});
+      open_.push_back({element, outside});
     } else {
       font_ = outside;
     }
   }
 
-  void structure(std::string_view name, Range whole) {
-    if (sameName(name, "head")) {
-      headSeen_ = true;
-      parts_.headAt = whole.end;
-      parts_.upperCase = name[0] == 'H';
-    } else if (!headSeen_ && sameName(name, "html")) {
-      parts_.headAt = whole.end;
-      parts_.upperCase = name[0] == 'H';
-    } else if (!parts_.headAt && isOneOf(name, {"title", "body", "meta", "frameset"})) {
-      parts_.headAt = whole.begin;
-      parts_.upperCase = name[0] < 'a';
+  void structure(std::uint32_t element, bool upperCase, Range whole) {
+    if (headSeen_) return;
+    std::optional<std::size_t> at;
+    switch (element) {
+      case hashOf("head"):
+        headSeen_ = true;
+        at = whole.end;
+        break;
+      case hashOf("html"):
+        at = whole.end;
+        break;
+      case hashOf("title"):
+      case hashOf("body"):
+      case hashOf("meta"):
+      case hashOf("frameset"):
+        if (!parts_.headAt) at = whole.begin;
+        break;
+      default:
+        return;
     }
+    if (!at) return;
+    parts_.headAt = at;
+    parts_.upperCase = upperCase;
   }
 
-  void close(std::string_view name) {
-    const std::uint32_t hash = hashOf(name);
+  void close(std::uint32_t element) {
     const std::size_t lowest = open_.size() > kFarthestBack ? open_.size() - kFarthestBack : 0;
     for (std::size_t i = open_.size(); i-- > lowest;) {
-      if (open_[i].name != hash) continue;
+      if (open_[i].name != element) continue;
       font_ = open_[i].font;
       open_.resize(i);
       return;
     }
   }
 
-  void endOpenOnes(std::string_view name) {
-    if (open_.empty()) return;
-    const auto* const row =
-        std::ranges::find_if(kEnds, [&](const Ends& ends) { return sameName(name, ends.name); });
-    if (row == kEnds.end()) return;
-    for (const std::string_view ended : row->ended) {
-      if (!ended.empty() && !open_.empty() && open_.back().name == hashOf(ended)) {
-        font_ = open_.back().font;
-        open_.pop_back();
-      }
+  void endOpenOnes(std::uint32_t element) {
+    for (const std::uint32_t ended : endedBy(element)) {
+      if (ended == 0 || open_.empty()) return;
+      if (open_.back().name != ended) continue;
+      font_ = open_.back().font;
+      open_.pop_back();
     }
   }
 
-  void attributes(const markup::Tag& tag, std::string_view name) {
-    const bool isMeta = sameName(name, "meta");
+  void attributes(const markup::Tag& tag, std::uint32_t element) {
     for (const Attribute& attribute : tag.attributes) {
       if (attribute.value.empty()) continue;
       const std::string_view attributeName = attribute.name.of(page_);
-      if (sameName(attributeName, "face") && isOneOf(name, {"font", "basefont"})) {
+      if (sameName(attributeName, "face") && (element == hashOf("font") || element == hashOf("basefont"))) {
         if (!attribute.server) font_ = fontUse(attribute.whole, attribute.value, false);
       } else if (sameName(attributeName, "style")) {
         if (!attribute.server) inlineStyle(attribute.value);
       } else if (isOneOf(attributeName, {"alt", "title", "summary", "label", "placeholder", "standby"})) {
         addWithoutServer(attribute.value, Place::Attribute);
       } else if (sameName(attributeName, "value")) {
-        if (showsValue(tag, name)) addWithoutServer(attribute.value, Place::Attribute);
+        if (element == hashOf("input") && showsValue(tag))
+          addWithoutServer(attribute.value, Place::Attribute);
       } else if (attributeName.size() > 4 && sameName(attributeName.substr(0, 2), "on")) {
         if (wanted_.scriptStrings) script(attribute.value);
       }
     }
-    if (isMeta) meta(tag);
+    if (element == hashOf("meta")) meta(tag);
   }
 
   const Attribute* find(const markup::Tag& tag, std::string_view name) const {
@@ -283,8 +322,7 @@ class Walk {
   }
 
   // Of buttons and of what the user writes over.
-  bool showsValue(const markup::Tag& tag, std::string_view name) const {
-    if (!sameName(name, "input")) return false;
+  bool showsValue(const markup::Tag& tag) const {
     const Attribute* type = find(tag, "type");
     if (type == nullptr) return true;
     return isOneOf(type->value.of(page_), {"text", "button", "submit", "reset", "search", ""});

@@ -62,6 +62,7 @@ class Planner {
 
   void letters() {
     Detection& found = plan_.detection;
+    plan_.changes.reserve(found.parts.pieces.size() + 2);
     std::size_t i = 0;
     std::size_t done = 0;
     for (const PagePiece& piece : found.parts.pieces) {
@@ -76,7 +77,9 @@ class Planner {
     if (options_.fonts == OldFonts::Keep) return;
     const std::string_view instead =
         options_.fonts == OldFonts::Exchange ? std::string_view(options_.newFonts) : "";
-    for (const FontUse& use : plan_.detection.parts.fonts) {
+    const std::deque<FontUse>& fonts = plan_.detection.parts.fonts;
+    for (std::size_t i = kFirstFontUse; i < fonts.size(); ++i) {
+      const FontUse& use = fonts[i];
       if (use.converted == 0 || use.left > 0 || !inSelection({use.wholeBegin, use.wholeEnd})) continue;
       const std::string_view names = page_.substr(use.valueBegin, use.valueEnd - use.valueBegin);
       Change change;
@@ -152,6 +155,7 @@ class Planner {
       const KeyboardWords words = keyboardWords(page_.substr(range.begin, range.size()), verdict);
       font.converted += words.converted;
       font.left += words.left;
+      change.verdict.wholeKeyboard = words.left == 0;
       if (words.noKey > 0) {
         change.verdict.uncertain = true;
         change.verdict.reason = Reason::NoKey;
@@ -223,9 +227,9 @@ PagePlan makePlan(std::string_view page, const PlanOptions& options) {
   const auto lettersEnd = static_cast<std::ptrdiff_t>(plan.changes.size());
   planner.fonts();
   plan.addition_ = planner.charset();
-  if (std::ssize(plan.changes) > lettersEnd) {
-    std::ranges::stable_sort(plan.changes, {}, &Change::begin);
-  }
+  const auto middle = plan.changes.begin() + lettersEnd;
+  std::ranges::stable_sort(middle, plan.changes.end(), {}, &Change::begin);
+  std::ranges::inplace_merge(plan.changes, middle, {}, &Change::begin);
   return plan;
 }
 

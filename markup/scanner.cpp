@@ -188,6 +188,8 @@ std::size_t Scanner::quotedEnd(std::size_t at, char quote, bool& server) {
 // After the tag that begins an element whose content is no ordinary markup.
 void Scanner::enter() {
   const std::string_view name = tag_.name.of(page_);
+  const char first = lowerOf(name[0]);
+  if (first != 's' && first != 't' && first != 'x' && first != 'p') return;
   if (sameName(name, "script")) {
     basic_ = std::ranges::any_of(tag_.attributes, [&](const Attribute& attribute) {
       const std::string_view attributeName = attribute.name.of(page_);

@@ -45,8 +45,8 @@ struct Attribute {
   Range whole;  // with the white space before it and the quotes
   Range name;   //
   Range value;  // without quotes; empty and at the name's end where there is none
-  bool server;  // there is server code in the value
-  char quote;   // '"', '\'' or 0
+  bool server = false;  // there is server code in the value
+  char quote = 0;  // '"', '\'' or 0
 };
 
 struct Tag {
