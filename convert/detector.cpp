@@ -22,8 +22,9 @@ constexpr int kMostPrior = 14;
 // Latin-1 letters that are well-formed, as UTF-8 or references, must be very unlike themselves.
 constexpr int kWellFormedLead = 22;
 // Keyboard letters in a page that shows no other sign of them.
-constexpr int kKeyboardAlone = 24;
+constexpr int kKeyboardAlone = 20;
 constexpr std::size_t kFewLetters = 12;
+constexpr std::size_t kWesternAtFirst = 12;  // letters
 constexpr int kCertain = 1000;
 constexpr int kMostAlike = 50;          // texts
 constexpr std::size_t kBeginning = 20;  // bytes
@@ -215,6 +216,8 @@ class Detector {
       whole_.doubled += f.doubled;
       whole_.broken += f.broken;
     }
+    // Where nothing speaks for anything, a letter or two are Western.
+    whole_.eight[kWestern] += kWesternAtFirst;
     double all = 4;
     for (const std::size_t letters : whole_.eight) all += static_cast<double>(letters);
     const int hint = hinted(found_.parts.declared(page_));
@@ -288,7 +291,9 @@ class Detector {
     for (std::size_t form = 1; form < totals.size(); ++form) {
       if (totals[form] > totals[best]) best = form;
     }
-    int second = kNoisePrior;
+    // Western letters are what is left when nothing else fits; of the others some text in the language is
+    // asked.
+    int second = best == kWestern ? -kCertain : kNoisePrior;
     std::size_t own = 0;
     for (std::size_t form = 0; form < totals.size(); ++form) {
       if (form != best) second = std::max(second, totals[form]);
@@ -421,8 +426,9 @@ class Detector {
       return;
     }
     // Western letters and signs stand between those of every language.
-    const std::size_t other =
-        all - of(best) - (best == Form::Western ? 0 : of(Form::Western) + of(Form::Unknown));
+    const std::size_t minor = of(Form::Western) + of(Form::Unknown);
+    const bool isMinor = best == Form::Western || best == Form::Unknown;
+    const std::size_t other = isMinor ? all - minor : all - of(best) - minor;
     constexpr std::size_t kMixedLetters = 6;
     if (other >= kMixedLetters && other * 10 > all) {
       page.form = Form::Mixed;

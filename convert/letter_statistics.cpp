@@ -17,7 +17,7 @@ constexpr int kNoise = 8;         // any letter of 64
 constexpr int kNoiseWord = 3;     // the end of a word of such
 constexpr int kAccent = 4;        // a Western letter with an accent
 constexpr int kBesideAscii = 9;   // the same in a word of ASCII letters
-constexpr int kSwitch = 8;        // from one alphabet to another inside a word
+constexpr int kSwitch = 12;        // from one alphabet to another inside a word
 constexpr int kInnerCapital = 9;  // behind a small letter
 constexpr int kCapital = 1;       // behind another capital
 constexpr int kFirstCapital = 3;
@@ -131,7 +131,7 @@ class EightBitTable {
     const auto lane = [&](const Trigrams& model, const Numbers& numbers, bool western) {
       if (c == kAscii) return !isLetter(b) ? 0 : western ? kAccent : endCost(model, numbers, a, b) + kSwitch;
       if (c == 0) return isLetter(b) ? endCost(model, numbers, a, b) : 0;
-      if (b == kAscii && western) return kBesideAscii;
+      if (western && (b == kAscii || numbers[c] == kForeign)) return kBesideAscii;
       return letterCost(model, numbers[a], numbers[b], numbers[c]) + (b == kAscii ? kSwitch : 0) +
              (western ? kAccent : 0);
     };

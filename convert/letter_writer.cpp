@@ -10,8 +10,12 @@
 namespace convert {
 namespace {
 
-// A word that is so much likelier Latin stays Latin, in a text whose font does not say otherwise.
-constexpr int kPlainlyLatin = -14;
+// In a text whose font does not say otherwise a word stays Latin that is so much likelier so, together with
+// three quarters of what speaks for the words beside it.
+constexpr int kPlainlyLatin = -22;
+constexpr int kMostBeside = 20;
+// A word with a capital before small letters, a name: by itself.
+constexpr int kLatinName = -20;
 
 bool isLetter(char c) {
   return static_cast<std::uint8_t>((c | 0x20) - 'a') < 26;
@@ -136,10 +140,33 @@ class Words {
       if (keyboardLetter(static_cast<std::uint8_t>(text_[i])) == 0) return font_ ? Fate::NoKey : Fate::Kept;
     }
     if (font_) return Fate::Converted;
-    return keyboardGain(text_.substr(begin, end - begin)) <= kPlainlyLatin ? Fate::Kept : Fate::Converted;
+    return staysLatin(begin, end) ? Fate::Kept : Fate::Converted;
   }
 
  private:
+  bool staysLatin(std::size_t begin, std::size_t end) {
+    const int own = begin == nextBegin_ ? nextGain_ : gainOf(begin, end);
+    const int before = lastGain_;
+    std::size_t next = end;
+    while (next < text_.size() && !isLetter(text_[next])) ++next;
+    nextBegin_ = next;
+    nextGain_ = next < text_.size() ? gainOf(next, endOf(next)) : 0;
+    lastGain_ = own;
+    if (own >= 0) return false;
+    const auto capital = [](char c) { return c >= 'A' && c <= 'Z'; };
+    const auto capitals = std::count_if(text_.begin() + static_cast<std::ptrdiff_t>(begin),
+                                        text_.begin() + static_cast<std::ptrdiff_t>(end), capital);
+    if (end - begin > 1 && static_cast<std::size_t>(capitals) == end - begin) return true;
+    if (capitals == 1 && capital(text_[begin]) && own <= kLatinName) return true;
+    const int beside =
+        std::clamp(before, -kMostBeside, kMostBeside) + std::clamp(nextGain_, -kMostBeside, kMostBeside);
+    return own + beside * 3 / 4 <= kPlainlyLatin;
+  }
+
+  int gainOf(std::size_t begin, std::size_t end) const {
+    return keyboardGain(text_.substr(begin, end - begin));
+  }
+
   // What stands between white space around a word: an address?
   void readToken(std::size_t at) {
     std::size_t begin = at;
@@ -154,6 +181,9 @@ class Words {
   std::string_view text_;
   bool all_;
   bool font_;
+  std::size_t nextBegin_ = std::string_view::npos;
+  int nextGain_ = 0;
+  int lastGain_ = 0;
   std::size_t tokenEnd_ = 0;
   bool address_ = false;
 };
