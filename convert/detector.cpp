@@ -15,6 +15,7 @@ constexpr int kSure = 8;      // a text that leads by less is uncertain
 constexpr int kOwnLead = 14;  // a text that leads so far by itself speaks for the page
 constexpr int kFontHint = 40;
 constexpr int kOtherFont = 30;
+constexpr int kMostLatinInFont = -80;
 constexpr int kNeighbour = 4;
 constexpr int kCharsetHint = 6;
 constexpr int kNoisePrior = -10;
@@ -24,6 +25,7 @@ constexpr int kWellFormedLead = 22;
 // Keyboard letters in a page that shows no other sign of them.
 constexpr int kKeyboardAlone = 20;
 constexpr std::size_t kFewLetters = 12;
+constexpr std::size_t kManyLetters = 60;
 constexpr std::size_t kWesternAtFirst = 12;  // letters
 constexpr int kCertain = 1000;
 constexpr int kMostAlike = 50;          // texts
@@ -293,7 +295,8 @@ class Detector {
     }
     // Western letters are what is left when nothing else fits; of the others some text in the language is
     // asked.
-    int second = best == kWestern ? -kCertain : kNoisePrior;
+    const bool known = whole_.eight[best] >= kManyLetters && whole_.eightPrior[best] >= -kSure / 2;
+    int second = best == kWestern ? -kCertain : known ? 3 * kNoisePrior : kNoisePrior;
     std::size_t own = 0;
     for (std::size_t form = 0; form < totals.size(); ++form) {
       if (form != best) second = std::max(second, totals[form]);
@@ -330,7 +333,10 @@ class Detector {
   void judgeLatin(const PagePiece& piece, const Findings& f, Verdict& v, int& lead) {
     const Form font = fontForm(piece);
     const bool here = font == Form::Keyboard;
-    int total = f.keyboardGain + (lastKeyboard_ ? kNeighbour : -kNeighbour / 2);
+    // Under a font a name or two in Latin letters are judged by themselves, word by word.
+    int gain = f.keyboardGain;
+    if (here && gain > kMostLatinInFont) gain = std::max(gain, kSure - kFontHint + kNeighbour);
+    int total = gain + (lastKeyboard_ ? kNeighbour : -kNeighbour / 2);
     if (here)
       total += kFontHint;
     else if (font != Form::Unknown)

@@ -160,7 +160,10 @@ class Planner {
         change.verdict.uncertain = true;
         change.verdict.reason = Reason::NoKey;
       }
-      if (words.converted == 0 && !change.verdict.uncertain) return;
+      const bool others = std::ranges::any_of(page_.substr(range.begin, range.size()), [](char c) {
+        return static_cast<std::uint8_t>(c) >= 0x80 || c == '&';
+      });
+      if (words.converted == 0 && !change.verdict.uncertain && !others) return;
     } else if (verdict.uncertain) {
       font.left += verdict.letters;
     } else {
