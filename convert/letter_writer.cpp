@@ -122,7 +122,7 @@ void write(char32_t c, Writing writing, std::string& out) {
 class Words {
  public:
   Words(std::string_view text, const Verdict& verdict)
-      : text_(text), all_(verdict.reason == Reason::Chosen), font_(verdict.reason == Reason::Font) {}
+      : text_(text), all_(verdict.reason == Reason::Chosen), font_(verdict.reason == Reason::Font || verdict.reason == Reason::NoKey) {}
 
   // Behind the letters that begin at `at`.
   std::size_t endOf(std::size_t at) const {

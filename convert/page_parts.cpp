@@ -346,7 +346,7 @@ class Walk {
       parts_.charsets.push_back({content->value.begin + begin, content->value.begin + end});
     } else if (const Attribute* name = find(tag, "name")) {
       if (isOneOf(name->value.of(page_), {"description", "keywords", "author"})) {
-        add(content->value, Place::Attribute, true);
+        addWithoutServer(content->value, Place::Attribute);
       }
     }
   }

@@ -231,8 +231,11 @@ PagePlan makePlan(std::string_view page, const PlanOptions& options) {
   planner.fonts();
   plan.addition_ = planner.charset();
   const auto middle = plan.changes.begin() + lettersEnd;
-  std::ranges::stable_sort(middle, plan.changes.end(), {}, &Change::begin);
-  std::ranges::inplace_merge(plan.changes, middle, {}, &Change::begin);
+  const auto before = [](const Change& a, const Change& b) {
+    return a.begin != b.begin ? a.begin < b.begin : a.end < b.end;
+  };
+  std::stable_sort(middle, plan.changes.end(), before);
+  std::inplace_merge(plan.changes.begin(), middle, plan.changes.end(), before);
   return plan;
 }
 
