@@ -21,11 +21,13 @@ constexpr int kCharsetHint = 6;
 constexpr int kNoisePrior = -10;
 constexpr int kMostPrior = 14;
 // Latin-1 letters that are well-formed, as UTF-8 or references, must be very unlike themselves.
-constexpr int kWellFormedLead = 22;
+constexpr int kWellFormedLead = 34;
 // Keyboard letters in a page that shows no other sign of them.
 constexpr int kKeyboardAlone = 20;
 constexpr std::size_t kFewLetters = 12;
 constexpr std::size_t kManyLetters = 60;
+constexpr std::uint32_t kManyStrange = 3;
+constexpr std::uint32_t kStrangeShare = 16;  // one of so many
 constexpr std::size_t kWesternAtFirst = 12;  // letters
 constexpr int kCertain = 1000;
 constexpr int kMostAlike = 50;          // texts
@@ -38,6 +40,7 @@ constexpr std::size_t kWestern = 3;
 struct Findings {
   std::uint16_t eight = 0, latin = 0, bytes = 0, utf8 = 0, references = 0, otherBytes = 0, otherUtf8 = 0;
   std::uint16_t georgianUtf8 = 0, georgianReferences = 0, cyrillicUtf8 = 0, cyrillicReferences = 0;
+  std::uint16_t notLegacy = 0, notAcademy = 0;
   std::uint16_t broken = 0, doubled = 0, doubledPairs = 0;
   // What each form gains against letters drawn by lot, in steps of 3/4 bit.
   std::array<std::int16_t, 4> gains{};  // legacy, academy, russian, western
@@ -64,6 +67,8 @@ Findings findingsOf(const Statistics& s) {
   f.georgianReferences = u16(s.georgianReferences);
   f.cyrillicUtf8 = u16(s.cyrillicUtf8);
   f.cyrillicReferences = u16(s.cyrillicReferences);
+  f.notLegacy = u16(s.notLegacy);
+  f.notAcademy = u16(s.notAcademy);
   f.broken = u16(s.brokenReferences);
   f.doubled = u16(s.doubled);
   f.doubledPairs = u16(s.doubledPairs);
@@ -310,7 +315,16 @@ class Detector {
     const bool wellFormed = f.bytes == 0;
     if (best == kWestern && wellFormed) return;
     lead = eightLead;
-    v.uncertain = eightLead < kSure;
+    v.uncertain = eightLead < (wellFormed && !known ? kWellFormedLead : kSure);
+    // Two alphabets in one text: neither reads all of it.
+    const std::uint32_t strange = best == 0 ? f.notLegacy : best == 1 ? f.notAcademy : 0;
+    if (strange == f.eight) {
+      v.eight = Form::Western;
+      v.uncertain = false;
+      return;
+    }
+    if (strange >= kManyStrange && (strange >= 2 * kManyStrange || strange * kStrangeShare > f.eight))
+      v.uncertain = true;
     if (wellFormed) {
       // Nothing is wrong with it as it stands, so that more is asked.
       const int against = f.gains[best] - std::max<int>(f.gains[kWestern], 0);
@@ -363,7 +377,7 @@ class Detector {
     v.repair = f.doubled > 0 || pairs > 0;
     if (!alone) return;
     // A pair or two may be meant as they stand.
-    const bool sure = f.utf8 + f.references == 0 && (pairs >= 3 || whole_.doubled >= 3);
+    const bool sure = f.utf8 + f.references == 0 && (pairs >= kManyPairs || whole_.doubled >= kManyPairs);
     v.repair = sure;
     if (!sure && pairs >= 2) v.uncertain = true;
   }

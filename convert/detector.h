@@ -38,6 +38,7 @@ struct Verdict {
   bool keyboard = false;         // its Latin letters are Georgian
   bool wholeKeyboard = false;    // all of them, without a look at the words
   bool repair = false;           // UTF-8 encoded again is put right
+  bool afterwards = false;       // the same once more, after its bytes have become UTF-8
   bool uncertain = false;        // left as it is, and reported
   // There is something in it that a conversion to UTF-8 changes, or one to references.
   bool changesToUtf8 = false;
@@ -46,6 +47,10 @@ struct Verdict {
   std::uint8_t confidence = 100;  // percent
   std::uint16_t letters = 0;      // in that form; 65535 or more
 };
+
+// So many pairs of characters that can be one of UTF-8 encoded twice are no chance, where nothing else is
+// among them.
+inline constexpr std::uint32_t kManyPairs = 3;
 
 struct PageVerdict {
   Form form = Form::Ascii;

@@ -328,6 +328,9 @@ class Reader {
     const std::uint8_t byte = eightBitOf(symbol);
     if (byte >= 0xC0) {
       ++(symbol.source == Source::Byte ? found_.bytes : utf8 ? found_.utf8 : found_.references);
+      const Glance one = glanceAt({reinterpret_cast<const char*>(&byte), 1});
+      found_.notLegacy += one.notLegacy;
+      found_.notAcademy += one.notAcademy;
       return eightBitSymbol(byte);
     }
     if (symbol.source == Source::Byte) {
@@ -384,6 +387,8 @@ Statistics statisticsOf(std::string_view text, Reading reading, std::size_t enou
     eightBitTable().sum(symbols.data(), counted.size(), found.eight);
     found.bytes = found.eight.letters = seen.eight;
     found.otherBytes = seen.other;
+    found.notLegacy = seen.notLegacy;
+    found.notAcademy = seen.notAcademy;
   }
   if (seen.letters > 0) {
     const auto& symbols = latinTable().symbols();

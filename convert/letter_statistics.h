@@ -34,6 +34,9 @@ struct Statistics {
   std::uint32_t bytes = 0;
   std::uint32_t utf8 = 0;
   std::uint32_t references = 0;
+  // Of these those that the Georgian forms do not use today.
+  std::uint32_t notLegacy = 0;
+  std::uint32_t notAcademy = 0;
   // Characters that need no guess.
   std::uint32_t georgianUtf8 = 0;
   std::uint32_t georgianReferences = 0;

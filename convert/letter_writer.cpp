@@ -122,7 +122,9 @@ void write(char32_t c, Writing writing, std::string& out) {
 class Words {
  public:
   Words(std::string_view text, const Verdict& verdict)
-      : text_(text), all_(verdict.reason == Reason::Chosen), font_(verdict.reason == Reason::Font || verdict.reason == Reason::NoKey) {}
+      : text_(text),
+        all_(verdict.reason == Reason::Chosen),
+        font_(verdict.reason == Reason::Font || verdict.reason == Reason::NoKey) {}
 
   // Behind the letters that begin at `at`.
   std::size_t endOf(std::size_t at) const {
@@ -304,7 +306,14 @@ class Writer {
 
 void appendLetters(std::string_view text, const Verdict& verdict, Reading reading, Writing writing,
                    std::string& out) {
-  Writer(text, verdict, reading, writing, out).run();
+  if (!verdict.afterwards) return Writer(text, verdict, reading, writing, out).run();
+  Verdict first = verdict;
+  first.afterwards = false;
+  std::string utf8;
+  Writer(text, first, reading, Writing::Utf8, utf8).run();
+  Verdict second;
+  second.repair = true;
+  Writer(utf8, second, {reading.references, false}, writing, out).run();
 }
 
 KeyboardWords keyboardWords(std::string_view text, const Verdict& verdict) {

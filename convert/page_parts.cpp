@@ -487,7 +487,7 @@ class Walk {
     if (*form == Form::Utf8) return kUnicodeFont;
     parts_.fonts.push_back({static_cast<std::uint32_t>(whole.begin), static_cast<std::uint32_t>(whole.end),
                             static_cast<std::uint32_t>(value.begin), static_cast<std::uint32_t>(value.end),
-                            *form, isDeclaration});
+                            *form, isDeclaration, parts_.fonts[font_].form});
     return static_cast<std::uint32_t>(parts_.fonts.size() - 1);
   }
 

@@ -39,8 +39,9 @@ struct FontUse {
   std::uint32_t wholeEnd = 0;
   std::uint32_t valueBegin = 0;  // of the names
   std::uint32_t valueEnd = 0;
-  Form form = Form::Unknown;  // what its texts are, by the font table
-  bool declaration = false;   // of a style, not a FACE
+  Form form = Form::Unknown;    // what its texts are, by the font table
+  bool declaration = false;     // of a style, not a FACE
+  Form around = Form::Unknown;  // of the font in force around it
   // Filled by whoever plans a conversion: letters that needed the font, and those that still do.
   std::uint32_t converted = 0;
   std::uint32_t left = 0;

@@ -5,6 +5,7 @@
 #include "base/text.h"
 #include "base/utf8.h"
 #include "convert/form_codec.h"
+#include "convert/letter_statistics.h"
 #include "convert/letter_writer.h"
 
 namespace convert {
@@ -81,6 +82,9 @@ class Planner {
     for (std::size_t i = kFirstFontUse; i < fonts.size(); ++i) {
       const FontUse& use = fonts[i];
       if (use.converted == 0 || use.left > 0 || !inSelection({use.wholeBegin, use.wholeEnd})) continue;
+      // Without it the text would be in another old font, which would say something else of what is left of
+      // it.
+      if (isOldForm(use.around) && use.around != use.form) continue;
       const std::string_view names = page_.substr(use.valueBegin, use.valueEnd - use.valueBegin);
       Change change;
       change.kind = ChangeKind::Font;
@@ -151,6 +155,7 @@ class Planner {
     change.place = piece.place;
     change.references = piece.references;
     change.verdict = verdict;
+    change.verdict.afterwards = repairsAfterwards(range, piece, verdict);
     if (verdict.keyboard) {
       const KeyboardWords words = keyboardWords(page_.substr(range.begin, range.size()), verdict);
       font.converted += words.converted;
@@ -166,10 +171,22 @@ class Planner {
       if (words.converted == 0 && !change.verdict.uncertain && !others) return;
     } else if (verdict.uncertain) {
       font.left += verdict.letters;
-    } else {
+    } else if (isOldForm(verdict.form)) {
       font.converted += verdict.letters;
     }
     plan_.changes.push_back(change);
+  }
+
+  // Of Western bytes, which are UTF-8 by chance or by somebody's mistake, text can come that was encoded
+  // twice.
+  bool repairsAfterwards(Range range, const PagePiece& piece, const Verdict& verdict) const {
+    if (verdict.eight != Form::Western || plan_.detection.census.isUtf8()) return false;
+    const std::string_view old = page_.substr(range.begin, range.size());
+    if (old.find_first_of("\xC2\xC3\xD0\xD1\xE1\xE2") == std::string_view::npos) return false;
+    std::string utf8;
+    appendLetters(old, verdict, readingOf(plan_.detection, piece), Writing::Utf8, utf8);
+    const Statistics found = statisticsOf(utf8, {piece.references, false});
+    return found.doubled > 0 || (found.doubledPairs >= kManyPairs && found.utf8 + found.references == 0);
   }
 
   // Bytes outside texts are no letters to convert, but in a page of UTF-8 they must be UTF-8 too.

@@ -3,6 +3,7 @@
 #include <array>
 
 #include "base/utf8.h"
+#include "convert/form_codec.h"
 #include "markup/entities.h"
 
 namespace convert {
@@ -10,6 +11,12 @@ namespace {
 
 // How often a text is taken for 8-bit and encoded again before nobody can read it.
 constexpr int kMostTimes = 3;
+
+// What stands in the pages of our users: Latin-1, Cyrillic, Georgian, punctuation and signs, emoji.
+bool isLikely(char32_t c) {
+  return c <= 0xFF || (c >= 0x400 && c <= 0x47F) || isGeorgian(c) || (c >= 0x2000 && c <= 0x27BF) ||
+         c == 0xFEFF || c >= 0x1F000;
+}
 
 std::uint8_t byteAt(std::string_view text, std::size_t at) {
   return static_cast<std::uint8_t>(text[at]);
@@ -88,6 +95,9 @@ std::optional<Repaired> repairedAt(std::string_view text, std::size_t at, Readin
     best = next;
   }
   if (!best) return std::nullopt;
+  // A letter and signs beside each other, such as "é", a no-break space and "»", are another character of
+  // UTF-8 by chance.
+  if (times == 1 && !isLikely(best->character)) return std::nullopt;
   return Repaired{best->character, best->size, best->character >= 0x800 || times > 1};
 }
 

@@ -108,7 +108,7 @@ TEST(PagePlan, ConvertsTextsAndNothingElse) {
 TEST(PagePlan, ReadsEachRunInItsOwnForm) {
   const std::string s = kSentence;
   const std::string russian = "Наша страна находится на берегу моря, и люди здесь живут хорошо";
-  const std::string french = "Les élèves étaient déjà à l’école où l’été s’achève";
+  const std::string french = "Les élèves étaient déjà à l’école où l’été\u00A0\u00A0» s’achève";
   const std::string english = "The quick brown fox jumps over the lazy dog and runs away";
   const auto page = [](const std::vector<std::string>& texts) {
     std::string out = "<HTML><HEAD><META CHARSET=UTF-8></HEAD><BODY>";
