@@ -139,6 +139,7 @@ class Detector {
     found_.census = censusOf(page_);
     // By chance two letters and signs of an 8-bit text are a pair of UTF-8 now and then.
     found_.reading.pairsAreBytes = found_.census.loneBytes > 4 * found_.census.pairs;
+    found_.reading.oddOnesAreBytes = !found_.census.isUtf8();
     found_.parts = partsOf(page_, options_.parts);
     for (const PagePiece& piece : found_.parts.pieces) {
       const std::string_view text = page_.substr(piece.begin, piece.end - piece.begin);

@@ -77,7 +77,7 @@ struct DetectorOptions {
 Detection detect(std::string_view page, const DetectorOptions& options);
 
 inline Reading readingOf(const Detection& detection, const PagePiece& piece) {
-  return {piece.references, detection.reading.pairsAreBytes};
+  return {piece.references, detection.reading.pairsAreBytes, detection.reading.oddOnesAreBytes};
 }
 
 }  // namespace convert

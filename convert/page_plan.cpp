@@ -193,7 +193,8 @@ class Planner {
   void bytesBetween(std::size_t at, std::size_t end) {
     if (options_.selection || plan_.detection.census.isUtf8()) return;
     const std::string_view upTo = page_.substr(0, end);
-    const Reading reading{false, plan_.detection.reading.pairsAreBytes};
+    const Reading reading{false, plan_.detection.reading.pairsAreBytes,
+                          plan_.detection.reading.oddOnesAreBytes};
     while (at < end) {
       if (static_cast<std::uint8_t>(page_[at]) < 0x80) {
         ++at;
@@ -258,7 +259,8 @@ PagePlan makePlan(std::string_view page, const PlanOptions& options) {
 
 void PagePlan::appendNewBytes(std::string_view page, const Change& change, std::string& out) const {
   const std::string_view old = oldBytes(page, change);
-  const Reading reading{change.references, detection.reading.pairsAreBytes};
+  const Reading reading{change.references, detection.reading.pairsAreBytes,
+                        detection.reading.oddOnesAreBytes};
   switch (change.kind) {
     case ChangeKind::Letters: {
       Writing writing = Writing::Utf8;

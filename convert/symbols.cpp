@@ -79,7 +79,9 @@ Symbol symbolAt(std::string_view text, std::size_t at, Reading reading, bool aft
   const bool follows = at + 1 < text.size() && (byteAt(text, at + 1) & 0xC0) == 0x80;
   if (follows && (first >= 0xE0 || !(reading.pairsAreBytes || afterByte))) {
     std::size_t behind = at;
-    if (const auto character = base::nextUtf8(text, behind)) {
+    const auto character = base::nextUtf8(text, behind);
+    const bool odd = character && reading.oddOnesAreBytes && behind - at > 2 && !isLikely(*character);
+    if (character && !odd) {
       return {*character, static_cast<std::uint32_t>(behind - at), Source::Utf8};
     }
   }

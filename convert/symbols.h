@@ -42,6 +42,8 @@ struct Reading {
   bool references = true;
   // Two bytes that happen to be UTF-8 are two letters here: the page is full of 8-bit ones.
   bool pairsAreBytes = false;
+  // So are three and more whose character nobody would write: the page is not UTF-8 as a whole.
+  bool oddOnesAreBytes = false;
 };
 
 // The symbol at `at`, which must be inside the text. `afterByte`: the one before was a Byte.

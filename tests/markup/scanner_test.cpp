@@ -39,7 +39,7 @@ TEST(Scanner, TakesPagesApart) {
   EXPECT_EQ(runsOf("<style>p{}</b></STYLE >x<XMP>&amp;<B></XMP>"),
             "<<style>|Yp{}</b>|<</STYLE >|Tx|<<XMP>|R&amp;<B>|<</XMP>");
   EXPECT_EQ(runsOf("<!-- open <P>a"), "C<!-- open <P>a");
-  EXPECT_EQ(runsOf(std::string("a\0<\0<b\0>c", 9)), std::string("Ta\0<\0|<<b\0>|Tc", 15));
+  EXPECT_EQ(runsOf(std::string("a\0<\0<b\0>c", 9)), std::string("Ta\0<\0|<<b\0>|Tc", 14));
 }
 
 TEST(Scanner, KnowsTheStringsOfScripts) {
