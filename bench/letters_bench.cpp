@@ -56,11 +56,11 @@ void measureAll(const char* name, const std::string& page) {
   measure("plan", page.size(), [&] { convert::makePlan(page, options); });
   const convert::PagePlan plan = convert::makePlan(page, options);
   std::size_t written = 0;
-  measure("apply", page.size(), [&] {
-    applyPlan(page, plan, [&](std::string_view block) { written += block.size(); });
-  });
+  measure("apply", page.size(),
+          [&] { applyPlan(page, plan, [&](std::string_view block) { written += block.size(); }); });
   measure("all", page.size(), [&] {
-    applyPlan(page, convert::makePlan(page, options), [&](std::string_view block) { written += block.size(); });
+    applyPlan(page, convert::makePlan(page, options),
+              [&](std::string_view block) { written += block.size(); });
   });
 }
 

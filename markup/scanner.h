@@ -42,11 +42,11 @@ struct Run {
 };
 
 struct Attribute {
-  Range whole;  // with the white space before it and the quotes
-  Range name;   //
-  Range value;  // without quotes; empty and at the name's end where there is none
+  Range whole;          // with the white space before it and the quotes
+  Range name;           //
+  Range value;          // without quotes; empty and at the name's end where there is none
   bool server = false;  // there is server code in the value
-  char quote = 0;  // '"', '\'' or 0
+  char quote = 0;       // '"', '\'' or 0
 };
 
 struct Tag {
