@@ -1,21 +1,17 @@
-// The named characters of HTML 4.01, and pages written with and without them.
+// Pages written with and without the named characters of HTML 4.01.
 #pragma once
 
-#include <array>
 #include <string>
 #include <string_view>
 
+#include "markup/entities.h"
 #include "ui/code_view.h"
 
 namespace editor {
 
-struct Entity {
-  std::string_view name;  // without "&" and ";"
-  char32_t character;
-};
-
-inline constexpr std::size_t kEntities = 252;
-const std::array<Entity, kEntities>& entities();  // by character
+using markup::entities;
+using markup::Entity;
+using markup::kEntities;
 
 // What the bytes of a page mean.
 enum class PageBytes {

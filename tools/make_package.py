@@ -1,8 +1,8 @@
 #!/usr/bin/env python3
 """Makes the two downloads: Zervo-VERSION-setup.exe (installer) and Zervo-VERSION-portable.zip.
 
-Usage: make_package.py BUILD_FOLDER VERSION OUTPUT_FOLDER    (BUILD_FOLDER holds Zervo.exe, Zervo.chm and
-licences)
+Usage: make_package.py BUILD_FOLDER VERSION OUTPUT_FOLDER    (BUILD_FOLDER holds Zervo.exe, zervo-cli.exe,
+Zervo.chm and licences)
 
 The same files give the same bytes: the zip names every file with one date, that of SOURCE_DATE_EPOCH, and the
 installer keeps no dates at all.
@@ -22,7 +22,8 @@ SAMPLES = ["vepkhistqaosani-legacy.html", "vepkhistqaosani-latin.txt"]
 
 def gather(build, folder):
     (folder / "samples").mkdir(parents=True)
-    for file in [build / "Zervo.exe", build / "Zervo.chm", TOP / "resources/props.ini",
+    for file in [build / "Zervo.exe", build / "zervo-cli.exe", build / "Zervo.chm", TOP / "resources/props.ini",
+                 TOP / "resources/custom/FONTS.txt",
                  TOP / "resources/package/README.txt", TOP / "resources/package/LICENSE-libraries.txt",
                  TOP / "resources/fonts/LICENSE-DejaVu.txt", build / "licences/LICENSE-Scintilla.txt"]:
         shutil.copyfile(file, folder / file.name)

@@ -1,0 +1,251 @@
+#include "cli/cli.h"
+
+#include <algorithm>
+#include <cstdint>
+#include <new>
+#include <string_view>
+
+#include "base/error.h"
+#include "base/files.h"
+#include "base/path.h"
+#include "base/utf8.h"
+#include "cli/arguments.h"
+#include "cli/json.h"
+#include "convert/font_table.h"
+#include "convert/page_plan.h"
+
+namespace cli {
+namespace {
+
+using convert::PagePlan;
+using convert::Trouble;
+
+// Of a text, as it is shown.
+constexpr std::size_t kShownBytes = 200;
+
+struct Fault {
+  std::string sentence;
+};
+
+std::string sentenceOf(const base::Error& error) {
+  switch (error.number()) {
+    case base::ErrorNumber::FileNotFound:
+      return "there is no such file";
+    case base::ErrorNumber::PathNotFound:
+      return "there is no such folder";
+    case base::ErrorNumber::PathAccess:
+      return "this is a folder";
+    case base::ErrorNumber::PermissionDenied:
+      return "access is denied";
+    case base::ErrorNumber::DiskFull:
+      return "the disk is full";
+    case base::ErrorNumber::OutOfMemory:
+      return "there is not enough memory";
+    default:
+      return "it cannot be read or written";
+  }
+}
+
+convert::PageKind kindOf(const std::string& file, bool text) {
+  if (text) return convert::PageKind::PlainText;
+  const std::string extension = base::extensionOf(base::fileName(file));
+  if (extension == "CSS") return convert::PageKind::StyleSheet;
+  return extension == "JS" ? convert::PageKind::Script : convert::PageKind::Html;
+}
+
+class Program {
+ public:
+  Program(const Arguments& arguments, const Streams& streams) : arguments_(arguments), streams_(streams) {}
+
+  int run() {
+    if (!arguments_.fonts.empty() && !readFonts()) return kNoReadWrite;
+    int worst = kDone;
+    for (const std::string& file : arguments_.files) {
+      const int code = arguments_.task == Task::Detect ? guarded(file, &Program::detect)
+                                                       : guarded(file, &Program::convert);
+      worst = std::max(worst, code);
+    }
+    if (std::fflush(streams_.out) != 0) worst = kNoReadWrite;
+    return worst;
+  }
+
+ private:
+  int guarded(const std::string& file, int (Program::*task)(const std::string&)) {
+    try {
+      return (this->*task)(file);
+    } catch (const base::Error& error) {
+      complain(file, sentenceOf(error));
+    } catch (const Fault& fault) {
+      complain(file, fault.sentence);
+    } catch (const std::bad_alloc&) {
+      complain(file, "there is not enough memory");
+    }
+    return kNoReadWrite;
+  }
+
+  void complain(const std::string& file, std::string_view what) const {
+    const std::string line = file + ": " + std::string(what) + "\n";
+    std::fwrite(line.data(), 1, line.size(), streams_.err);
+  }
+
+  void put(std::string_view bytes) const {
+    if (std::fwrite(bytes.data(), 1, bytes.size(), streams_.out) != bytes.size()) {
+      throw Fault{"the output cannot be written"};
+    }
+  }
+
+  std::string read(const std::string& file) const {
+    if (file != "-") return base::readFile(file);
+    std::string bytes;
+    constexpr std::size_t kBlock = 1U << 20U;
+    for (std::size_t done = 0;;) {
+      bytes.resize(std::max(done + kBlock, bytes.size()));
+      const std::size_t size = std::fread(bytes.data() + done, 1, kBlock, streams_.in);
+      done += size;
+      if (size < kBlock) {
+        bytes.resize(done);
+        break;
+      }
+    }
+    if (std::ferror(streams_.in) != 0) throw Fault{"the input cannot be read"};
+    return bytes;
+  }
+
+  bool readFonts() {
+    fonts_ = convert::FontTable::builtIn();
+    std::string lines;
+    try {
+      lines = base::readFile(arguments_.fonts);
+    } catch (const base::Error& error) {
+      complain(arguments_.fonts, sentenceOf(error));
+      return false;
+    }
+    for (const std::size_t line : fonts_.add(lines)) {
+      complain(arguments_.fonts, std::to_string(line) + ": this line names no form");
+    }
+    return true;
+  }
+
+  convert::DetectorOptions detectorOptions(const std::string& file) const {
+    convert::DetectorOptions options;
+    options.parts.kind = kindOf(file, arguments_.text);
+    options.parts.comments = arguments_.comments;
+    options.parts.scriptStrings = arguments_.scripts;
+    options.parts.fonts = arguments_.fonts.empty() ? nullptr : &fonts_;
+    options.from = arguments_.from;
+    return options;
+  }
+
+  int detect(const std::string& file) {
+    const std::string page = read(file);
+    const convert::Detection found = convert::detect(page, detectorOptions(file));
+    if (arguments_.json) {
+      writeJson(file, page, found, [this](std::string_view bytes) { put(bytes); });
+    } else {
+      put(file + ": " + std::string(nameOf(found.page.form)) + " " + share(found.page.confidence) +
+          " letters=" + std::to_string(found.page.letters) + "\n");
+    }
+    if (found.page.trouble == Trouble::None) return kDone;
+    complain(file, sentenceOf(found.page.trouble));
+    const bool readable =
+        found.page.trouble == Trouble::Empty || found.page.trouble == Trouble::ForeignCharset;
+    return readable ? kDone : kNoReadWrite;
+  }
+
+  int convert(const std::string& file) {
+    std::string page = read(file);
+    convert::PlanOptions options;
+    options.to = arguments_.to;
+    options.detector = detectorOptions(file);
+    options.fonts = arguments_.oldFonts;
+    options.newFonts = arguments_.newFonts;
+    if (arguments_.fromUtf16) {
+      const Trouble trouble = convert::troubleOf(page);
+      if (trouble != Trouble::Utf16Little && trouble != Trouble::Utf16Big) throw Fault{"this is no UTF-16"};
+      page = convert::utf8FromUtf16(page, trouble == Trouble::Utf16Big);
+      options.declareAnyway = true;
+    }
+    PagePlan plan = convert::makePlan(page, options);
+    const Trouble trouble = plan.detection.page.trouble;
+    if (trouble != Trouble::None) {
+      complain(file, sentenceOf(trouble));
+      if (trouble != Trouble::Empty) return kNoReadWrite;
+    }
+    plan.detection.parts = {};
+    plan.detection.verdicts = {};
+    write(file, page, plan);
+    return report(file, page, plan) ? kUncertain : kDone;
+  }
+
+  void write(const std::string& file, std::string_view page, const PagePlan& plan) const {
+    if (arguments_.output.empty() && !arguments_.inPlace) {
+      return applyPlan(page, plan, [this](std::string_view bytes) { put(bytes); });
+    }
+    if (arguments_.inPlace) {
+      if (plan.changes.empty() && !arguments_.fromUtf16) return;
+      if (!arguments_.backup.empty()) backUp(file);
+    }
+    std::string written;
+    written.reserve(page.size());
+    applyPlan(page, plan, [&](std::string_view bytes) { written += bytes; });
+    base::writeFile(arguments_.inPlace ? file : arguments_.output, written);
+  }
+
+  void backUp(const std::string& file) const {
+    const std::string backup = file + arguments_.backup;
+    if (base::fileExists(backup) || base::folderExists(backup)) {
+      throw Fault{"the backup " + backup + " is there already; nothing was changed"};
+    }
+    base::copyFile(file, backup);
+  }
+
+  // Lists what was left; whether there was any.
+  bool report(const std::string& file, std::string_view page, const PagePlan& plan) const {
+    convert::LineCounter lines(page);
+    bool any = false;
+    for (const convert::Change& change : plan.changes) {
+      if (!change.verdict.uncertain) continue;
+      any = true;
+      const std::string line = file + ":" + std::to_string(lines.lineOf(change.begin)) +
+                               ": left, uncertain (" + std::string(nameOf(change.verdict.reason)) +
+                               "): " + shown(page, change) + "\n";
+      std::fwrite(line.data(), 1, line.size(), streams_.err);
+    }
+    return any;
+  }
+
+  static std::string shown(std::string_view page, const convert::Change& change) {
+    const std::string_view old =
+        page.substr(change.begin, std::min<std::size_t>(change.end - change.begin, kShownBytes));
+    return oneLine(old, convert::Form::Western);
+  }
+
+  const Arguments& arguments_;
+  const Streams& streams_;
+  convert::FontTable fonts_;
+};
+
+}  // namespace
+
+int run(const std::vector<std::string>& words, const Streams& streams) {
+  const auto say = [](std::FILE* file, std::string_view text) {
+    std::fwrite(text.data(), 1, text.size(), file);
+  };
+  std::string fault;
+  const auto arguments = parse(words, fault);
+  if (!arguments) {
+    say(streams.err, "zervo-cli: " + fault + "\n");
+    return kUsage;
+  }
+  if (arguments->task == Task::Help) {
+    say(streams.out, helpText());
+    return kDone;
+  }
+  if (arguments->task == Task::Version) {
+    say(streams.out, "zervo-cli " ZERVO_VERSION "\n");
+    return kDone;
+  }
+  return Program(*arguments, streams).run();
+}
+
+}  // namespace cli

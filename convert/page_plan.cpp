@@ -1,0 +1,381 @@
+#include "convert/page_plan.h"
+
+#include <algorithm>
+
+#include "base/text.h"
+#include "base/utf8.h"
+#include "convert/form_codec.h"
+#include "convert/letter_statistics.h"
+#include "convert/letter_writer.h"
+
+namespace convert {
+namespace {
+
+using markup::Range;
+
+constexpr std::string_view kUtf8Mark = "\xEF\xBB\xBF";
+// Bytes written at a time.
+constexpr std::size_t kBlock = std::size_t{256} * 1024;
+
+bool isOldForm(Form form) {
+  return form == Form::Legacy || form == Form::Academy || form == Form::Keyboard || form == Form::Russian;
+}
+
+bool saysUtf8(std::string_view charset) {
+  const std::string name = base::upperAscii(charset);
+  return name == "UTF-8" || name == "UTF8";
+}
+
+std::string_view lineEndOf(std::string_view page) {
+  const std::size_t at = page.find_first_of("\r\n");
+  if (at == std::string_view::npos) return base::kCrLf;
+  return page.substr(at, page.substr(at, 2) == base::kCrLf ? 2 : 1);
+}
+
+bool isPlainAscii(std::string_view text) {
+  return std::ranges::all_of(text, [](char c) { return static_cast<std::uint8_t>(c) < 0x80; });
+}
+
+// The names of a list of fonts that are no old ones, with `instead` where the first of those stood.
+std::string namesWithout(std::string_view names, const FontTable& table, std::string_view instead) {
+  std::string kept;
+  bool put = instead.empty();
+  const auto add = [&](std::string_view name) {
+    if (!kept.empty()) kept += ',';
+    kept += name;
+  };
+  for (const std::string& name : base::split(names, ",")) {
+    const auto form = table.formOf(name);
+    if (!form || !isOldForm(*form)) {
+      add(name);
+    } else if (!put) {
+      add(instead);
+      put = true;
+    }
+  }
+  return std::string(base::trimSpaces(kept));
+}
+
+class Planner {
+ public:
+  Planner(std::string_view page, const PlanOptions& options, PagePlan& plan)
+      : page_(page), options_(options), plan_(plan) {}
+
+  void letters() {
+    Detection& found = plan_.detection;
+    plan_.changes.reserve(found.parts.pieces.size() + 2);
+    std::size_t i = 0;
+    std::size_t done = 0;
+    for (const PagePiece& piece : found.parts.pieces) {
+      bytesBetween(done, piece.begin);
+      done = piece.end;
+      text(piece, found.verdicts[i++]);
+    }
+    bytesBetween(done, page_.size());
+  }
+
+  void fonts() {
+    if (options_.fonts == OldFonts::Keep) return;
+    const std::string_view instead =
+        options_.fonts == OldFonts::Exchange ? std::string_view(options_.newFonts) : "";
+    const std::deque<FontUse>& fonts = plan_.detection.parts.fonts;
+    for (std::size_t i = kFirstFontUse; i < fonts.size(); ++i) {
+      const FontUse& use = fonts[i];
+      if (use.converted == 0 || use.left > 0 || !inSelection({use.wholeBegin, use.wholeEnd})) continue;
+      // Without it the text would be in another old font, which would say something else of what is left of
+      // it.
+      if (isOldForm(use.around) && use.around != use.form) continue;
+      const std::string_view names = page_.substr(use.valueBegin, use.valueEnd - use.valueBegin);
+      Change change;
+      change.kind = ChangeKind::Font;
+      change.verdict.form = use.form;
+      // A "font" needs a name; a FACE and a font-family without any go.
+      const bool mayGo = use.wholeBegin != use.valueBegin;
+      change.wholeFont = mayGo && namesWithout(names, *plan_.fonts(), instead).empty();
+      change.begin = change.wholeFont ? use.wholeBegin : use.valueBegin;
+      change.end = change.wholeFont ? use.wholeEnd : use.valueEnd;
+      plan_.changes.push_back(change);
+    }
+  }
+
+  // Returns what is to be added, empty when nothing is.
+  std::string charset() {
+    const PageParts& parts = plan_.detection.parts;
+    const PageKind kind = options_.detector.parts.kind;
+    if (options_.selection || kind == PageKind::PlainText || kind == PageKind::Script) return {};
+    const bool asciiNow = isPlainAscii(page_);
+    if (asciiNow && plan_.changes.empty() && !options_.declareAnyway) return {};
+    for (const Range charset : parts.charsets) {
+      if (!saysUtf8(charset.of(page_))) addCharset(charset.begin, charset.end);
+    }
+    if (!parts.charsets.empty() || page_.starts_with(kUtf8Mark)) return {};
+    if (asciiNow && options_.to == Target::References) return {};
+    if (kind == PageKind::StyleSheet) {
+      addCharset(0, 0);
+      return "@charset \"utf-8\";" + std::string(lineEndOf(page_));
+    }
+    if (!parts.headAt) return {};
+    addCharset(*parts.headAt, *parts.headAt);
+    const std::string tag = parts.upperCase ? "<META CHARSET=\"UTF-8\">" : "<meta charset=\"utf-8\">";
+    return std::string(lineEndOf(page_)) + tag;
+  }
+
+ private:
+  bool inSelection(Range range) const {
+    return !options_.selection ||
+           (range.begin >= options_.selection->begin && range.end <= options_.selection->end);
+  }
+
+  void addCharset(std::size_t begin, std::size_t end) {
+    Change change;
+    change.begin = static_cast<std::uint32_t>(begin);
+    change.end = static_cast<std::uint32_t>(end);
+    change.kind = ChangeKind::Charset;
+    change.verdict.reason = Reason::Declared;
+    plan_.changes.push_back(change);
+  }
+
+  void text(const PagePiece& piece, const Verdict& verdict) {
+    FontUse& font = plan_.detection.parts.fonts[piece.font];
+    const bool changes = options_.to == Target::Utf8 ? verdict.changesToUtf8 : verdict.changesToReferences;
+    Range range{piece.begin, piece.end};
+    if (options_.selection) {
+      range = {std::max(range.begin, options_.selection->begin),
+               std::min(range.end, options_.selection->end)};
+      if (range.begin >= range.end || range.size() < piece.end - piece.begin) font.left += verdict.letters;
+      if (range.begin >= range.end) return;
+    }
+    if (!changes && !verdict.uncertain) {
+      if (font.form == Form::Keyboard && verdict.form == Form::Ascii) font.left += verdict.letters;
+      return;
+    }
+    Change change;
+    change.begin = static_cast<std::uint32_t>(range.begin);
+    change.end = static_cast<std::uint32_t>(range.end);
+    change.place = piece.place;
+    change.references = piece.references;
+    change.verdict = verdict;
+    change.verdict.afterwards = repairsAfterwards(range, piece, verdict);
+    if (verdict.keyboard) {
+      const KeyboardWords words = keyboardWords(page_.substr(range.begin, range.size()), verdict);
+      font.converted += words.converted;
+      font.left += words.left;
+      change.verdict.wholeKeyboard = words.left == 0;
+      if (words.noKey > 0) {
+        change.verdict.uncertain = true;
+        change.verdict.reason = Reason::NoKey;
+      }
+      const bool others = std::ranges::any_of(page_.substr(range.begin, range.size()), [](char c) {
+        return static_cast<std::uint8_t>(c) >= 0x80 || c == '&';
+      });
+      if (words.converted == 0 && !change.verdict.uncertain && !others) return;
+    } else if (verdict.uncertain) {
+      font.left += verdict.letters;
+    } else if (isOldForm(verdict.form)) {
+      font.converted += verdict.letters;
+    }
+    plan_.changes.push_back(change);
+  }
+
+  // Of Western bytes, which are UTF-8 by chance or by somebody's mistake, text can come that was encoded
+  // twice.
+  bool repairsAfterwards(Range range, const PagePiece& piece, const Verdict& verdict) const {
+    if (verdict.eight != Form::Western || plan_.detection.census.isUtf8()) return false;
+    const std::string_view old = page_.substr(range.begin, range.size());
+    if (old.find_first_of("\xC2\xC3\xD0\xD1\xE1\xE2") == std::string_view::npos) return false;
+    std::string utf8;
+    appendLetters(old, verdict, readingOf(plan_.detection, piece), Writing::Utf8, utf8);
+    const Statistics found = statisticsOf(utf8, {piece.references, false});
+    return found.doubled > 0 || (found.doubledPairs >= kManyPairs && found.utf8 + found.references == 0);
+  }
+
+  // Bytes outside texts are no letters to convert, but in a page of UTF-8 they must be UTF-8 too.
+  void bytesBetween(std::size_t at, std::size_t end) {
+    if (options_.selection || plan_.detection.census.isUtf8()) return;
+    const std::string_view upTo = page_.substr(0, end);
+    const Reading reading{false, plan_.detection.reading.pairsAreBytes,
+                          plan_.detection.reading.oddOnesAreBytes};
+    while (at < end) {
+      if (static_cast<std::uint8_t>(page_[at]) < 0x80) {
+        ++at;
+        continue;
+      }
+      const std::size_t begin = at;
+      bool afterByte = false;
+      while (at < end && static_cast<std::uint8_t>(page_[at]) >= 0x80) {
+        const Symbol symbol = symbolAt(upTo, at, reading, afterByte);
+        if (symbol.source != Source::Byte) break;
+        afterByte = true;
+        at += symbol.size;
+      }
+      if (at > begin) {
+        Change change;
+        change.begin = static_cast<std::uint32_t>(begin);
+        change.end = static_cast<std::uint32_t>(at);
+        change.kind = ChangeKind::Bytes;
+        change.verdict.reason = Reason::Reencoded;
+        change.verdict.form = change.verdict.eight = plan_.base();
+        plan_.changes.push_back(change);
+      } else {
+        at += symbolAt(upTo, at, reading, false).size;
+      }
+    }
+  }
+
+  std::string_view page_;
+  const PlanOptions& options_;
+  PagePlan& plan_;
+};
+
+}  // namespace
+
+PagePlan makePlan(std::string_view page, const PlanOptions& options) {
+  PagePlan plan;
+  plan.target = options.to;
+  plan.kind_ = options.detector.parts.kind;
+  plan.selection_ = options.selection.has_value();
+  plan.fonts_ =
+      options.detector.parts.fonts != nullptr ? options.detector.parts.fonts : &FontTable::builtIn();
+  if (options.fonts == OldFonts::Exchange) plan.newFonts_ = options.newFonts;
+  plan.detection = detect(page, options.detector);
+  if (plan.detection.page.trouble != Trouble::None) return plan;
+  const std::string declared = base::upperAscii(plan.detection.parts.declared(page));
+  const bool russian =
+      plan.detection.page.form == Form::Russian || declared == "WINDOWS-1251" || declared == "CP1251";
+  plan.base_ = russian ? Form::Russian : Form::Western;
+  Planner planner(page, options, plan);
+  planner.letters();
+  const auto lettersEnd = static_cast<std::ptrdiff_t>(plan.changes.size());
+  planner.fonts();
+  plan.addition_ = planner.charset();
+  const auto middle = plan.changes.begin() + lettersEnd;
+  const auto before = [](const Change& a, const Change& b) {
+    return a.begin != b.begin ? a.begin < b.begin : a.end < b.end;
+  };
+  std::stable_sort(middle, plan.changes.end(), before);
+  std::inplace_merge(plan.changes.begin(), middle, plan.changes.end(), before);
+  return plan;
+}
+
+void PagePlan::appendNewBytes(std::string_view page, const Change& change, std::string& out) const {
+  const std::string_view old = oldBytes(page, change);
+  const Reading reading{change.references, detection.reading.pairsAreBytes,
+                        detection.reading.oddOnesAreBytes};
+  switch (change.kind) {
+    case ChangeKind::Letters: {
+      Writing writing = Writing::Utf8;
+      if (target == Target::References) {
+        const bool references = change.references || (kind_ == PageKind::PlainText);
+        writing = change.place == Place::ScriptString ? Writing::ScriptEscapes
+                  : change.place == Place::CssString  ? Writing::CssEscapes
+                  : references                        ? Writing::References
+                                                      : Writing::Utf8;
+      }
+      return appendLetters(old, change.verdict, reading, writing, out);
+    }
+    case ChangeKind::Bytes:
+      return appendReencoded(old, change.verdict.eight, reading, out);
+    case ChangeKind::Charset:
+      out += old.empty() ? std::string_view(addition_)
+             : std::ranges::any_of(old, [](char c) { return c >= 'A' && c <= 'Z'; }) ? "UTF-8"
+                                                                                     : "utf-8";
+      return;
+    case ChangeKind::Font:
+      if (change.wholeFont) return;
+      const std::string names = namesWithout(old, *fonts_, newFonts_);
+      out += names.empty() ? std::string_view("sans-serif") : std::string_view(names);
+      return;
+  }
+}
+
+std::string PagePlan::newBytes(std::string_view page, const Change& change) const {
+  std::string out;
+  appendNewBytes(page, change, out);
+  return out;
+}
+
+std::string PagePlan::readable(std::string_view bytes, Form form) {
+  Verdict verdict;
+  choose(verdict, form);
+  std::string out;
+  appendLetters(bytes, verdict, {true, isEightBit(form)}, Writing::Utf8, out);
+  return out;
+}
+
+void PagePlan::choose(Verdict& verdict, Form form) {
+  verdict = {};
+  verdict.form = form;
+  verdict.reason = Reason::Chosen;
+  verdict.eight = isEightBit(form) ? form : Form::Western;
+  verdict.eightEverywhere = isOldForm(form) && form != Form::Keyboard;
+  verdict.keyboard = form == Form::Keyboard;
+  verdict.repair = form == Form::DoubleUtf8;
+  verdict.changesToUtf8 = verdict.changesToReferences = true;
+}
+
+bool PagePlan::uncertain() const {
+  return std::ranges::any_of(changes, [](const Change& change) { return change.verdict.uncertain; });
+}
+
+bool PagePlan::changesLetters() const {
+  return std::ranges::any_of(changes, [](const Change& change) {
+    return change.kind == ChangeKind::Letters && !change.verdict.uncertain;
+  });
+}
+
+void applyPlan(std::string_view page, const PagePlan& plan,
+               const std::function<void(std::string_view)>& write) {
+  std::string block;
+  block.reserve(kBlock + kBlock / 4);
+  std::size_t done = 0;
+  const auto copy = [&](std::size_t end) {
+    if (end - done < kBlock) {
+      block.append(page.substr(done, end - done));
+    } else {
+      write(block);
+      block.clear();
+      write(page.substr(done, end - done));
+    }
+    if (block.size() >= kBlock) {
+      write(block);
+      block.clear();
+    }
+  };
+  for (const Change& change : plan.changes) {
+    if (change.begin < done) continue;
+    copy(change.begin);
+    done = change.begin;
+    if (change.apply && !plan.stays(change))
+      plan.appendNewBytes(page, change, block);
+    else
+      plan.appendLeft(page, change, block);
+    done = change.end;
+  }
+  copy(page.size());
+  write(block);
+}
+
+void PagePlan::appendLeft(std::string_view page, const Change& change, std::string& out) const {
+  const std::string_view old = oldBytes(page, change);
+  if (selection_)
+    out += old;
+  else
+    appendReencoded(old, base_, detection.reading, out);
+}
+
+std::string applyPlan(std::string_view page, const PagePlan& plan) {
+  std::string out;
+  applyPlan(page, plan, [&](std::string_view block) { out += block; });
+  return out;
+}
+
+std::size_t LineCounter::lineOf(std::size_t offset) {
+  // CR LF, LF and CR end a line each.
+  for (; at_ < offset && at_ < page_.size(); ++at_) {
+    if (page_[at_] == '\n' || (page_[at_] == '\r' && (at_ + 1 == page_.size() || page_[at_ + 1] != '\n')))
+      ++line_;
+  }
+  return line_;
+}
+
+}  // namespace convert
