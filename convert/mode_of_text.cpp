@@ -18,7 +18,7 @@ std::optional<TypingMode> modeOfText(std::string_view text) {
   text = text.substr(0, kLookedAt);
   if (base::readsAsUtf8(text)) return std::nullopt;
   const Detection detection = detect(text, {});
-  const Verdict& page = detection.page;
+  const PageVerdict& page = detection.page;
   if (page.letters < kFewest || page.confidence < kSure) return std::nullopt;
   switch (page.form) {
     case Form::Russian:
