@@ -61,7 +61,7 @@ struct MenuItem {
   bool enabled = true;
   bool checked = false;
   bool radio = false;  // the check mark is a bullet: one of a group
-  Text help;           // one sentence for the status bar
+  Text help = {};      // one sentence for the status bar
   // In place of an icon by number; see ui/drawing.h.
   std::string_view drawing = {};
   bool ownKey = false;  // in the code view the shortcut acts without the menu, and must not act twice
