@@ -286,7 +286,8 @@ void FrmH::parkShown() {
   record.SLenth = T1.selLength();
 }
 
-std::int16_t FrmH::appendRecord(const DocumentText& value, const std::string& path, const std::string& title) {
+std::int16_t FrmH::appendRecord(const DocumentText& value, const std::string& path,
+                                const std::string& title) {
   WebProject.AddNewIthem(value, -1, "", "");
   const auto index = static_cast<std::int16_t>(WebProject.Count() - 1);
   Ithem& record = WebProject.Item(index);

@@ -22,7 +22,7 @@ void ColectionMain::AddNewIthem(const DocumentText& Value, std::int16_t Index, c
     throw base::Error(base::ErrorNumber::InvalidCall, "indeqsi araa swore.", "ColectionMain");
   }
   // The arguments may be a record's own fields, which the shift below overwrites.
-  const DocumentText value = Value;              // NOLINT: that they are copies is the point
+  const DocumentText value = Value;        // NOLINT: that they are copies is the point
   const std::string kay = Kay, tag = Tag;  // NOLINT
   const std::int16_t at = Index < 0 ? count : Index;
   items_.emplace_back();

@@ -1,5 +1,5 @@
-// The text of a record: plain bytes until it is first shown or changed, then a document of the code view with its own
-// history.
+// The text of a record: plain bytes until it is first shown or changed, then a document of the code view with
+// its own history.
 #pragma once
 
 #include <memory>
@@ -13,10 +13,10 @@ namespace app {
 class DocumentText {
  public:
   DocumentText() = default;
-  DocumentText(std::string text) : text_(std::move(text)) {}          // NOLINT: a text is a text
-  DocumentText(std::string_view text) : text_(text) {}                // NOLINT
-  DocumentText(const char* text) : text_(text) {}                     // NOLINT
-  DocumentText(std::shared_ptr<ui::CodeDocument> document)            // NOLINT
+  DocumentText(std::string text) : text_(std::move(text)) {}  // NOLINT: a text is a text
+  DocumentText(std::string_view text) : text_(text) {}        // NOLINT
+  DocumentText(const char* text) : text_(text) {}             // NOLINT
+  DocumentText(std::shared_ptr<ui::CodeDocument> document)    // NOLINT
       : document_(std::move(document)) {}
 
   // Valid until the text changes.

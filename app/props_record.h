@@ -50,8 +50,8 @@ struct PropsRecord {
   bool WhiteSpace = false;   // blanks and tabs are shown
   bool LineEnds = false;     // are shown
   ColourScheme Colours = ColourScheme::Own;
-  bool ModeOfPage = false;  // a page opens in the typing mode of its letters
-  bool NewPageSkeleton = false;        // a new HTML page is a whole one in UTF-8, not "<HTML>" alone
+  bool ModeOfPage = false;       // a page opens in the typing mode of its letters
+  bool NewPageSkeleton = false;  // a new HTML page is a whole one in UTF-8, not "<HTML>" alone
 
   bool operator==(const PropsRecord&) const = default;
 };

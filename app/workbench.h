@@ -85,13 +85,13 @@ class Workbench {
   ui::Signal<> idle;
   ui::Signal<> pause;  // the user has done nothing for a moment: time for what reads the whole text
   ui::Signal<std::string_view> panelClicked;  // of the status bar
-  ui::Signal<base::Color> colorChosen;  // for a page, in one of the colour dialogs
-  ui::Signal<int> keyDown;              // in the code view; virtual-key numbers
+  ui::Signal<base::Color> colorChosen;        // for a page, in one of the colour dialogs
+  ui::Signal<int> keyDown;                    // in the code view; virtual-key numbers
   ui::Signal<int> keyUp;
   ui::Signal<> startUp;  // the start-up action
   ui::Signal<> closing;
-  // What enters the code view for a typed character and for what is pasted, and what it gives to the clipboard: the
-  // typing's to say.
+  // What enters the code view for a typed character and for what is pasted, and what it gives to the
+  // clipboard: the typing's to say.
   std::function<std::string(char32_t character)> typed;
   std::function<void(int code)> controlTyped;
   std::function<std::string(const ui::TextClip& clip)> entering;

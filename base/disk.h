@@ -43,8 +43,8 @@ int fileNames(std::string_view folder, std::vector<std::string>& names);  // add
 bool same(std::string_view a, std::string_view b);  // one existing file, whatever the spelling
 std::string tempFolder();
 std::string fullPath(std::string_view path);  // a relative one begins at the working folder
-std::string ownFolder();  // of the program, for this user; made when it is missing
-std::string newName();    // no other run of the program makes the same
+std::string ownFolder();                      // of the program, for this user; made when it is missing
+std::string newName();                        // no other run of the program makes the same
 void pause(int milliseconds);
 
 }  // namespace base::disk

@@ -14,8 +14,8 @@ void appendUtf8(std::string& out, char32_t character);
 std::optional<char32_t> nextUtf8(std::string_view text, std::size_t& at);
 
 bool isUtf8(std::string_view text);
-// All of it is UTF-8, and it has a letter of more than one byte or begins with a byte-order mark: text that is to be
-// read as UTF-8.
+// All of it is UTF-8, and it has a letter of more than one byte or begins with a byte-order mark: text that
+// is to be read as UTF-8.
 bool readsAsUtf8(std::string_view text);
 // It begins with the mark of UTF-16: its units are two bytes each.
 bool isUtf16(std::string_view text);

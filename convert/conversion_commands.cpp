@@ -8,7 +8,13 @@ namespace {
 
 using namespace ui::literals;
 
-enum class Takes { WholeText, WholeTextWithHourglass, Selection, SelectionToClipboard, SelectionToClipboardAsUtf8 };
+enum class Takes {
+  WholeText,
+  WholeTextWithHourglass,
+  Selection,
+  SelectionToClipboard,
+  SelectionToClipboardAsUtf8
+};
 
 struct Row {
   int id;
@@ -31,8 +37,9 @@ const std::vector<Row>& rows() {
        &Conversions::utf8ToLatin, "მთელი ტექსტი: UTF-8-დან ლათინურ ასოებში"},
       {mnuUTF8dekod, "mnuUTF8dekod", "|16|ÌÀÒÊÉÒÄÁÖËÉÓ UTF8 ÃÄÊÏÃÉÒÄÁÀ"_legacy, Takes::Selection,
        &Conversions::utf8ToLatin, "მონიშნული: UTF-8-დან ლათინურ ასოებში"},
-      {mnuUbendkopi, "mnuUbendkopi", "|11|UTF8 ÊÏÃÉÒÄÁÀ ÃÀ ÊÏÐÉÒÄÁÀ"_legacy, Takes::SelectionToClipboardAsUtf8,
-       &Conversions::latinToUtf8, "მონიშნული UTF-8-ში ბუფერში; დოკუმენტი არ იცვლება"},
+      {mnuUbendkopi, "mnuUbendkopi", "|11|UTF8 ÊÏÃÉÒÄÁÀ ÃÀ ÊÏÐÉÒÄÁÀ"_legacy,
+       Takes::SelectionToClipboardAsUtf8, &Conversions::latinToUtf8,
+       "მონიშნული UTF-8-ში ბუფერში; დოკუმენტი არ იცვლება"},
       {mnuTkod, "mnuTkod", "|15|ØÀÒÈÖËÉ            ASCII - ISO"_legacy, Takes::WholeText,
        &Conversions::latinToLegacy, "მთელი ტექსტი: ლათინური ასოებიდან ძველი შრიფტის კოდებში"},
       {mnukod, "mnukod", "|14|ÌÀÒÊÉÒÄÁÖËÉÓ  ASCII-ISO"_legacy, Takes::Selection, &Conversions::latinToLegacy,

@@ -132,7 +132,7 @@ def main():
 
     interface = ansi | georgian
     for block in (range(0x20, 0x7F), range(0xA0, 0x180), range(0x400, 0x460), range(0x2010, 0x2028),
-                  [0x2039, 0x203A, 0x20AC, 0x2116, 0x2122, 0x2190, 0x2191, 0x2192, 0x2193, 0x21B5, 0x2026, 0x2713]):
+                  [0x2039, 0x203A, 0x20AC, 0x2116, 0x2122, 0x2190, 0x2191, 0x2192, 0x2193, 0x21B5, 0x2026, 0x2713, 0x2717]):
         interface |= {character: character for character in block}
     make(sans, os.path.join(output, "ZervoSans.ttf"), "Zervo Sans", interface, [latin, cyrillic])
     make(mono, os.path.join(output, "ZervoISO.ttf"), "Zervo ISO", ansi | drawn(LEGACY), [latin])

@@ -1,5 +1,5 @@
-// `T1`, the code view: byte text and two ways to look at it. Positions and lengths are bytes, from 0; a line end
-// counts as the bytes it has in the file.
+// `T1`, the code view: byte text and two ways to look at it. Positions and lengths are bytes, from 0; a line
+// end counts as the bytes it has in the file.
 #pragma once
 
 #include <cstdint>
@@ -43,9 +43,9 @@ struct CaretPlace {
 
 // Text on its way between the document and the clipboard or another window.
 struct TextClip {
-  std::string bytes;    // as they stand in the document; empty when they come from another program
-  std::string letters;  // UTF-8: what the user sees
-  int form = -1;        // in which view and mode `bytes` were copied (see convert::Typing); -1: unknown
+  std::string bytes;         // as they stand in the document; empty when they come from another program
+  std::string letters;       // UTF-8: what the user sees
+  int form = -1;             // in which view and mode `bytes` were copied (see convert::Typing); -1: unknown
   std::uint64_t source = 0;  // CodeDocument::number of the document they are from; 0: another program's
 };
 
@@ -62,7 +62,7 @@ class CodeDocument {
   const std::uint64_t number = nextNumber();  // its own in this run of the program
   bool viewDecided = false;                   // by its text, when it was first shown
   bool viewChosen = false;                    // by the user: it is not decided by the text any more
-  int typingMode = -1;      // -1: none chosen yet
+  int typingMode = -1;                        // -1: none chosen yet
   Language language = Language::None;
 
  protected:
@@ -113,9 +113,9 @@ class CodeView {
 
   // The control's own bytes, not a copy: valid until the text changes.
   virtual std::string_view text() const = 0;
-  // One step(); what the user looks at stays in its line, and so does the caret unless a place is given for it (at most
-  // the text's length; -1: none). Raises `changed`. Throws base::Error(OutOfMemory) and keeps the old text when the
-  // control cannot hold the new one.
+  // One step(); what the user looks at stays in its line, and so does the caret unless a place is given for
+  // it (at most the text's length; -1: none). Raises `changed`. Throws base::Error(OutOfMemory) and keeps the
+  // old text when the control cannot hold the new one.
   virtual void setText(std::string_view text, int caret) = 0;
   void setText(std::string_view text) { setText(text, -1); }
   // Makes one undoable step of the edits in `edits`; after it, and when it is undone or redone, `reformed` is
@@ -142,9 +142,9 @@ class CodeView {
   virtual void redo() = 0;
 
   // None of the following is an undo step or raises `changed`.
-  virtual void setFont(const Font& font) = 0;       // of the 8-bit view
-  virtual void setUtf8Font(const Font& font) = 0;   // of the UTF-8 view; its character set is not looked at
-  virtual const Font& currentFont() const = 0;      // of the shown view: how its bytes are to be shown elsewhere
+  virtual void setFont(const Font& font) = 0;      // of the 8-bit view
+  virtual void setUtf8Font(const Font& font) = 0;  // of the UTF-8 view; its character set is not looked at
+  virtual const Font& currentFont() const = 0;  // of the shown view: how its bytes are to be shown elsewhere
   virtual void setLook(const CodeLook& look) = 0;
   virtual int zoom() const = 0;  // points added to the font's size
   virtual void setZoom(int points) = 0;
@@ -157,7 +157,8 @@ class CodeView {
   // Any change of the text, by the user or by the calls above.
   Signal<> changed;
   Signal<> selectionChanged;
-  // The whole text, or what a step() touched, has another form: by setText(), step(), and undo and redo of one.
+  // The whole text, or what a step() touched, has another form: by setText(), step(), and undo and redo of
+  // one.
   Signal<> reformed;
   // The byte text that enters for a typed character; empty: none. Without it, its UTF-8.
   std::function<std::string(char32_t character)> typed;

@@ -38,7 +38,7 @@ class MainPeer {
   virtual void setPlace(WindowPlace place) = 0;  // moved into the nearest screen when outside all
   virtual PaneWidths paneWidths() const = 0;
   virtual void setPaneWidths(PaneWidths widths) = 0;
-  virtual void nextPane() = 0;        // the keyboard goes on to the next pane, from the last one to the code view
+  virtual void nextPane() = 0;  // the keyboard goes on to the next pane, from the last one to the code view
   virtual void toolBarChanged() = 0;  // colours of its buttons
   virtual void toolBarStates() = 0;   // which of them are enabled
   virtual void menusChanged() = 0;    // rows, not states: states are asked before they show

@@ -37,7 +37,10 @@ class Platform {
   virtual void showModeless(Form& form) = 0;  // stays above the main window; the form must outlive its window
 
   // A pop-up menu; the chosen command, 0: none.
-  enum class PopupPlace { Focus, Pointer };  // Focus: at the pointer where it is in the focused control, else in that
+  enum class PopupPlace {
+    Focus,
+    Pointer
+  };  // Focus: at the pointer where it is in the focused control, else in that
   virtual int popupMenu(const std::vector<MenuItem>&, PopupPlace) { return 0; }
   int popupMenu(const std::vector<MenuItem>& items) { return popupMenu(items, PopupPlace::Focus); }
 

@@ -74,7 +74,8 @@ ui::TextClip clipboardClip(HWND owner) {
   if (GlobalSize(block) > sizeof header) {
     std::memcpy(&header, data, sizeof header);
     // A block may be larger than what was put there.
-    clip.bytes.assign(data + sizeof header, std::min<std::size_t>(GlobalSize(block) - sizeof header, header.size));
+    clip.bytes.assign(data + sizeof header,
+                      std::min<std::size_t>(GlobalSize(block) - sizeof header, header.size));
     clip.form = header.form;
     clip.source = header.process == GetCurrentProcessId() ? header.source : 0;
   }

@@ -9,9 +9,8 @@
 
 namespace win32 {
 
-// The clip's letters as Unicode text, its bytes, if it has any, as ANSI text and, whole, in a format of the program's
-// own. Throw
-// base::Error when another program holds the clipboard.
+// The clip's letters as Unicode text, its bytes, if it has any, as ANSI text and, whole, in a format of the
+// program's own. Throw base::Error when another program holds the clipboard.
 void putClip(HWND owner, const ui::TextClip& clip);
 ui::TextClip clipboardClip(HWND owner);  // nothing in it when there is no text
 

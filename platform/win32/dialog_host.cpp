@@ -22,7 +22,7 @@ namespace win32 {
 
 namespace {
 
-constexpr int kGapBeside = 8;  // between a window and what it has made room for, in 1/96 inch
+constexpr int kGapBeside = 8;              // between a window and what it has made room for, in 1/96 inch
 constexpr const char* kSizes = "dialogs";  // section of the registry; one value a form: "width height"
 
 bool canBeSized(const ui::Form& form) {

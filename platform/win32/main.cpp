@@ -33,7 +33,7 @@ int run() {
   const win32::MainWindow window(program.window(), codeView);
   program.start(win32::utf8FromWide(commandLine()));
   const int result = win32::runMessageLoop([&program] { program.window().idle(); },
-                                               [&program] { program.window().pause(); });
+                                           [&program] { program.window().pause(); });
   platform.closeModeless();
   return result;
 }

@@ -46,8 +46,8 @@ class ModalRun {
 };
 
 void pumpMessages();  // what is pending now; a request to end stays pending
-// Until the program is told to end. `idle` runs each time the queue has become empty, `pause` once when it has then
-// been empty for half a second.
+// Until the program is told to end. `idle` runs each time the queue has become empty, `pause` once when it
+// has then been empty for half a second.
 int runMessageLoop(const std::function<void()>& idle, const std::function<void()>& pause);
 
 }  // namespace win32

@@ -1,7 +1,6 @@
 // The real code view beside a plain model of bytes: edits at random, over texts of every byte value.
-#include <map>
+#include <algorithm>
 #include <random>
-#include <set>
 
 #include "base/line_ends.h"
 #include "base/utf8.h"
@@ -49,7 +48,7 @@ struct Model {
   };
   std::vector<State> states;
   std::size_t now = 0;
-  int run = 0;
+  int runs = 0;
   TextView view = TextView::EightBit;
   base::LineEnd lineEnd = base::LineEnd::CrLf;
   int start = 0, length = 0;
@@ -57,10 +56,10 @@ struct Model {
   std::shared_ptr<ui::CodeDocument> document;
 
   const std::string& text() const { return states[now].text; }
-  void edit(std::string text, Kind kind) {
+  void edit(std::string text, Kind kind, bool alone = false) {
     states.resize(now + 1);
-    if (kind == Kind::Step || kind == Kind::Reforming || kind != states[now].kind) ++run;
-    states.push_back({std::move(text), kind, run});
+    const bool joins = !alone && kind == states[now].kind && (kind == Kind::Typed || kind == Kind::Erased);
+    states.push_back({std::move(text), kind, joins ? states[now].run : ++runs});
     ++now;
   }
 };
@@ -160,8 +159,7 @@ class RandomEdits : public tests::CodeViewTest {
       const std::string bytes = bytesOf(letter);
       if (text.compare(at, length, bytes) == 0) continue;  // told apart from no edit by nothing
       text.replace(at, length, bytes);
-      if (length > 0) ++shown().run;
-      shown().edit(std::move(text), Kind::Typed);
+      shown().edit(std::move(text), Kind::Typed, length > 0);
       if (letter > 0xFFFF) {
         send(WM_CHAR, 0xD800 + ((letter - 0x10000) >> 10U), 1);
         send(WM_CHAR, 0xDC00 + ((letter - 0x10000) & 0x3FFU), 1);
@@ -184,7 +182,7 @@ class RandomEdits : public tests::CodeViewTest {
       if (kind == 0) {
         const std::string_view end = base::bytesOf(shown().lineEnd);
         text.insert(caret, end);
-        shown().edit(std::move(text), Kind::Step);
+        shown().edit(std::move(text), Kind::Typed);
         key(VK_RETURN);
         return;  // the new end may join a letter's halves around it: another place comes next
       }
@@ -263,7 +261,6 @@ class RandomEdits : public tests::CodeViewTest {
     } while (view_.text() != model.text() &&
              (back ? model.now > 0 && model.states[model.now].run == run
                    : model.now + 1 < model.states.size() && model.states[model.now + 1].run == run));
-    ++model.run;
     ASSERT_EQ(reforms_, reforms ? 1 : 0);
     if (reforms) model.lineEnd = base::lineEndOf(model.text());
   }

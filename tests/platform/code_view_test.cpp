@@ -159,6 +159,16 @@ TEST_F(CodeViewTest, DocumentsKeepHistorySelectionAndPlaceWhileOthersAreShown) {
   view_.redo();
   EXPECT_EQ(view_.text(), "other\n");
   EXPECT_EQ(first->text(), lines);
+
+  // Shorter than where the caret was.
+  view_.show(first);
+  view_.select(1 << 30, 0);
+  view_.show(second);
+  first->setText("ab");
+  view_.show(first);
+  EXPECT_EQ(view_.selStart(), 2);
+  type(L"c");
+  EXPECT_EQ(view_.text(), "abc");
 }
 
 TEST_F(CodeViewTest, AWholeTextCommandKeepsTheCaretsLineOrTakesAPlace) {

@@ -37,7 +37,8 @@ class SampleMain : public ui::MainForm {
     menus[0].items.resize(1);
     menus[0].items[0].caption = "|1|from the menu";
     menus[0].items[0].command = kFirstTool + 28;
-    menus[0].items.push_back({"next pane", mnuNextPane, {VK_F6, false, false, false}, {}});
+    menus[0].items.push_back(
+        {"next pane", mnuNextPane, {VK_F6, false, false, false}, {}, true, false, false, {}});
     for (int i = 0; i < kTools; ++i) {
       toolBar.push_back({kFirstTool + i, ui::ToolIcon::Bold, "tool " + std::to_string(i)});
       if (i == 4) toolBar.emplace_back();

@@ -30,7 +30,7 @@ TEST(Menus, AreFoundByKeyAndByLetterInAnyLayout) {
   EXPECT_NE(undo & MF_CHECKED, 0U);
   EXPECT_EQ(win32::commandOfShortcut(items, ui::ctrl('O')), 11);
   EXPECT_EQ(win32::commandOfShortcut(items, ui::ctrlShift('O')), 0);
-  ui::MenuItem colouring{"F12", 13, {VK_F12, false, false, false}, {}};
+  ui::MenuItem colouring{"F12", 13, {VK_F12, false, false, false}, {}, true, false, false, {}};
   colouring.ownKey = true;
   EXPECT_EQ(win32::commandOfShortcut({colouring}, colouring.shortcut), 13);
   EXPECT_EQ(win32::commandOfShortcut({colouring}, colouring.shortcut, true), 0) << "it acts there by itself";

@@ -149,7 +149,7 @@ class MemoryCodeView : public ui::CodeView {
   ui::Font font, utf8Font;
   ui::CodeLook look;
   int zoomed = 0;
-  ui::Language colouredAs = ui::Language::None;  // as languageChanged() found it
+  ui::Language colouredAs = ui::Language::None;         // as languageChanged() found it
   std::optional<std::vector<ui::ColourRange>> colours;  // nothing: plain
   std::size_t limit = std::string::npos;                // longer texts cannot be loaded
   std::optional<ui::ScreenArea> onScreen;               // of any selection

@@ -33,4 +33,20 @@ TEST(Resources, EveryFormHasItsTemplateWithAllItsControls) {
   EXPECT_GT(forms, 5);
 }
 
+// A unit of their templates is there 11/4 wide and 21/8 high; beside the dialog a screen has the frame and
+// the title of its window, and a task bar.
+TEST(Resources, EveryDialogFitsAScreenOf1280By900At144DotsAnInch) {
+  const std::regex size("IDD_(\\w+) DIALOGEX 0, 0, (\\d+), (\\d+)");
+  int dialogs = 0;
+  for (const std::string& file : base::fileNames(std::string(ZERVO_SOURCE) + "/resources/dialogs")) {
+    const std::string dialog = source("resources/dialogs/" + file);
+    for (std::sregex_iterator at(dialog.begin(), dialog.end(), size), end; at != end; ++at) {
+      ++dialogs;
+      EXPECT_LE(std::stoi((*at)[2]) * 11 / 4, 1280 - 12) << (*at)[1];
+      EXPECT_LE(std::stoi((*at)[3]) * 21 / 8, 900 - 45) << (*at)[1];
+    }
+  }
+  EXPECT_GT(dialogs, 20);
+}
+
 }  // namespace

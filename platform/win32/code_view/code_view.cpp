@@ -83,7 +83,8 @@ void CodeView::keepPlace() const {
 
 void CodeView::restorePlace() const {
   const ScintillaDocument::Place& place = document_->place;
-  sci_.call(SCI_SETSELECTION, static_cast<uptr_t>(place.caret), place.anchor);
+  const sptr_t size = sci_.length();  // it may have become shorter while it was not shown
+  sci_.call(SCI_SETSELECTION, static_cast<uptr_t>(std::min(place.caret, size)), std::min(place.anchor, size));
   sci_.call(SCI_SETFIRSTVISIBLELINE,
             static_cast<uptr_t>(sci_.call(SCI_VISIBLEFROMDOCLINE, static_cast<uptr_t>(place.topLine))));
   sci_.call(SCI_SETXOFFSET, static_cast<uptr_t>(place.left));

@@ -59,6 +59,13 @@ void CodeView::applyLook() {
   element(SC_ELEMENT_SELECTION_BACK, ui::CodeColour::Selection);
   element(SC_ELEMENT_SELECTION_INACTIVE_BACK, ui::CodeColour::Selection);
   element(SC_ELEMENT_WHITE_SPACE, ui::CodeColour::WhiteSpace);
+  // Line ends are less to be seen than text.
+  for (const char* end : {"\r", "\n", "\r\n"}) {
+    const auto which = reinterpret_cast<uptr_t>(end);
+    sci_.call(SCI_SETREPRESENTATIONAPPEARANCE, which, SC_REPRESENTATION_BLOB | SC_REPRESENTATION_COLOUR);
+    sci_.call(SCI_SETREPRESENTATIONCOLOUR, which,
+              static_cast<sptr_t>(0xFF000000U | ui::codeColour(ui::CodeColour::WhiteSpace, look_.dark)));
+  }
   sci_.call(SCI_SETCARETFORE, look_.text);
   if (look_.currentLine) {
     element(SC_ELEMENT_CARET_LINE_BACK, ui::CodeColour::CurrentLine);

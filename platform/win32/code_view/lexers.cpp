@@ -6,7 +6,8 @@
 
 #include <array>
 
-extern Lexilla::LexerModule lmHTML;
+#include "platform/win32/code_view/page_lexer.h"
+
 extern Lexilla::LexerModule lmXML;
 extern Lexilla::LexerModule lmCss;
 
@@ -108,21 +109,23 @@ constexpr std::array kSheet = std::to_array<Run>({
 });
 
 template <std::size_t N>
-void add(std::vector<LexerStyle>& all, const std::array<Run, N>& runs) {
+void add(std::vector<LexerStyle>& all, const std::array<Run, N>& runs, int from = 0) {
   for (const Run& run : runs) {
-    for (int style = run.first; style <= run.last; ++style) all.push_back({style, run.colour});
+    for (int style = run.first; style <= run.last; ++style) all.push_back({from + style, run.colour});
   }
 }
 
 }  // namespace
 
 void setLexer(const Scintilla& control, ui::Language language) {
-  const Lexilla::LexerModule* module = language == ui::Language::Html  ? &lmHTML
-                                       : language == ui::Language::Xml ? &lmXML
-                                       : language == ui::Language::Css ? &lmCss
-                                                                       : nullptr;
-  control.call(SCI_SETILEXER, 0, module == nullptr ? 0 : reinterpret_cast<sptr_t>(module->Create()));
+  ::Scintilla::ILexer5* const lexer = language == ui::Language::Html  ? makePageLexer()
+                                      : language == ui::Language::Xml ? lmXML.Create()
+                                      : language == ui::Language::Css ? lmCss.Create()
+                                                                      : nullptr;
+  control.call(SCI_SETILEXER, 0, reinterpret_cast<sptr_t>(lexer));
   if (language == ui::Language::Html) {
+    control.call(SCI_SETPROPERTY, reinterpret_cast<uptr_t>("asp.default.language"),
+                 "2");  // VBScript, as on servers
     control.call(SCI_SETKEYWORDS, kScriptList, kScriptWords);
     control.call(SCI_SETKEYWORDS, kBasicList, kBasicWords);
     control.call(SCI_SETKEYWORDS, kPhpList, kPhpWords);
@@ -135,6 +138,7 @@ std::vector<LexerStyle> lexerStyles(ui::Language language) {
     add(all, kSheet);
   } else if (language != ui::Language::None) {
     add(all, kMarkup);
+    add(all, kSheet, kSheetStyles);
   }
   return all;
 }

@@ -40,12 +40,12 @@ bool roomForDocument(std::size_t size) {
 
 bool roomForChange(std::size_t size, std::size_t removed, std::size_t added) {
   if (added <= kAlwaysFits && removed <= kAlwaysFits) return true;
-  // Both buffers, text and styles, are made anew beside the old when they grow; the history keeps what went and what
-  // came.
+  // Both buffers, text and styles, are made anew beside the old when they grow; the history keeps what went
+  // and what came.
   const std::uint64_t grown = std::uint64_t{size} + added - removed;
   const std::uint64_t buffers = grown > size ? 2 * grown + grown / 4 : 0;
-  return room(buffers + added + removed, std::max<std::uint64_t>(grown > size ? grown + grown / 8 : 0,
-                                                                 std::max(added, removed)));
+  return room(buffers + added + removed,
+              std::max<std::uint64_t>(grown > size ? grown + grown / 8 : 0, std::max(added, removed)));
 }
 
 }  // namespace win32

@@ -1,5 +1,5 @@
-// How much text the process can take, asked before it is tried: a control that runs out of memory in the middle of an
-// edit is left without its text.
+// How much text the process can take, asked before it is tried: a control that runs out of memory in the
+// middle of an edit is left without its text.
 #pragma once
 
 #include <cstddef>
