@@ -249,7 +249,7 @@ class StatusBar : public Control {
     std::string key;
     int width;  // in 1/96 inch; -1: takes the rest
     Text text;
-    bool codeFont = false;  // the text is byte text in the legacy layout
+    bool givesWay = false;  // shows a part of a longer text, and so is the first to get narrower
   };
   StatusBar(Form& form, int id, std::vector<Panel> panels) : Control(form, id), panels_(std::move(panels)) {}
   const std::vector<Panel>& panels() const { return panels_; }

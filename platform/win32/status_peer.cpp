@@ -37,7 +37,7 @@ void StatusPeer::divide() {
   std::vector<int> widths, slack;
   int missing = -static_cast<int>(client.right);
   for (std::size_t i = 0; i < panels.size(); ++i) {
-    const bool cut = panels[i].width < 0 || panels[i].codeFont;
+    const bool cut = panels[i].width < 0 || panels[i].givesWay;
     const int made = std::max(0, scaled(panels[i].width, dpi));
     int text = cut || i >= shown_.size() ? 0 : widthOfText(i) + scaled(kPadding, dpi);
     if (i + 1 == panels.size()) text += GetSystemMetrics(SM_CXVSCROLL);  // the grip stands over the last one
@@ -47,7 +47,7 @@ void StatusPeer::divide() {
   }
   for (const bool cut : {true, false}) {
     for (std::size_t i = 0; i < panels.size() && missing > 0; ++i) {
-      if (panels[i].codeFont != cut) continue;
+      if (panels[i].givesWay != cut) continue;
       const int given = std::min(missing, slack[i]);
       widths[i] -= given;
       missing -= given;
@@ -84,8 +84,7 @@ void StatusPeer::show(ui::Aspect what) {
   std::size_t part = 0;
   for (const auto& panel : bar_.panels()) {
     const std::string_view bytes = std::string_view(panel.text.bytes).substr(0, kMostShown * 3);
-    const ui::TextKind kind = panel.codeFont ? ui::TextKind::Legacy : panel.text.kind;
-    std::wstring text = wideFromText({std::string(bytes), kind}).substr(0, kMostShown);
+    std::wstring text = wideFromText({std::string(bytes), panel.text.kind}).substr(0, kMostShown);
     std::replace_if(
         text.begin(), text.end(), [](wchar_t c) { return c < L' '; }, L' ');
     send(SB_SETTEXTW, part, reinterpret_cast<LPARAM>(text.c_str()));

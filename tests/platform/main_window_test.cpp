@@ -185,8 +185,16 @@ TEST_F(MainWindow, TabsFollowTheModel) {
   EXPECT_NE(GetWindowLongPtrW(tips, GWL_STYLE) & TTS_NOPREFIX, 0);
 }
 
-TEST_F(MainWindow, NumbersInTheStatusBarAreNeverCut) {
+TEST_F(MainWindow, TheStatusBarShowsLettersAndCutsNoNumbers) {
   const HWND bar = item(IDC_FrmH_Status);
+  const auto preview = [&](const ui::Text& shown) {
+    form.Status.setPanel("kPreview", shown);
+    std::wstring text(static_cast<std::size_t>(LOWORD(SendMessageW(bar, SB_GETTEXTLENGTHW, 1, 0))), L'\0');
+    SendMessageW(bar, SB_GETTEXTW, 1, reinterpret_cast<LPARAM>(text.data()));
+    return text;
+  };
+  EXPECT_EQ(preview("ა é"), L"ა é");
+  EXPECT_EQ(preview({"\xC0", ui::TextKind::Legacy}), L"ა");
   const std::wstring numbers = L"ISO 10000003  UTF8 20000002  HEX 30000001";
   const win32::UniqueCanvas canvas(CreateCompatibleDC(nullptr));
   SelectObject(canvas.get(), reinterpret_cast<HFONT>(SendMessageW(bar, WM_GETFONT, 0, 0)));
