@@ -106,6 +106,9 @@ TEST_F(ListDialog, SelectionDocumentAndAll) {
   EXPECT_FALSE(H->WebProject.Item(1).Changed);
   T1.undo();
   EXPECT_EQ(T1.text(), "b 3 a");
+  clickNode("1.htm");  // changed while it was not shown: a step of its own history
+  T1.undo();
+  EXPECT_EQ(T1.text(), "a 1 a");
 }
 
 TEST_F(ListDialog, FieldsAndListShowTheLettersOfTheView) {
