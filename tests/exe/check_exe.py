@@ -115,7 +115,7 @@ def main():
     check(any(b"Microsoft.Windows.Common-Controls" in data and b"PerMonitor" in data for data in manifests),
           "no manifest for common controls 6 and per-monitor DPI")
     fonts = [data for data in resources.values() if data[:4] == b"\0\1\0\0" and b"glyf" in data[:300]]
-    check(len(fonts) == 4, f"{len(fonts)} fonts instead of 4")
+    check(len(fonts) == 5, f"{len(fonts)} fonts instead of 5")
     for name, content in tables():
         check(resources.get(("CUSTOM", name, GERMAN)) == content, f"table {name} is missing or different")
 
