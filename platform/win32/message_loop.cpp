@@ -80,8 +80,10 @@ void ModalRun::until(const std::function<bool()>& done) {
 }
 
 void pumpMessages() {
+  constexpr DWORD kLongest = 200;  // milliseconds; timers may come faster than they are dealt with
   MSG message;
-  while (PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE) != 0) {
+  const DWORD start = GetTickCount();
+  while (GetTickCount() - start < kLongest && PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE) != 0) {
     if (message.message == WM_QUIT) {
       PostQuitMessage(static_cast<int>(message.wParam));
       return;

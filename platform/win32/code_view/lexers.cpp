@@ -123,6 +123,8 @@ void setLexer(const Scintilla& control, ui::Language language) {
                                       : language == ui::Language::Css ? lmCss.Create()
                                                                       : nullptr;
   control.call(SCI_SETILEXER, 0, reinterpret_cast<sptr_t>(lexer));
+  // Without a lexer nobody ever reports the text as styled, and the control would ask without end.
+  control.call(SCI_SETIDLESTYLING, lexer == nullptr ? SC_IDLESTYLING_NONE : SC_IDLESTYLING_ALL);
   if (language == ui::Language::Html) {
     control.call(SCI_SETPROPERTY, reinterpret_cast<uptr_t>("asp.default.language"),
                  "2");  // VBScript, as on servers
