@@ -71,6 +71,16 @@ int writeOver(const std::string& target, std::string_view bytes) {
   return rewriteInPlace(target, before, bytes);
 }
 
+// A device or a pipe takes the bytes; a file put in its place would be the end of it.
+int writeInto(const std::string& target, std::string_view bytes) {
+  std::FILE* file = disk::open(target, disk::Mode::Change);
+  if (file == nullptr) return errno;
+  errno = 0;
+  const bool whole = std::fwrite(bytes.data(), 1, bytes.size(), file) == bytes.size();
+  const int code = whole ? 0 : errno;
+  return std::fclose(file) == 0 ? code : errno;
+}
+
 }  // namespace
 
 void writeFile(std::string_view path, std::string_view bytes) {
@@ -78,6 +88,10 @@ void writeFile(std::string_view path, std::string_view bytes) {
   const disk::Look old = disk::look(target);
   const bool exists = old.kind == disk::Kind::File;
   if (old.kind == disk::Kind::Folder) throwFileError(EISDIR, path);
+  if (old.kind == disk::Kind::Other) {
+    if (const int code = writeInto(target, bytes)) throwFileError(code, path);
+    return;
+  }
   // Replacing by name would slip past a read-only mark that a plain write respects.
   if (exists && old.readOnly) throwFileError(EACCES, path);
 

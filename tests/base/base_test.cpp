@@ -1,8 +1,11 @@
+#include <fcntl.h>
 #include <gtest/gtest.h>
 #include <sys/mount.h>
+#include <sys/stat.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
+#include <array>
 #include <filesystem>
 
 #include "base/address.h"
@@ -62,6 +65,23 @@ TEST(Addresses, AreFromThePageToTheFile) {
   EXPECT_EQ(base::addressOf("", "D:\\x.gif"), "file:///D:/x.gif");
 }
 
+// 64 KB that fill up.
+struct SmallDisk {
+  SmallDisk() {
+    std::filesystem::create_directory(path);
+    made = mount("none", path.c_str(), "tmpfs", 0, "size=64k") == 0;
+  }
+  SmallDisk(const SmallDisk&) = delete;
+  SmallDisk& operator=(const SmallDisk&) = delete;
+  ~SmallDisk() {
+    if (made) umount(path.c_str());
+  }
+
+  tests::TempFolder folder;
+  std::string path = folder.path() + "/disk";
+  bool made = false;
+};
+
 TEST(Files, OverwritingKeepsALongerTail) {
   const tests::TempFolder folder;
   const std::string path = folder.make("გვერდი.html", "0123456789");
@@ -92,12 +112,9 @@ TEST(Files, AFailureIsNamedAndLeavesTheOldFileAndNoOther) {
 }
 
 TEST(Files, AFullDiskLeavesTheOldFileWhole) {
-  const tests::TempFolder folder;
-  const std::string disk = folder.path() + "/disk";
-  std::filesystem::create_directory(disk);
-  if (mount("none", disk.c_str(), "tmpfs", 0, "size=64k") != 0)
-    GTEST_SKIP() << "cannot mount a small disk here";
-  const std::string path = disk + "\\a";
+  const SmallDisk disk;
+  if (!disk.made) GTEST_SKIP() << "cannot mount a small disk here";
+  const std::string path = disk.path + "\\a";
   base::writeFile(path, "old");
   try {
     base::writeFile(path, std::string(100000, 'x'));
@@ -106,8 +123,7 @@ TEST(Files, AFullDiskLeavesTheOldFileWhole) {
     EXPECT_EQ(error.number(), base::ErrorNumber::DiskFull);
   }
   EXPECT_EQ(base::readFile(path), "old");
-  EXPECT_EQ(std::distance(std::filesystem::directory_iterator(disk), {}), 1);
-  umount(disk.c_str());
+  EXPECT_EQ(std::distance(std::filesystem::directory_iterator(disk.path), {}), 1);
 }
 
 // One row a text: the end that is its own, whether it is mixed, its lines.
@@ -174,20 +190,29 @@ TEST(Files, SavingKeepsLinksRightsAndEveryOtherFile) {
       << "soft, dangling, hard, two pages, the longest";
 }
 
-TEST(Files, WhereThereIsNoRoomForASecondFileTheFirstIsWrittenOver) {
+TEST(Files, ADeviceOrPipeTakesTheBytesAndStaysWhatItIs) {
   const tests::TempFolder folder;
-  const std::string disk = folder.path() + "/disk";
-  std::filesystem::create_directory(disk);
-  if (mount("none", disk.c_str(), "tmpfs", 0, "size=64k") != 0)
-    GTEST_SKIP() << "cannot mount a small disk here";
-  const std::string path = disk + "\\a";
+  const std::string pipe = folder.path() + "/pipe";
+  ASSERT_EQ(mkfifo(pipe.c_str(), 0600), 0);
+  const int reader = open(pipe.c_str(), O_RDONLY | O_NONBLOCK);
+  base::writeFile(pipe, "page");
+  std::array<char, 16> bytes{};
+  EXPECT_EQ(read(reader, bytes.data(), bytes.size()), 4);
+  EXPECT_STREQ(bytes.data(), "page");
+  close(reader);
+  EXPECT_TRUE(std::filesystem::is_fifo(pipe));
+}
+
+TEST(Files, WhereThereIsNoRoomForASecondFileTheFirstIsWrittenOver) {
+  const SmallDisk disk;
+  if (!disk.made) GTEST_SKIP() << "cannot mount a small disk here";
+  const std::string path = disk.path + "\\a";
   base::writeFile(path, std::string(40000, 'o'));
   base::writeFile(path, std::string(30000, 'n'));
   EXPECT_EQ(base::readFile(path), std::string(30000, 'n'));
   EXPECT_THROW(base::writeFile(path, std::string(70000, 'x')), base::Error);
   EXPECT_EQ(base::readFile(path), std::string(30000, 'n'));
-  EXPECT_EQ(std::distance(std::filesystem::directory_iterator(disk), {}), 1);
-  umount(disk.c_str());
+  EXPECT_EQ(std::distance(std::filesystem::directory_iterator(disk.path), {}), 1);
 }
 
 // The notes that a run leaves which is killed: after a file was made beside, or in the middle of writing
