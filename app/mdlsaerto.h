@@ -10,7 +10,7 @@
 #include "app/frmBOXa.h"
 #include "app/props_record.h"
 #include "base/color.h"
-#include "ui/platform.h"
+#include "ui/platform/platform.h"
 
 namespace app {
 

@@ -5,7 +5,7 @@
 #include <functional>
 #include <string>
 
-#include "ui/platform.h"
+#include "ui/platform/platform.h"
 
 namespace app {
 

@@ -11,7 +11,7 @@
 #include "app/props_record.h"
 #include "ui/code_view.h"
 #include "ui/controls.h"
-#include "ui/platform.h"
+#include "ui/platform/platform.h"
 #include "ui/signal.h"
 #include "ui/tab_strip.h"
 #include "ui/tool_bar.h"

@@ -8,7 +8,7 @@
 #include "editor/tag_list.h"
 #include "resources/ids.h"
 #include "ui/controls.h"
-#include "ui/platform.h"
+#include "ui/platform/platform.h"
 
 namespace editor {
 

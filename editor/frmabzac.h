@@ -5,7 +5,7 @@
 
 #include "resources/ids.h"
 #include "ui/controls.h"
-#include "ui/platform.h"
+#include "ui/platform/platform.h"
 
 namespace editor {
 

@@ -8,7 +8,7 @@
 #include "resources/ids.h"
 #include "ui/code_view.h"
 #include "ui/controls.h"
-#include "ui/platform.h"
+#include "ui/platform/platform.h"
 
 namespace editor {
 

@@ -9,7 +9,7 @@
 #include "resources/ids.h"
 #include "ui/controls.h"
 #include "ui/picture.h"
-#include "ui/platform.h"
+#include "ui/platform/platform.h"
 
 namespace generators {
 

@@ -3,12 +3,12 @@
 #include "app/FrmH.h"
 #include "base/write_notes.h"
 #include "convert/attach.h"
-#include "desktop/about.h"
-#include "desktop/options.h"
-#include "desktop/preview.h"
-#include "desktop/printing.h"
 #include "editor/editor.h"
 #include "generators/generators.h"
+#include "options/options.h"
+#include "preview/preview.h"
+#include "print/printing.h"
+#include "program/about.h"
 #include "project/project_commands.h"
 #include "recent/recent_commands.h"
 #include "search/attach.h"
@@ -19,9 +19,9 @@ struct Program::Parts {
   Parts(ui::Platform& platform, ui::CodeView& codeView) : window(platform, codeView) {
     project::attach(window);
     recent::attach(window);
-    desktop::attachPrinting(window);
-    desktop::attachAbout(window);
-    desktop::attachOptions(window);
+    print::attachPrinting(window);
+    attachAbout(window);
+    options::attachOptions(window);
   }
 
   app::FrmH window;
@@ -29,7 +29,7 @@ struct Program::Parts {
   std::unique_ptr<search::Search> finding = search::attach(window);
   std::unique_ptr<editor::Editor> editing = editor::attach(window);
   std::unique_ptr<generators::Generators> generating = generators::attach(window);
-  desktop::Preview previewing{window};
+  preview::Preview previewing{window};
 };
 
 Program::Program(ui::Platform& platform, ui::CodeView& codeView)

@@ -6,7 +6,7 @@
 
 #include "ui/code_view.h"
 #include "ui/main_form.h"
-#include "ui/platform.h"
+#include "ui/platform/platform.h"
 
 namespace program {
 

@@ -4,7 +4,7 @@
 #include <memory>
 #include <string>
 
-#include "ui/ftp.h"
+#include "ui/platform/ftp.h"
 
 namespace project {
 

@@ -5,20 +5,20 @@
 
 // Icons, manifest, fonts
 #define IDI_Zervo 1
-#define IDF_ZervoSans 501  // interface font: Unicode Georgian
-#define IDF_ZervoISO 502   // code view: legacy bytes
-#define IDF_ZervoASCII 503 // code view: Latin keyboard layout
-#define IDF_ZervoRUS 504   // code view: Windows-1251 bytes
-#define IDF_ZervoMono 505  // code view and fields: UTF-8
+#define IDF_ZervoSans 501   // interface font: Unicode Georgian
+#define IDF_ZervoISO 502    // code view: legacy bytes
+#define IDF_ZervoASCII 503  // code view: Latin keyboard layout
+#define IDF_ZervoRUS 504    // code view: Windows-1251 bytes
+#define IDF_ZervoMono 505   // code view and fields: UTF-8
 
 // Main window
 #define IDD_FrmH 1000
 #define IDC_FrmH_T1 1001
 #define IDC_FrmH_TV 1002
 #define IDC_FrmH_Status 1003
-#define IDC_FrmH_TS 1004    // tabs of the open documents
-#define IDC_FrmH_Ttags 1005 // groups of the tag palette
-#define IDC_FrmH_Ltags 1006 // the codes of the chosen group
+#define IDC_FrmH_TS 1004     // tabs of the open documents
+#define IDC_FrmH_Ttags 1005  // groups of the tag palette
+#define IDC_FrmH_Ltags 1006  // the codes of the chosen group
 
 // Message, input and choice box
 #define IDD_frmBOXa 1100
@@ -105,9 +105,9 @@
 #define mnuTable 40803
 #define mnuMatrix 40804
 #define mnutempformat 40820
-#define mnuTFlist 40821     // the first template in the menu
+#define mnuTFlist 40821  // the first template in the menu
 #define mnuTFlistLast 40899
-#define mnuTFmore 4000      // the next, and so on: as many as a file can hold, ..36688
+#define mnuTFmore 4000  // the next, and so on: as many as a file can hold, ..36688
 
 // CSS style builder
 #define IDD_frmCSSstile 2000
@@ -171,9 +171,9 @@
 #define IDC_frmupload_FR2 2121
 #define IDC_frmupload_List1 2122
 #define IDC_frmupload_CKshow 2123
-#define IDC_frmupload_Label2 2130 // ..2134
-#define IDC_frmupload_Text2 2135 // ..2139
-#define IDC_frmupload_Command2 2140 // ..2143
+#define IDC_frmupload_Label2 2130    // ..2134
+#define IDC_frmupload_Text2 2135     // ..2139
+#define IDC_frmupload_Command2 2140  // ..2143
 
 // Print preview
 #define IDD_frmprintpreview 2320
@@ -206,8 +206,8 @@
 #define IDC_frmabout_Clink 2356
 #define IDC_frmabout_COK 2357
 
-// Commands: File 40001.., Edit 40101.., conversions 40151.., typing modes 40201.., View 40301.., Help 40401..,
-// find and replace 40501..
+// Commands: File 40001.., Edit 40101.., conversions 40151.., typing modes 40201.., View 40301.., Help
+// 40401.., find and replace 40501..
 #define mnunewF 40001
 #define mnunewT 40002
 #define mnuOpen 40003
@@ -236,7 +236,7 @@
 #define mnuPaste 40105
 #define mnuDelete 40106
 #define mnuSelectAll 40107
-#define mnuToCrLf 40111 // the line ends of the whole text
+#define mnuToCrLf 40111  // the line ends of the whole text
 #define mnuToLf 40112
 #define mnuToCr 40113
 
@@ -271,7 +271,7 @@
 #define mnuPreviousDocument 40304
 #define mnuTree 40305
 #define mnuTagPalette 40306
-#define mnuToolMore 40308 // the chevron of the tool bar: what has no room in it
+#define mnuToolMore 40308  // the chevron of the tool bar: what has no room in it
 #define mnuNextPane 40307
 #define mnuView8Bit 40321
 #define mnuViewUtf8 40322
@@ -284,7 +284,7 @@
 #define mnuZoomIn 40329
 #define mnuZoomOut 40330
 #define mnuZoomNone 40331
-#define mnuColours0 40332 // own, as the system, light, dark
+#define mnuColours0 40332  // own, as the system, light, dark
 #define mnuColours1 40333
 #define mnuColours2 40334
 #define mnuColours3 40335
@@ -307,7 +307,7 @@
 #define mnuand 40511
 #define mnuend 40512
 #define mnutab 40513
-#define mnuhistory 40520 // the first of the last 20 find texts
+#define mnuhistory 40520  // the first of the last 20 find texts
 
 #define mnuAbout 40401
 #define mnuHelp 40402
@@ -466,7 +466,7 @@
 #define mnulinelength 40652
 #define mnuparindent 40653
 #define mnuparzuch 40654
-#define PHTbar 40701 // ..40727: the buttons of the tag toolbar, in order
+#define PHTbar 40701  // ..40727: the buttons of the tag toolbar, in order
 
 // Options
 #define IDD_frmproperties 2200
@@ -508,9 +508,9 @@
 #define IDC_frmproperties_Capply 2236
 #define IDC_frmproperties_Cdefault 2237
 #define IDC_frmproperties_CKskeleton 2238
-#define IDC_frmproperties_Ltyping 2250 // ..2253: one a typing mode
-#define IDC_frmproperties_CBtyping 2254 // ..2257
-#define IDC_frmproperties_Ptyping 2258 // ..2261
+#define IDC_frmproperties_Ltyping 2250   // ..2253: one a typing mode
+#define IDC_frmproperties_CBtyping 2254  // ..2257
+#define IDC_frmproperties_Ptyping 2258   // ..2261
 #define IDC_frmproperties_Lutf8font 2270
 #define IDC_frmproperties_CButf8font 2271
 #define IDC_frmproperties_Putf8 2272

@@ -11,7 +11,7 @@
 #include <vector>
 
 #include "base/color.h"
-#include "ui/screen_area.h"
+#include "ui/platform/screen_area.h"
 #include "ui/signal.h"
 
 namespace ui {

@@ -7,8 +7,8 @@
 
 #include "ui/code_view.h"
 #include "ui/control.h"
-#include "ui/file_icon.h"
 #include "ui/form.h"
+#include "ui/platform/file_icon.h"
 #include "ui/signal.h"
 
 namespace ui {

@@ -7,7 +7,7 @@
 #include <optional>
 #include <stdexcept>
 
-#include "ui/menu_icons.h"
+#include "ui/icons/menu_icons.h"
 
 namespace ui {
 namespace {

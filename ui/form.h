@@ -6,7 +6,7 @@
 
 #include "ui/control.h"
 #include "ui/menu.h"
-#include "ui/screen_area.h"
+#include "ui/platform/screen_area.h"
 
 namespace ui {
 

@@ -4,7 +4,7 @@
 #include <string>
 #include <string_view>
 
-#include "ui/platform.h"
+#include "ui/platform/platform.h"
 
 namespace ui {
 

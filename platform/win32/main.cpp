@@ -1,11 +1,11 @@
 // The process entry: one thread, one message loop.
 #include "platform/win32/code_view/code_view.h"
-#include "platform/win32/errors.h"
-#include "platform/win32/fonts.h"
-#include "platform/win32/main_window.h"
-#include "platform/win32/message_loop.h"
-#include "platform/win32/strings.h"
+#include "platform/win32/drawing/fonts.h"
+#include "platform/win32/system/errors.h"
+#include "platform/win32/system/strings.h"
 #include "platform/win32/win32_platform.h"
+#include "platform/win32/window/main_window.h"
+#include "platform/win32/window/message_loop.h"
 #include "program/program.h"
 // windows.h first
 #include <ole2.h>

@@ -3,17 +3,17 @@
 #include <algorithm>
 
 #include "base/path.h"
-#include "platform/win32/clipboard.h"
-#include "platform/win32/common_dialogs.h"
-#include "platform/win32/fonts.h"
-#include "platform/win32/ftp.h"
-#include "platform/win32/menus.h"
-#include "platform/win32/message_loop.h"
-#include "platform/win32/pointer.h"
-#include "platform/win32/registry.h"
-#include "platform/win32/resources.h"
-#include "platform/win32/shell.h"
-#include "platform/win32/strings.h"
+#include "platform/win32/drawing/fonts.h"
+#include "platform/win32/net/ftp.h"
+#include "platform/win32/system/clipboard.h"
+#include "platform/win32/system/pointer.h"
+#include "platform/win32/system/registry.h"
+#include "platform/win32/system/resources.h"
+#include "platform/win32/system/shell.h"
+#include "platform/win32/system/strings.h"
+#include "platform/win32/window/common_dialogs.h"
+#include "platform/win32/window/menus.h"
+#include "platform/win32/window/message_loop.h"
 #include "ui/recent_folders.h"
 
 namespace win32 {

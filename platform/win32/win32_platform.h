@@ -4,9 +4,9 @@
 #include <memory>
 #include <vector>
 
-#include "platform/win32/dialog_host.h"
-#include "platform/win32/printer.h"
-#include "ui/platform.h"
+#include "platform/win32/print/printer.h"
+#include "platform/win32/window/dialog_host.h"
+#include "ui/platform/platform.h"
 
 namespace win32 {
 

@@ -1,6 +1,6 @@
 // What the user enters in the real code view: keys, characters, the clipboard.
 #include "base/utf8.h"
-#include "platform/win32/clipboard.h"
+#include "platform/win32/system/clipboard.h"
 #include "tests/platform/code_view_fixture.h"
 
 namespace {

@@ -1,15 +1,15 @@
 // Forms in their real windows: both ways between model and control, keys, closing, layout.
-#include "platform/win32/dialog_host.h"
+#include "platform/win32/window/dialog_host.h"
 
 #include <gtest/gtest.h>
 
 #include <functional>
 #include <map>
 
-#include "platform/win32/clipboard.h"
-#include "platform/win32/handles.h"
-#include "platform/win32/registry.h"
-#include "platform/win32/strings.h"
+#include "platform/win32/system/clipboard.h"
+#include "platform/win32/system/handles.h"
+#include "platform/win32/system/registry.h"
+#include "platform/win32/system/strings.h"
 #include "resources/ids.h"
 #include "tests/platform/sample_ids.h"
 #include "tests/platform/test_window.h"

@@ -3,8 +3,8 @@
 
 #include <optional>
 
-#include "platform/win32/fonts.h"
-#include "platform/win32/windows_api.h"
+#include "platform/win32/drawing/fonts.h"
+#include "platform/win32/system/windows_api.h"
 // windows_api.h first
 #include <ole2.h>
 

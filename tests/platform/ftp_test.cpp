@@ -1,6 +1,6 @@
 // The FTP adapter against servers that other people wrote or that fail on purpose;
 // tests/support/ftp_servers.py.
-#include "platform/win32/ftp.h"
+#include "platform/win32/net/ftp.h"
 
 #include <gtest/gtest.h>
 

@@ -1,5 +1,5 @@
 // The main window around a form of its kind: panes, splitters, tabs, dragging, another density.
-#include "platform/win32/main_window.h"
+#include "platform/win32/window/main_window.h"
 
 #include <gtest/gtest.h>
 
@@ -9,8 +9,8 @@
 #include <vector>
 
 #include "platform/win32/code_view/code_view.h"
-#include "platform/win32/drag.h"
-#include "platform/win32/handles.h"
+#include "platform/win32/system/handles.h"
+#include "platform/win32/window/drag.h"
 #include "resources/ids.h"
 #include "ui/tab_strip.h"
 

@@ -1,5 +1,5 @@
 // Menus as the system knows them: the whole program's, walked by handle, and lines drawn into memory.
-#include "platform/win32/menus.h"
+#include "platform/win32/window/menus.h"
 
 #include <gtest/gtest.h>
 
@@ -7,14 +7,14 @@
 #include <vector>
 
 #include "platform/win32/code_view/code_view.h"
-#include "platform/win32/dpi.h"
-#include "platform/win32/handles.h"
-#include "platform/win32/main_window.h"
-#include "platform/win32/vector_icons.h"
+#include "platform/win32/drawing/dpi.h"
+#include "platform/win32/drawing/vector_icons.h"
+#include "platform/win32/system/handles.h"
 #include "platform/win32/win32_platform.h"
+#include "platform/win32/window/main_window.h"
 #include "program/program.h"
 #include "resources/ids.h"
-#include "ui/menu_icons.h"
+#include "ui/icons/menu_icons.h"
 
 namespace {
 

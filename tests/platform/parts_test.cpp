@@ -2,11 +2,11 @@
 #include <gtest/gtest.h>
 
 #include "base/error.h"
-#include "platform/win32/common_dialogs.h"
-#include "platform/win32/menus.h"
-#include "platform/win32/registry.h"
-#include "platform/win32/resources.h"
-#include "platform/win32/strings.h"
+#include "platform/win32/system/registry.h"
+#include "platform/win32/system/resources.h"
+#include "platform/win32/system/strings.h"
+#include "platform/win32/window/common_dialogs.h"
+#include "platform/win32/window/menus.h"
 
 namespace {
 

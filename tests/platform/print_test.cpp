@@ -4,9 +4,9 @@
 #include <vector>
 
 #include "base/error.h"
-#include "platform/win32/gdi_canvas.h"
-#include "platform/win32/print_job.h"
-#include "platform/win32/printer.h"
+#include "platform/win32/drawing/gdi_canvas.h"
+#include "platform/win32/print/print_job.h"
+#include "platform/win32/print/printer.h"
 #include "tests/gui/driver.h"
 #include "tests/gui/postscript_printer.h"
 

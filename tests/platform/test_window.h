@@ -1,7 +1,7 @@
 // A window for controls under test.
 #pragma once
 
-#include "platform/win32/windows_api.h"
+#include "platform/win32/system/windows_api.h"
 
 namespace tests {
 

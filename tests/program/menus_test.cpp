@@ -4,7 +4,7 @@
 #include <set>
 
 #include "tests/support/whole_program.h"
-#include "ui/menu_icons.h"
+#include "ui/icons/menu_icons.h"
 
 namespace {
 

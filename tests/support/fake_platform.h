@@ -9,7 +9,7 @@
 #include <vector>
 
 #include "base/files.h"
-#include "ui/platform.h"
+#include "ui/platform/platform.h"
 
 namespace tests {
 

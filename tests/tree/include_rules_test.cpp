@@ -30,9 +30,12 @@ const std::map<std::string, Folders> kMayInclude = {
     {"project", {"base", "ui", "app", "convert"}},
     {"generators", {"base", "ui", "app", "convert", "editor"}},
     {"recent", {"base", "ui", "app", "convert"}},
-    {"desktop", {"base", "ui", "app", "convert"}},
+    {"print", {"base", "ui", "app", "convert"}},
+    {"preview", {"base", "ui", "app", "convert"}},
+    {"options", {"base", "ui", "app", "convert"}},
     {"program",
-     {"base", "ui", "app", "convert", "editor", "search", "project", "generators", "recent", "desktop"}},
+     {"base", "ui", "app", "convert", "editor", "search", "project", "generators", "recent", "print",
+      "preview", "options"}},
     {"platform", {"base", "ui"}},
 };
 // Ids and embedded data are for everybody.

@@ -5,8 +5,8 @@
 
 #include <stdexcept>
 
-#include "ui/menu_icons.h"
-#include "ui/tool_drawings.h"
+#include "ui/icons/menu_icons.h"
+#include "ui/icons/tool_drawings.h"
 
 namespace {
 

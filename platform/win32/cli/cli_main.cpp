@@ -7,7 +7,7 @@
 #include <vector>
 
 #include "cli/cli.h"
-#include "platform/win32/windows_api.h"
+#include "platform/win32/system/windows_api.h"
 
 namespace {
 

@@ -5,7 +5,7 @@
 #include <string_view>
 
 #include "platform/win32/code_view/scintilla.h"
-#include "platform/win32/handles.h"
+#include "platform/win32/system/handles.h"
 #include "ui/code_view.h"
 
 namespace win32 {

@@ -4,9 +4,9 @@
 #include <utility>
 
 #include "base/error.h"
-#include "platform/win32/accessible_name.h"
-#include "platform/win32/drop_target.h"
-#include "platform/win32/errors.h"
+#include "platform/win32/controls/accessible_name.h"
+#include "platform/win32/system/errors.h"
+#include "platform/win32/window/drop_target.h"
 
 namespace win32 {
 

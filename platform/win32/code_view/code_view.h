@@ -9,8 +9,8 @@
 
 #include "platform/win32/code_view/code_document.h"
 #include "platform/win32/code_view/scintilla.h"
-#include "platform/win32/handles.h"
-#include "platform/win32/subclass.h"
+#include "platform/win32/controls/subclass.h"
+#include "platform/win32/system/handles.h"
 #include "ui/code_view.h"
 
 namespace win32 {

@@ -3,12 +3,12 @@
 #include <utility>
 
 #include "base/utf8.h"
-#include "platform/win32/clipboard.h"
 #include "platform/win32/code_view/code_view.h"
-#include "platform/win32/drag.h"
-#include "platform/win32/drop_target.h"
-#include "platform/win32/pointer.h"
-#include "platform/win32/strings.h"
+#include "platform/win32/system/clipboard.h"
+#include "platform/win32/system/pointer.h"
+#include "platform/win32/system/strings.h"
+#include "platform/win32/window/drag.h"
+#include "platform/win32/window/drop_target.h"
 #include "resources/ids.h"
 
 namespace win32 {

@@ -5,7 +5,7 @@
 
 #include "platform/win32/code_view/code_view.h"
 #include "platform/win32/code_view/lexers.h"
-#include "platform/win32/fonts.h"
+#include "platform/win32/drawing/fonts.h"
 
 namespace win32 {
 namespace {

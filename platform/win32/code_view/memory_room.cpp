@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <cstdint>
 
-#include "platform/win32/windows_api.h"
+#include "platform/win32/system/windows_api.h"
 
 namespace win32 {
 namespace {

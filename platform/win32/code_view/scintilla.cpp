@@ -7,7 +7,7 @@
 #include "base/error.h"
 #include "base/line_ends.h"
 #include "platform/win32/code_view/memory_room.h"
-#include "platform/win32/errors.h"
+#include "platform/win32/system/errors.h"
 
 namespace win32 {
 

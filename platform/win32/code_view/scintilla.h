@@ -3,7 +3,7 @@
 
 #include <string_view>
 
-#include "platform/win32/windows_api.h"
+#include "platform/win32/system/windows_api.h"
 // windows.h first
 #include <Scintilla.h>
 

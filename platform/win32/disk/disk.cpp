@@ -12,7 +12,7 @@
 #include <utility>
 
 #include "base/text.h"
-#include "platform/win32/windows_api.h"
+#include "platform/win32/system/windows_api.h"
 
 namespace base::disk {
 namespace {

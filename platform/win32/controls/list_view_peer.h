@@ -1,0 +1,27 @@
+// Lists with columns, and with check boxes.
+#pragma once
+
+#include "platform/win32/controls/control_peer.h"
+#include "ui/controls.h"
+
+namespace win32 {
+
+class ListViewPeer final : public ControlPeer {
+ public:
+  ListViewPeer(ui::ListView& model, HWND window) : ControlPeer(model, window), list_(model) {}
+  LRESULT onNotify(const NMHDR& header) override;
+  void placed() override;
+
+ protected:
+  void prepare() override;
+  void show(ui::Aspect what) override;
+
+ private:
+  void showItems();
+  void showChecks();
+  void itemChanged(const NMLISTVIEW& change);
+  ui::ListView& list_;
+  int lastWidth_ = 0;  // of the last column, as it was at first
+};
+
+}  // namespace win32
