@@ -4,27 +4,13 @@
 
 #include "app/document_tree.h"
 #include "app/mdlsaerto.h"
-#include "app/menu_names.h"
+#include "app/menus.h"
 #include "base/cp1252.h"
 #include "base/files.h"
 #include "base/path.h"
 #include "base/utf8.h"
 
 namespace app {
-namespace {
-
-// Rows may have been left out: no separator stands first, last or beside another.
-void tidySeparators(std::vector<ui::MenuItem>& items) {
-  const auto both = [](const ui::MenuItem& a, const ui::MenuItem& b) {
-    return a.separator() && b.separator();
-  };
-  items.erase(std::unique(items.begin(), items.end(), both), items.end());
-  if (!items.empty() && items.front().separator()) items.erase(items.begin());
-  if (!items.empty() && items.back().separator()) items.pop_back();
-}
-
-}  // namespace
-
 FrmH::FrmH(ui::Platform& platform, ui::CodeView& codeView)
     : MainForm("FrmH", IDD_FrmH, codeView), platform_(platform) {
   showName("");
@@ -93,177 +79,187 @@ FrmH::FrmH(ui::Platform& platform, ui::CodeView& codeView)
 }
 
 void FrmH::addOwnCommands() {
-  const auto always = CommandRule();
-  const auto selection = [](const CommandState& state) { return state.hasSelection; };
+  using ui::MenuIcon;
   const auto onDocument = [this](const CommandState&) { return selectedDocument() >= 0; };
   addCommands({
-      {mnunewF, "mnunewF", "|1|&ახალი გვერდი", ui::ctrl('N'), [this] { newPage(); }, always, nullptr,
-       "ახალი HTML დოკუმენტი"},
-      {mnunewT, "mnunewT", "|2|ახალი &ტექსტი", ui::ctrlShift('N'), [this] { mnunewF_Click(".TXT", ""); },
-       always, nullptr, "ახალი ტექსტური დოკუმენტი"},
-      {mnuOpen, "mnuOpen", "|3|&გახსნა...", ui::ctrl('O'), [this] { mnuOpen_Click(); }, always, nullptr,
-       "ფაილის ან პროექტის გახსნა"},
-      {mnuSave, "mnuSave", "|4|&შენახვა", ui::ctrl('S'), [this] { SaveDocument("", -1); }, always, nullptr,
-       "დოკუმენტის შენახვა"},
-      {mnuSaveas, "mnuSaveas", "|21|შენახვა &როგორც...", ui::ctrlShift('S'), [this] { mnuSaveas_Click(); },
-       always, nullptr, "დოკუმენტის შენახვა სხვა სახელით"},
-      {mnuSaveWEB, "mnuSaveWEB", "|30|&პროექტის შენახვა", ui::ctrlShift('P'), [this] { SaveProject(true); },
-       [](const CommandState& state) { return state.webOpened || state.documents > 0; }, nullptr,
-       "პროექტის ყველა დოკუმენტის და პროექტის ფაილის შენახვა"},
-      {mnuCloseWEB,
-       "mnuCloseWEB",
-       "|31|პროექტის &დახურვა",
-       {},
-       [this] { mnuCloseWEB_Click(); },
-       [](const CommandState& state) { return state.webOpened; },
-       nullptr,
-       "პროექტის დახურვა"},
-      {mnuClose, "mnuClose", "|32|დოკუმენტის და&ხურვა", ui::ctrl('W'), [this] { mnuClose_Click(); },
+      {.id = mnunewF,
+       .icon = MenuIcon::NewPage,
+       .caption = "&ახალი გვერდი",
+       .place = {&kFileMenu, 1},
+       .shortcut = ui::ctrl('N'),
+       .run = [this] { newPage(); },
+       .help = "ახალი HTML დოკუმენტი"},
+      {.id = mnunewT,
+       .icon = MenuIcon::NewText,
+       .caption = "ახალი &ტექსტი",
+       .place = {&kFileMenu, 1},
+       .shortcut = ui::ctrlShift('N'),
+       .run = [this] { mnunewF_Click(".TXT", ""); },
+       .help = "ახალი ტექსტური დოკუმენტი"},
+      {.id = mnuOpen,
+       .icon = MenuIcon::Open,
+       .caption = "&გახსნა...",
+       .place = {&kFileMenu, 1},
+       .shortcut = ui::ctrl('O'),
+       .run = [this] { mnuOpen_Click(); },
+       .help = "ფაილის ან პროექტის გახსნა"},
+      {.id = mnuSave,
+       .icon = MenuIcon::Save,
+       .caption = "&შენახვა",
+       .place = {&kFileMenu, 2},
+       .shortcut = ui::ctrl('S'),
+       .run = [this] { SaveDocument("", -1); },
+       .help = "დოკუმენტის შენახვა"},
+      {.id = mnuSaveas,
+       .icon = MenuIcon::SaveAs,
+       .caption = "შენახვა &როგორც...",
+       .place = {&kFileMenu, 2},
+       .shortcut = ui::ctrlShift('S'),
+       .run = [this] { mnuSaveas_Click(); },
+       .help = "დოკუმენტის შენახვა სხვა სახელით"},
+      {.id = mnuClose,
+       .icon = MenuIcon::Close,
+       .caption = "დოკუმენტის და&ხურვა",
+       .place = {&kFileMenu, 2},
+       .shortcut = ui::ctrl('W'),
+       .run = [this] { mnuClose_Click(); },
        // A project's document leaves the list only together with its project.
-       [](const CommandState& state) { return !state.inProject; }, nullptr, "დოკუმენტის დახურვა"},
-      {mnunewwind,
-       "mnunewwind",
-       "|33|ახალი ფან&ჯარა",
-       {},
-       [this] {
-         platform_.startProcess("\"" + base::joinPath(platform_.programFolder(), "Zervo.exe") + "\" NOMAX");
-       },
-       always,
-       nullptr,
-       "პროგრამის მეორე ფანჯარა"},
-      {mnuExit,
-       "mnuExit",
-       "|34|გა&სვლა",
-       {},
-       [this] {
-         if (queryClose()) close();
-       },
-       always,
-       nullptr,
-       "პროგრამიდან გასვლა"},
+       .enabled = [](const CommandState& state) { return !state.inProject; },
+       .help = "დოკუმენტის დახურვა"},
+      {.id = mnuSaveWEB,
+       .icon = MenuIcon::SaveProject,
+       .caption = "&პროექტის შენახვა",
+       .place = {&kFileMenu, 3},
+       .shortcut = ui::ctrlShift('P'),
+       .run = [this] { SaveProject(true); },
+       .enabled = [](const CommandState& state) { return state.webOpened || state.documents > 0; },
+       .help = "პროექტის ყველა დოკუმენტის და პროექტის ფაილის შენახვა"},
+      {.id = mnuCloseWEB,
+       .icon = MenuIcon::CloseProject,
+       .caption = "პროექტის &დახურვა",
+       .place = {&kFileMenu, 3},
+       .run = [this] { mnuCloseWEB_Click(); },
+       .enabled = [](const CommandState& state) { return state.webOpened; },
+       .help = "პროექტის დახურვა"},
+      {.id = mnunewwind,
+       .icon = MenuIcon::NewWindow,
+       .caption = "ახალი ფან&ჯარა",
+       .place = {&kFileMenu, 4},
+       .run =
+           [this] {
+             platform_.startProcess("\"" + base::joinPath(platform_.programFolder(), "Zervo.exe") +
+                                    "\" NOMAX");
+           },
+       .help = "პროგრამის მეორე ფანჯარა"},
+      {.id = mnuExit,
+       .icon = MenuIcon::Exit,
+       .caption = "გა&სვლა",
+       .place = {&kFileMenu, 99},
+       .run =
+           [this] {
+             if (queryClose()) close();
+           },
+       .help = "პროგრამიდან გასვლა"},
 
-      {mnuwebAdd,
-       "mnuwebAdd",
-       "|35|ფაილების &ჩამატება...",
-       {},
-       [this] { mnuwebAdd_Click(); },
-       always,
-       nullptr,
-       "ფაილების ჩამატება სიაში და პროექტში"},
-      {mnuwebRemove,
-       "mnuwebRemove",
-       "|37|სიიდან &ამოშლა",
-       {},
-       [this] { mnuwebRemove_Click(); },
-       onDocument,
-       nullptr,
-       "დოკუმენტის ამოშლა სიიდან და პროექტიდან; ფაილი დისკზე რჩება"},
-      {mnuwebRename,
-       "mnuwebRename",
-       "|36|სახელის &შეცვლა...",
-       {},
-       [this] { mnuwebRename_Click(); },
-       onDocument,
-       nullptr,
-       "დოკუმენტის ფაილის სახელის შეცვლა"},
+      // In the menu of the tree alone.
+      {.id = mnuwebAdd,
+       .icon = MenuIcon::AddFiles,
+       .caption = "ფაილების &ჩამატება...",
+       .run = [this] { mnuwebAdd_Click(); },
+       .help = "ფაილების ჩამატება სიაში და პროექტში"},
+      {.id = mnuwebRemove,
+       .icon = MenuIcon::Remove,
+       .caption = "სიიდან &ამოშლა",
+       .run = [this] { mnuwebRemove_Click(); },
+       .enabled = onDocument,
+       .help = "დოკუმენტის ამოშლა სიიდან და პროექტიდან; ფაილი დისკზე რჩება"},
+      {.id = mnuwebRename,
+       .icon = MenuIcon::Rename,
+       .caption = "სახელის &შეცვლა...",
+       .run = [this] { mnuwebRename_Click(); },
+       .enabled = onDocument,
+       .help = "დოკუმენტის ფაილის სახელის შეცვლა"},
 
-      {mnuUndo, "mnuUndo", "|12|&გაუქმება", ui::ctrl('Z'), [this] { T1.undo(); },
-       [](const CommandState& state) { return state.canUndo; }, nullptr, "ბოლო ცვლილების გაუქმება"},
-      // Ctrl+Y types a no-break space.
-      {mnuRedo, "mnuRedo", "|13|გა&მეორება", ui::ctrlShift('Z'), [this] { T1.redo(); },
-       [](const CommandState& state) { return state.canRedo; }, nullptr, "გაუქმებულის დაბრუნება"},
-      {mnuCut, "mnuCut", "|6|ამო&ჭრა", ui::ctrl('X'),
-       [this] {
-         platform_.setClipboard(clipOf(T1.selText()));
-         T1.replaceSelection("");
-       },
-       selection, nullptr, "მონიშნულის გადატანა ბუფერში"},
-      {mnuPaste, "mnuPaste", "|7|&ჩასმა", ui::ctrl('V'), [this] { T1.paste(); },
-       [](const CommandState& state) { return state.canPaste; }, nullptr, "ბუფერის ტექსტის ჩასმა"},
-      {mnuDelete,
-       "mnuDelete",
-       "|9|&წაშლა",
-       {},
-       [this] { T1.replaceSelection(""); },
-       selection,
-       nullptr,
-       "მონიშნულის წაშლა"},
-      {mnuSelectAll, "mnuSelectAll", "|18|ყველას მო&ნიშვნა", ui::ctrl('A'),
-       [this] { T1.select(0, static_cast<int>(T1.text().size())); },
-       [](const CommandState& state) { return state.hasText; }, nullptr, "მთელი ტექსტის მონიშვნა"},
+      {.id = mnuUndo,
+       .icon = MenuIcon::Undo,
+       .caption = "&გაუქმება",
+       .place = {&kEditMenu, 1},
+       .shortcut = ui::ctrl('Z'),
+       .run = [this] { T1.undo(); },
+       .enabled = [](const CommandState& state) { return state.canUndo; },
+       .help = "ბოლო ცვლილების გაუქმება"},
+      {.id = mnuRedo,
+       .icon = MenuIcon::Redo,
+       .caption = "გა&მეორება",
+       .place = {&kEditMenu, 1},
+       .shortcut = ui::ctrlShift('Z'),  // Ctrl+Y types a no-break space
+       .run = [this] { T1.redo(); },
+       .enabled = [](const CommandState& state) { return state.canRedo; },
+       .help = "გაუქმებულის დაბრუნება"},
+      {.id = mnuCut,
+       .icon = MenuIcon::Cut,
+       .caption = "ამო&ჭრა",
+       .place = {&kEditMenu, 2},
+       .shortcut = ui::ctrl('X'),
+       .run =
+           [this] {
+             platform_.setClipboard(clipOf(T1.selText()));
+             T1.replaceSelection("");
+           },
+       .enabled = hasSelection,
+       .help = "მონიშნულის გადატანა ბუფერში"},
+      {.id = mnuPaste,
+       .icon = MenuIcon::Paste,
+       .caption = "&ჩასმა",
+       .place = {&kEditMenu, 2, 2},
+       .shortcut = ui::ctrl('V'),
+       .run = [this] { T1.paste(); },
+       .enabled = [](const CommandState& state) { return state.canPaste; },
+       .help = "ბუფერის ტექსტის ჩასმა"},
+      {.id = mnuDelete,
+       .icon = MenuIcon::Delete,
+       .caption = "&წაშლა",
+       .place = {&kEditMenu, 2, 2},
+       .run = [this] { T1.replaceSelection(""); },
+       .enabled = hasSelection,
+       .help = "მონიშნულის წაშლა"},
+      {.id = mnuSelectAll,
+       .icon = MenuIcon::SelectAll,
+       .caption = "ყველას მო&ნიშვნა",
+       .place = {&kEditMenu, 2, 2},
+       .shortcut = ui::ctrl('A'),
+       .run = [this] { T1.select(0, static_cast<int>(T1.text().size())); },
+       .enabled = hasText,
+       .help = "მთელი ტექსტის მონიშვნა"},
 
-      {mnuHelp,
-       "mnuHelp",
-       "|54|&დახმარება",
-       {ui::kKeyF1, false, false, false},
-       [this] { ShowHelp(platform_, "ka/index.htm"); },
-       [this](const CommandState&) {
-         return base::fileExists(base::joinPath(platform_.programFolder(), "Zervo.chm"));
-       },
-       nullptr,
-       "დახმარების ფაილი"},
+      {.id = mnuHelp,
+       .icon = MenuIcon::Help,
+       .caption = "&დახმარება",
+       .place = {&kHelpMenu, 1},
+       .shortcut = {ui::kKeyF1, false, false, false},
+       .run = [this] { ShowHelp(platform_, "ka/index.htm"); },
+       .enabled =
+           [this](const CommandState&) {
+             return base::fileExists(base::joinPath(platform_.programFolder(), "Zervo.chm"));
+           },
+       .help = "დახმარების ფაილი"},
   });
-  addMenu({kFileMenu,
-           {{mnunewF, {}, {}},
-            {mnunewT, {}, {}},
-            {mnuOpen, {}, {}},
-            {0, {}, {}},
-            {mnuSave, {}, {}},
-            {mnuSaveas, {}, {}},
-            {mnuClose, {}, {}},
-            {0, {}, {}},
-            {mnuSaveWEB, {}, {}},
-            {mnuCloseWEB, {}, {}},
-            {0, {}, {}},
-            {mnunewwind, {}, {}},
-            {mnuExit, {}, {}}}});
-  addMenu({kEditMenu,
-           {{mnuUndo, {}, {}},
-            {mnuRedo, {}, {}},
-            {0, {}, {}},
-            {mnuCut, {}, {}},
-            {mnuCopy, {}, {}},
-            {mnuPaste, {}, {}},
-            {mnuDelete, {}, {}},
-            {mnuSelectAll, {}, {}},
-            {0, {}, {}}}});
   addToolBar({{mnunewF, ui::ToolIcon::NewPage, "ახალი გვერდი (Ctrl+N)"},
               {mnuOpen, ui::ToolIcon::Open, "გახსნა (Ctrl+O)"},
               {mnuSave, ui::ToolIcon::Save, "შენახვა (Ctrl+S)"},
               {mnuUndo, ui::ToolIcon::Undo, "გაუქმება (Ctrl+Z)"},
               {mnuRedo, ui::ToolIcon::Redo, "გამეორება (Ctrl+Shift+Z)"},
               {}});
-  addMenu({kTypingMenu, {}});
-  addMenu({kTagsMenu, {}});
-  addMenu({kLinesMenu, {}});
   addViewCommands();
-  addMenu({kHelpMenu, {{mnuHelp, {}, {}}, {mnuAbout, {}, {}}}});
 }
 
 void FrmH::addCommands(std::vector<Command> rows) {
   for (Command& row : rows) {
     const int id = row.id;
     if (!row.run) throw std::logic_error("command without a handler");
-    if (!commands_.emplace(id, std::move(row)).second) throw std::logic_error("command added twice");
-  }
-}
-
-void FrmH::addMenu(const MenuPlan& plan) {
-  const auto at = std::find_if(menuPlans_.begin(), menuPlans_.end(),
-                               [&](const MenuPlan& known) { return known.caption == plan.caption; });
-  if (at == menuPlans_.end()) {
-    menuPlans_.push_back(plan);
-    return;
-  }
-  for (const MenuPlan::Line& line : plan.lines) {
-    const bool there = line.command != 0 &&
-                       std::any_of(at->lines.begin(), at->lines.end(), [&](const MenuPlan::Line& known) {
-                         return known.command == line.command;
-                       });
-    if (there) continue;
-    // What others add stands above "Exit", which users look for at the end.
-    const bool endsWithExit = !at->lines.empty() && at->lines.back().command == mnuExit;
-    at->lines.insert(at->lines.end() - (endsWithExit ? 1 : 0), line);
+    const auto [at, added] = commands_.emplace(id, std::move(row));
+    if (!added) throw std::logic_error("command added twice");
+    rows_.push_back(&at->second);
   }
 }
 
@@ -279,51 +275,20 @@ void FrmH::setToolColor(int command, base::Color color) {
 }
 
 void FrmH::buildMenus() {
-  const auto item = [this](int id) -> std::optional<ui::MenuItem> {
-    if (id == 0) return ui::MenuItem{};
-    const auto row = commands_.find(id);
-    if (row == commands_.end()) return std::nullopt;
-    ui::MenuItem made;
-    made.caption = row->second.text ? row->second.text() : row->second.caption;
-    if (made.caption.empty()) return std::nullopt;
-    made.command = id;
-    made.shortcut = row->second.shortcut;
-    made.help = row->second.help;
-    made.ownKey = row->second.ownKey;
-    return made;
-  };
-  menus.clear();
-  for (const MenuPlan& plan : menuPlans_) {
-    ui::MenuItem top;
-    top.caption = plan.caption;
-    for (const MenuPlan::Line& line : plan.lines) {
-      if (line.lines.empty()) {
-        if (auto made = item(line.command)) top.items.push_back(std::move(*made));
-        continue;
-      }
-      ui::MenuItem submenu;
-      submenu.caption = line.submenu;
-      submenu.help = line.help;
-      std::vector<int> rows = line.lines;
-      if (line.listed) {
-        const std::vector<int> listed = line.listed();
-        rows.insert(rows.end(), listed.begin(), listed.end());
-      }
-      for (const int id : rows) {
-        if (auto made = item(id)) submenu.items.push_back(std::move(*made));
-      }
-      tidySeparators(submenu.items);
-      top.items.push_back(std::move(submenu));
-    }
-    tidySeparators(top.items);
-    menus.push_back(std::move(top));
-  }
+  menus = menuBar(rows_);
   menuOpening();
   if (window != nullptr) window->menusChanged();
 }
 
 void FrmH::menuTextsChanged() {
   if (!menus.empty()) buildMenus();  // else they are not made yet
+}
+
+std::vector<ui::MenuItem> FrmH::menuItems(const std::vector<int>& ids) {
+  std::vector<ui::MenuItem> items;
+  for (const int id : ids) items.push_back(menuItem(commands_.at(id)));
+  refreshItems(items, commandState());
+  return items;
 }
 
 CommandState FrmH::commandState() {
@@ -354,7 +319,6 @@ void FrmH::refreshItems(std::vector<ui::MenuItem>& items, const CommandState& st
     const Command& command = row->second;
     item.enabled = !command.enabled || command.enabled(state);
     item.checked = command.checked && command.checked();
-    item.radio = command.radio;
   }
 }
 

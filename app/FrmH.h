@@ -94,10 +94,10 @@ class FrmH final : public ui::MainForm, public Workbench {
   void setDocumentText(std::int16_t index, std::string_view text) override;
   void documentsAdded() override { Treefulen(); }
   void addCommands(std::vector<Command> rows) override;
-  void addMenu(const MenuPlan& plan) override;
   void addToolBar(const std::vector<ui::ToolBarButton>& buttons) override;
   void setToolColor(int command, base::Color color) override;
   void menuTextsChanged() override;
+  std::vector<ui::MenuItem> menuItems(const std::vector<int>& ids) override;
   bool runCommand(int id) override;
   bool commandChecked(int id) override;
   void setPanel(std::string_view key, ui::Text text) override;
@@ -137,8 +137,7 @@ class FrmH final : public ui::MainForm, public Workbench {
   void T1_Change();
   void T1_Reformed();
   void addLookCommands();  // FrmH_looks.cpp, like the next four
-  MenuPlan lookMenu() const;
-  Command lookSwitch(int id, const char* name, ui::Text caption, bool PropsRecord::*field, ui::Text help);
+  Command lookSwitch(bool PropsRecord::*field, Command row);
   void zoomTo(int points);
   void showView();
   void showIn(const std::shared_ptr<ui::CodeDocument>& document, const std::string& title);
@@ -187,7 +186,7 @@ class FrmH final : public ui::MainForm, public Workbench {
 
   ui::Platform& platform_;
   std::map<int, Command> commands_;
-  std::vector<MenuPlan> menuPlans_;
+  std::vector<const Command*> rows_;  // the same, in the order in which they were added
   std::string commandLine_;
   std::string shownName_;             // in the caption
   bool shownChanged_ = false;         // the caption bears the mark

@@ -1,11 +1,9 @@
 // The rows of the View menu that say how the code looks, and the status bar's word on it.
 #include <algorithm>
-#include <array>
-#include <utility>
 
 #include "app/FrmH.h"
 #include "app/mdlsaerto.h"
-#include "app/menu_names.h"
+#include "app/menus.h"
 #include "base/utf8.h"
 
 namespace app {
@@ -13,84 +11,100 @@ namespace {
 
 constexpr int kLeastZoom = -8, kMostZoom = 40;  // points
 
-struct SchemeRow {
-  const char* name;
-  const char* caption;
-  const char* help;
-};
-// In the order of ColourScheme.
-constexpr std::array<SchemeRow, 4> kSchemes = {{
-    {"mnuColours0", "სა&კუთარი", "ფონისა და ასოების ფერები პარამეტრებიდან"},
-    {"mnuColours1", "როგორც &სისტემაშია", "ღია ან მუქი ფერები, Windows-ის პარამეტრების მიხედვით"},
-    {"mnuColours2", "&ღია", "მუქი ასოები ღია ფონზე"},
-    {"mnuColours3", "&მუქი", "ღია ასოები მუქ ფონზე"},
-}};
+const Menu kColoursMenu{
+    .caption = "ფე&რები", .help = "რედაქტორის ფერები: საკუთარი, ღია ან მუქი", .place = {&kViewMenu, 2, 1}};
+const Menu kZoomMenu{.caption = "მა&სშტაბი", .help = "ასოების ზომა ეკრანზე", .place = {&kViewMenu, 2, 1}};
 
 }  // namespace
 
-Command FrmH::lookSwitch(int id, const char* name, ui::Text caption, bool PropsRecord::*field,
-                         ui::Text help) {
-  Command row{id, name, std::move(caption), {}, [this, field] {
-                Props.*field = !(Props.*field);
-                applyEditorSettings();
-                saveProps();
-              }};
+// Turns a field of the settings on and off.
+Command FrmH::lookSwitch(bool PropsRecord::*field, Command row) {
+  row.run = [this, field] {
+    Props.*field = !(Props.*field);
+    applyEditorSettings();
+    saveProps();
+  };
   row.checked = [this, field] { return Props.*field; };
-  row.help = std::move(help);
   return row;
 }
 
 void FrmH::addLookCommands() {
-  std::vector<Command> rows;
-  const auto view = [&](int id, const char* name, const char* caption, ui::TextView wanted,
-                        const char* help) {
-    Command row{id, name, caption, {}, [this, wanted] { chooseView(wanted); }};
+  const auto view = [this](ui::TextView wanted, Command row) {
+    row.place = {&kViewMenu, 1};
+    row.run = [this, wanted] { chooseView(wanted); };
     row.checked = [this, wanted] { return T1.view() == wanted; };
-    row.help = help;
     row.radio = true;
-    rows.push_back(std::move(row));
+    return row;
   };
-  view(mnuView8Bit, "mnuView8Bit", "&8-ბიტიანი ხედი", ui::TextView::EightBit,
-       "ყოველი ბაიტი ერთი ასოა, კრეფის რეჟიმის შრიფტით");
-  view(mnuViewUtf8, "mnuViewUtf8", "&UTF-8 ხედი", ui::TextView::Utf8,
-       "UTF-8 ბაიტები ასოებად ჩანს; ბაიტები იგივე რჩება");
-
-  rows.push_back(lookSwitch(mnuWordWrap, "mnuWordWrap", "|45|სტრიქონების &გადატანა", &PropsRecord::WordWrap,
-                            "გრძელი სტრიქონების გადატანა ფანჯრის სიგანეზე"));
-  rows.push_back(lookSwitch(mnuLineNumbers, "mnuLineNumbers", "სტრიქონების &ნომრები",
-                            &PropsRecord::LineNumbers, "სტრიქონების ნომრები ტექსტის მარცხნივ"));
-  rows.push_back(lookSwitch(mnuCurrentLine, "mnuCurrentLine", "&მიმდინარე სტრიქონის გამოყოფა",
-                            &PropsRecord::CurrentLine, "სტრიქონს, რომელშიც კურსორია, სხვა ფონი აქვს"));
-  rows.push_back(lookSwitch(mnuWhiteSpace, "mnuWhiteSpace", "&ჰარების ჩვენება", &PropsRecord::WhiteSpace,
-                            "ჰარი წერტილად ჩანს, ტაბულაცია - ისრად"));
-  rows.push_back(lookSwitch(mnuShowLineEnds, "mnuShowLineEnds", "სტრიქონის &ბოლოების ჩვენება",
-                            &PropsRecord::LineEnds, "სტრიქონის ბოლოში ჩანს, რით მთავრდება: CR, LF"));
-  rows.push_back(lookSwitch(mnuLiveColours, "mnuLiveColours", "ფერები &კრეფისას", &PropsRecord::LiveColours,
-                            "ტეგები, სტილები და სკრიპტები კრეფისას ფერადდება"));
-
-  for (std::size_t i = 0; i < kSchemes.size(); ++i) {
-    const auto scheme = static_cast<ColourScheme>(i);
-    Command row{mnuColours0 + static_cast<int>(i), kSchemes[i].name, kSchemes[i].caption, {}, [this, scheme] {
-                  Props.Colours = scheme;
-                  applyEditorSettings();
-                  saveProps();
-                }};
-    row.checked = [this, scheme] { return Props.Colours == scheme; };
-    row.help = kSchemes[i].help;
+  const auto scheme = [this](ColourScheme wanted, Command row) {
+    row.place = {&kColoursMenu};
+    row.run = [this, wanted] {
+      Props.Colours = wanted;
+      applyEditorSettings();
+      saveProps();
+    };
+    row.checked = [this, wanted] { return Props.Colours == wanted; };
     row.radio = true;
-    rows.push_back(std::move(row));
-  }
-
-  const auto zoom = [&](int id, const char* name, const char* caption, ui::Shortcut key, const char* help,
-                        std::function<void()> run) {
-    rows.push_back({id, name, caption, key, std::move(run), nullptr, nullptr, help});
+    return row;
   };
-  zoom(mnuZoomIn, "mnuZoomIn", "&გადიდება", {ui::kKeyPlus, true, false, false}, "ასოების გადიდება",
-       [this] { zoomTo(T1.zoom() + 1); });
-  zoom(mnuZoomOut, "mnuZoomOut", "&დაპატარავება", {ui::kKeyMinus, true, false, false}, "ასოების დაპატარავება",
-       [this] { zoomTo(T1.zoom() - 1); });
-  zoom(mnuZoomNone, "mnuZoomNone", "&100%", ui::ctrl('0'), "შრიფტის საკუთარი ზომა", [this] { zoomTo(0); });
-  addCommands(std::move(rows));
+  addCommands({
+      view(ui::TextView::EightBit, {.id = mnuView8Bit,
+                                    .caption = "&8-ბიტიანი ხედი",
+                                    .help = "ყოველი ბაიტი ერთი ასოა, კრეფის რეჟიმის შრიფტით"}),
+      view(ui::TextView::Utf8, {.id = mnuViewUtf8,
+                                .caption = "&UTF-8 ხედი",
+                                .help = "UTF-8 ბაიტები ასოებად ჩანს; ბაიტები იგივე რჩება"}),
+      lookSwitch(&PropsRecord::LiveColours, {.id = mnuLiveColours,
+                                             .caption = "ფერები &კრეფისას",
+                                             .place = {&kViewMenu, 2, 1},
+                                             .help = "ტეგები, სტილები და სკრიპტები კრეფისას ფერადდება"}),
+      scheme(ColourScheme::Own,
+             {.id = mnuColours0, .caption = "სა&კუთარი", .help = "ფონისა და ასოების ფერები პარამეტრებიდან"}),
+      scheme(ColourScheme::System, {.id = mnuColours1,
+                                    .caption = "როგორც &სისტემაშია",
+                                    .help = "ღია ან მუქი ფერები, Windows-ის პარამეტრების მიხედვით"}),
+      scheme(ColourScheme::Light, {.id = mnuColours2, .caption = "&ღია", .help = "მუქი ასოები ღია ფონზე"}),
+      scheme(ColourScheme::Dark, {.id = mnuColours3, .caption = "&მუქი", .help = "ღია ასოები მუქ ფონზე"}),
+      {.id = mnuZoomIn,
+       .caption = "&გადიდება",
+       .place = {&kZoomMenu},
+       .shortcut = {ui::kKeyPlus, true, false, false},
+       .run = [this] { zoomTo(T1.zoom() + 1); },
+       .help = "ასოების გადიდება"},
+      {.id = mnuZoomOut,
+       .caption = "&დაპატარავება",
+       .place = {&kZoomMenu},
+       .shortcut = {ui::kKeyMinus, true, false, false},
+       .run = [this] { zoomTo(T1.zoom() - 1); },
+       .help = "ასოების დაპატარავება"},
+      {.id = mnuZoomNone,
+       .caption = "&100%",
+       .place = {&kZoomMenu},
+       .shortcut = ui::ctrl('0'),
+       .run = [this] { zoomTo(0); },
+       .help = "შრიფტის საკუთარი ზომა"},
+      lookSwitch(&PropsRecord::WordWrap, {.id = mnuWordWrap,
+                                          .icon = ui::MenuIcon::WordWrap,
+                                          .caption = "სტრიქონების &გადატანა",
+                                          .place = {&kViewMenu, 3},
+                                          .help = "გრძელი სტრიქონების გადატანა ფანჯრის სიგანეზე"}),
+      lookSwitch(&PropsRecord::LineNumbers, {.id = mnuLineNumbers,
+                                             .caption = "სტრიქონების &ნომრები",
+                                             .place = {&kViewMenu, 3},
+                                             .help = "სტრიქონების ნომრები ტექსტის მარცხნივ"}),
+      lookSwitch(&PropsRecord::CurrentLine, {.id = mnuCurrentLine,
+                                             .caption = "&მიმდინარე სტრიქონის გამოყოფა",
+                                             .place = {&kViewMenu, 3},
+                                             .help = "სტრიქონს, რომელშიც კურსორია, სხვა ფონი აქვს"}),
+      lookSwitch(&PropsRecord::WhiteSpace, {.id = mnuWhiteSpace,
+                                            .caption = "&ჰარების ჩვენება",
+                                            .place = {&kViewMenu, 3},
+                                            .help = "ჰარი წერტილად ჩანს, ტაბულაცია - ისრად"}),
+      lookSwitch(&PropsRecord::LineEnds, {.id = mnuShowLineEnds,
+                                          .caption = "სტრიქონის &ბოლოების ჩვენება",
+                                          .place = {&kViewMenu, 3},
+                                          .help = "სტრიქონის ბოლოში ჩანს, რით მთავრდება: CR, LF"}),
+  });
 
   viewChanged.connect([this] { showView(); });
   panelClicked.connect([this](std::string_view key) {
@@ -98,21 +112,6 @@ void FrmH::addLookCommands() {
     chooseView(T1.view() == ui::TextView::Utf8 ? ui::TextView::EightBit : ui::TextView::Utf8);
   });
   showView();
-}
-
-MenuPlan FrmH::lookMenu() const {
-  MenuPlan plan{kViewMenu, {}};
-  const auto add = [&](std::initializer_list<int> ids) {
-    for (const int id : ids) plan.lines.push_back({id, {}, {}});
-  };
-  add({mnuView8Bit, mnuViewUtf8, 0, mnuColouring, mnuLiveColours});
-  plan.lines.push_back({0,
-                        "ფე&რები",
-                        {mnuColours0, mnuColours1, mnuColours2, mnuColours3},
-                        "რედაქტორის ფერები: საკუთარი, ღია ან მუქი"});
-  plan.lines.push_back({0, "მა&სშტაბი", {mnuZoomIn, mnuZoomOut, mnuZoomNone}, "ასოების ზომა ეკრანზე"});
-  add({0, mnuWordWrap, mnuLineNumbers, mnuCurrentLine, mnuWhiteSpace, mnuShowLineEnds, mnuPreviewPane});
-  return plan;
 }
 
 void FrmH::zoomTo(int points) {

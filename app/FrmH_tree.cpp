@@ -34,16 +34,7 @@ void FrmH::TV_DroppedOn(int node, int target) {
 }
 
 void FrmH::TV_ContextMenu() {
-  std::vector<ui::MenuItem> items;
-  for (const int id : {mnuwebAdd, mnuwebRename, mnuwebRemove}) {
-    ui::MenuItem item;
-    item.command = id;
-    item.caption = commands_.at(id).caption;
-    item.help = commands_.at(id).help;
-    items.push_back(std::move(item));
-  }
-  refreshItems(items, commandState());
-  runCommand(platform_.popupMenu(items));
+  runCommand(platform_.popupMenu(menuItems({mnuwebAdd, mnuwebRename, mnuwebRemove})));
 }
 
 void FrmH::mnuwebAdd_Click() {

@@ -5,7 +5,7 @@
 
 #include "app/FrmH.h"
 #include "app/mdlsaerto.h"
-#include "app/menu_names.h"
+#include "app/menus.h"
 #include "base/path.h"
 #include "base/utf8.h"
 
@@ -30,56 +30,48 @@ ui::Language languageOf(const std::string& title) {
 }  // namespace
 
 void FrmH::addViewCommands() {
-  const auto always = CommandRule();
   const auto several = [](const CommandState& state) { return state.documents > 1; };
-  addCommands({
-      {mnuNextDocument,
-       "mnuNextDocument",
-       "|47|&შემდეგი დოკუმენტი",
-       {ui::kKeyTab, true, false, false},
-       [this] { step(1); },
-       several,
-       nullptr,
-       "სიის შემდეგი დოკუმენტი"},
-      {mnuPreviousDocument,
-       "mnuPreviousDocument",
-       "|48|&წინა დოკუმენტი",
-       {ui::kKeyTab, true, true, false},
-       [this] { step(-1); },
-       several,
-       nullptr,
-       "სიის წინა დოკუმენტი"},
-      {mnuTree,
-       "mnuTree",
-       "|89|დოკუმენტების &ხე",
-       {ui::kKeyF1 + 7, false, false, false},
-       [this] { togglePane(TV); },
-       always,
-       [this] { return TV.visible(); },
-       "დოკუმენტების ხის ჩვენება ან დამალვა"},
-      {mnuTagPalette,
-       "mnuTagPalette",
-       "|87|ტეგების პა&ლიტრა",
-       {ui::kKeyF1 + 8, false, false, false},
-       [this] { togglePane(Ltags); },
-       always,
-       [this] { return Ltags.visible(); },
-       "ტეგების პალიტრის ჩვენება ან დამალვა"},
-      {mnuNextPane,
-       "mnuNextPane",
-       "შემდეგ &არეზე",
-       {ui::kKeyF1 + 5, false, false, false},
-       [this] { window->nextPane(); },
-       always,
-       nullptr,
-       "კლავიატურა შემდეგ არეზე გადადის: ტექსტი, ხე, ტეგების პალიტრა, ღილაკები"},
-  });
   addLookCommands();
-  MenuPlan plan = lookMenu();
-  for (const int id : {0, mnuTree, mnuTagPalette, mnuNextPane, 0, mnuNextDocument, mnuPreviousDocument}) {
-    plan.lines.push_back({id, {}, {}});
-  }
-  addMenu(plan);
+  addCommands({
+      {.id = mnuTree,
+       .icon = ui::MenuIcon::Folder,
+       .caption = "დოკუმენტების &ხე",
+       .place = {&kViewMenu, 4},
+       .shortcut = {ui::kKeyF1 + 7, false, false, false},
+       .run = [this] { togglePane(TV); },
+       .checked = [this] { return TV.visible(); },
+       .help = "დოკუმენტების ხის ჩვენება ან დამალვა"},
+      {.id = mnuTagPalette,
+       .icon = ui::MenuIcon::TagPalette,
+       .caption = "ტეგების პა&ლიტრა",
+       .place = {&kViewMenu, 4},
+       .shortcut = {ui::kKeyF1 + 8, false, false, false},
+       .run = [this] { togglePane(Ltags); },
+       .checked = [this] { return Ltags.visible(); },
+       .help = "ტეგების პალიტრის ჩვენება ან დამალვა"},
+      {.id = mnuNextPane,
+       .caption = "შემდეგ &არეზე",
+       .place = {&kViewMenu, 4},
+       .shortcut = {ui::kKeyF1 + 5, false, false, false},
+       .run = [this] { window->nextPane(); },
+       .help = "კლავიატურა შემდეგ არეზე გადადის: ტექსტი, ხე, ტეგების პალიტრა, ღილაკები"},
+      {.id = mnuNextDocument,
+       .icon = ui::MenuIcon::NextDocument,
+       .caption = "&შემდეგი დოკუმენტი",
+       .place = {&kViewMenu, 5},
+       .shortcut = {ui::kKeyTab, true, false, false},
+       .run = [this] { step(1); },
+       .enabled = several,
+       .help = "სიის შემდეგი დოკუმენტი"},
+      {.id = mnuPreviousDocument,
+       .icon = ui::MenuIcon::PreviousDocument,
+       .caption = "&წინა დოკუმენტი",
+       .place = {&kViewMenu, 5},
+       .shortcut = {ui::kKeyTab, true, true, false},
+       .run = [this] { step(-1); },
+       .enabled = several,
+       .help = "სიის წინა დოკუმენტი"},
+  });
 }
 
 void FrmH::togglePane(ui::Control& pane) {

@@ -1,9 +1,10 @@
-// A command of the main window: one row for menu, toolbar, shortcut and tests.
+// A command of the main window: one row for menu, tool bar, shortcut and tests.
 #pragma once
 
 #include <functional>
 #include <vector>
 
+#include "ui/icons/menu_icons.h"
 #include "ui/menu.h"
 
 namespace app {
@@ -25,31 +26,50 @@ struct CommandState {
 
 using CommandRule = std::function<bool(const CommandState&)>;
 
-struct Command {
-  int id;
-  const char* name;  // as in resources/ids.h
-  ui::Text caption;  // as stored, with its "|n|" prefix
-  ui::Shortcut shortcut;
-  std::function<void()> run;
-  CommandRule enabled = nullptr;            // none: always
-  std::function<bool()> checked = nullptr;  // none: never
-  ui::Text help = {};
-  std::function<ui::Text()> text = nullptr;  // a caption that changes; empty: the item is left out
-  bool radio = false;                        // one of a group of which one is checked
-  bool ownKey = false;                       // see ui::MenuItem
+inline bool hasText(const CommandState& state) {
+  return state.hasText;
+}
+inline bool hasSelection(const CommandState& state) {
+  return state.hasSelection;
+}
+
+struct Menu;
+
+// Where a row is shown: groups have separators between them. Rows of the same group and position come in the
+// order in which they were added.
+struct MenuPlace {
+  const Menu* menu = nullptr;  // none: no menu shows the row
+  int group = 0;
+  int position = 0;
 };
 
-// Where rows stand in the menu bar: a top menu, and in it a list of ids (0: a separator) or submenus.
-struct MenuPlan {
-  struct Line {
-    int command = 0;
-    ui::Text submenu;  // caption of a submenu, then `lines` are its rows
-    std::vector<int> lines;
-    ui::Text help = {};                                  // of the submenu; a command has its own
-    std::function<std::vector<int>()> listed = nullptr;  // rows of a submenu that come and go, behind `lines`
-  };
+// A menu of the bar, or one inside another. It is there when a row names it; address it by reference.
+struct Menu {
   ui::Text caption;
-  std::vector<Line> lines;
+  ui::MenuIcon icon = ui::MenuIcon::None;
+  ui::Text help = {};    // one sentence for the status bar
+  MenuPlace place = {};  // no menu: the bar, where `group` is the order
 };
+
+struct Command {
+  int id = 0;  // see resources/ids.h
+  ui::MenuIcon icon = ui::MenuIcon::None;
+  ui::Text caption = {};
+  MenuPlace place = {};
+  ui::Shortcut shortcut = {};
+  std::function<void()> run = nullptr;
+  CommandRule enabled = nullptr;             // none: always
+  std::function<bool()> checked = nullptr;   // none: never
+  bool radio = false;                        // one of a group of which one is checked
+  bool ownKey = false;                       // see ui::MenuItem
+  std::function<ui::Text()> text = nullptr;  // a caption that changes; empty: the item is left out
+  ui::Text help = {};                        // one sentence for the status bar
+};
+
+// The item that shows a row; its state is asked for when the menu opens.
+ui::MenuItem menuItem(const Command& row);
+
+// The menu bar of all rows, in the order in which they were added. A row with an empty caption is left out.
+std::vector<ui::MenuItem> menuBar(const std::vector<const Command*>& rows);
 
 }  // namespace app

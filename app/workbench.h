@@ -55,10 +55,11 @@ class Workbench {
   virtual void ofnen(const std::string& path) = 0;     // open one file, of any kind
   virtual void WEB_Open(const std::string& path) = 0;  // replaces all documents: ask first
 
-  // Rows and their places in the menus; called while the program is put together.
+  // Called while the program is put together, or before menuTextsChanged().
   virtual void addCommands(std::vector<Command> rows) = 0;
-  virtual void addMenu(const MenuPlan& plan) = 0;  // an existing caption is extended
-  virtual void menuTextsChanged() = 0;             // captions that rows make anew are asked for again
+  virtual void menuTextsChanged() = 0;  // captions that rows make anew are asked for again
+  // The rows as items of a menu elsewhere, with their states.
+  virtual std::vector<ui::MenuItem> menuItems(const std::vector<int>& ids) = 0;
   virtual void addToolBar(const std::vector<ui::ToolBarButton>& buttons) = 0;  // behind those already there
   virtual void setToolColor(int command, base::Color color) = 0;  // what the button's picture shows
   virtual bool runCommand(int id) = 0;                            // false: unknown or disabled

@@ -1,6 +1,6 @@
 #include "convert/conversion_commands.h"
 
-#include "app/menu_names.h"
+#include "app/menus.h"
 #include "resources/ids.h"
 
 namespace convert {
@@ -16,54 +16,139 @@ enum class Takes {
   SelectionToClipboardAsUtf8
 };
 
+const app::Menu kConversionMenu{.caption = "ÊÏÍÅÄÒÔÉÒÄÁÉÓ ×ÖÍØÝÉÄÁÉ"_legacy,
+                                .help = "მთელი ტექსტის გადაყვანა კოდებსა და ბაიტებს შორის",
+                                .place = {&app::kEditMenu, 3, 1}};
+
 struct Row {
-  int id;
-  const char* name;
-  ui::Text caption;
+  app::Command command;
   Takes takes;
-  const Replacement Conversions::*by;  // none: the text as it is
-  const char* help;
+  const Replacement Conversions::*by = nullptr;  // none: the text as it is
 };
 
-const std::vector<Row>& rows() {
-  static const std::vector<Row> all = {
-      {mnuCopy, "mnuCopy", "|8|ÊÏÐÉÒÄÁÀ"_legacy, Takes::SelectionToClipboard, nullptr,
-       "მონიშნულის კოპირება ბუფერში"},
-      {mnuUTF8, "mnuUTF8", "|19|UTF8 ÊÏÃÉÒÄÁÀ"_legacy, Takes::WholeText, &Conversions::latinToUtf8,
-       "მთელი ტექსტი: ლათინური ასოებიდან UTF-8-ში"},
-      {mnumtubers, "mnumtubers", "|10|ÌÀÒÊÉÒÄÁÖËÉÓ UTF8 ÊÏÃÉÒÄÁÀ"_legacy, Takes::Selection,
-       &Conversions::latinToUtf8, "მონიშნული: ლათინური ასოებიდან UTF-8-ში"},
-      {mnuTut8dekod, "mnuTut8dekod", "|17|UTF8 ÃÄÊÏÃÉÒÄÁÀ"_legacy, Takes::WholeText,
-       &Conversions::utf8ToLatin, "მთელი ტექსტი: UTF-8-დან ლათინურ ასოებში"},
-      {mnuUTF8dekod, "mnuUTF8dekod", "|16|ÌÀÒÊÉÒÄÁÖËÉÓ UTF8 ÃÄÊÏÃÉÒÄÁÀ"_legacy, Takes::Selection,
-       &Conversions::utf8ToLatin, "მონიშნული: UTF-8-დან ლათინურ ასოებში"},
-      {mnuUbendkopi, "mnuUbendkopi", "|11|UTF8 ÊÏÃÉÒÄÁÀ ÃÀ ÊÏÐÉÒÄÁÀ"_legacy,
-       Takes::SelectionToClipboardAsUtf8, &Conversions::latinToUtf8,
-       "მონიშნული UTF-8-ში ბუფერში; დოკუმენტი არ იცვლება"},
-      {mnuTkod, "mnuTkod", "|15|ØÀÒÈÖËÉ            ASCII - ISO"_legacy, Takes::WholeText,
-       &Conversions::latinToLegacy, "მთელი ტექსტი: ლათინური ასოებიდან ძველი შრიფტის კოდებში"},
-      {mnukod, "mnukod", "|14|ÌÀÒÊÉÒÄÁÖËÉÓ  ASCII-ISO"_legacy, Takes::Selection, &Conversions::latinToLegacy,
-       "მონიშნული: ლათინური ასოებიდან ძველი შრიფტის კოდებში"},
-      {mnuTfonkod, "mnuTfonkod", "|20|ØÀÒÈÖËÉ             ISO - ASCII"_legacy, Takes::WholeText,
-       &Conversions::legacyToLatin, "მთელი ტექსტი: ძველი შრიფტის კოდებიდან ლათინურ ასოებში"},
-      {mnuMfonkod, "mnuMfonkod", "|5|ÌÀÒÊÉÒÄÁÖËÉÓ   ISO - ASCII"_legacy, Takes::Selection,
-       &Conversions::legacyToLatin, "მონიშნული: ძველი შრიფტის კოდებიდან ლათინურ ასოებში"},
-      {mnuhinu, "mnuhinu", "|22|ÒÖÓÖËÉ ISO-HEX  ÃÀÍ  ISO-BYN"_legacy, Takes::WholeTextWithHourglass,
-       &Conversions::referencesToRussian, "რუსული: HTML-კოდებიდან Windows-1251-ის ბაიტებში"},
-      {mnuUinH, "mnuUinH", "|23|ÒÖÓÖËÉ ISO-BYN ÃÀÍ ISO-HEX"_legacy, Takes::WholeTextWithHourglass,
-       &Conversions::russianToReferences, "რუსული: Windows-1251-ის ბაიტებიდან HTML-კოდებში"},
-      {mnuQHIU, "mnuQHIU", "|24|ØÀÒÈÖËÉ ISO-HEX ÃÀÍ ISO-BYN"_legacy, Takes::WholeTextWithHourglass,
-       &Conversions::referencesToLegacy, "ქართული: HTML-კოდებიდან ძველი შრიფტის კოდებში"},
-      {mnuQUIH, "mnuQUIH", "|25|ØÀÒÈÖËÉ ISO-BYN ÃÀÍ ISO-HEX"_legacy, Takes::WholeTextWithHourglass,
-       &Conversions::legacyToReferences, "ქართული: ძველი შრიფტის კოდებიდან HTML-კოდებში"},
-      {mnuQUTFIH, "mnuQUTFIH", "|26|ØÀÒÈÖËÉ BYN-UTF8 ÃÀÍ HEX-UTF8"_legacy, Takes::WholeTextWithHourglass,
-       &Conversions::utf8ToReferences, "ქართული: UTF-8-დან HTML-კოდებში"},
-      {mnuQHIUTF, "mnuQHIUTF", "|27|ØÀÒÈÖËÉ UTF8-HEX ÃÀÍ UTF8-BYN"_legacy, Takes::WholeTextWithHourglass,
-       &Conversions::referencesToUtf8, "ქართული: HTML-კოდებიდან UTF-8-ში"},
-      {mnuxuc, "mnuxuc", "|28|ØÀÒÈÖËÉ áÖÝÖÒÉ ISO-BYN ÃÀÍ  UTF8-HEX"_legacy, Takes::WholeTextWithHourglass,
-       &Conversions::legacyToKhutsuri, "ქართული: ძველი შრიფტის კოდებიდან ხუცურის HTML-კოდებში"},
+std::vector<Row> rows() {
+  using ui::MenuIcon;
+  return {
+      {{.id = mnuCopy,
+        .icon = MenuIcon::Copy,
+        .caption = "ÊÏÐÉÒÄÁÀ"_legacy,
+        .place = {&app::kEditMenu, 2, 1},
+        .shortcut = ui::ctrl('C'),
+        .help = "მონიშნულის კოპირება ბუფერში"},
+       Takes::SelectionToClipboard},
+      {{.id = mnuUTF8,
+        .icon = MenuIcon::ToUtf8,
+        .caption = "UTF8 ÊÏÃÉÒÄÁÀ"_legacy,
+        .place = {&app::kEditMenu, 3},
+        .help = "მთელი ტექსტი: ლათინური ასოებიდან UTF-8-ში"},
+       Takes::WholeText,
+       &Conversions::latinToUtf8},
+      {{.id = mnumtubers,
+        .icon = MenuIcon::MarkedToUtf8,
+        .caption = "ÌÀÒÊÉÒÄÁÖËÉÓ UTF8 ÊÏÃÉÒÄÁÀ"_legacy,
+        .place = {&app::kEditMenu, 3},
+        .help = "მონიშნული: ლათინური ასოებიდან UTF-8-ში"},
+       Takes::Selection,
+       &Conversions::latinToUtf8},
+      {{.id = mnuTut8dekod,
+        .icon = MenuIcon::FromUtf8,
+        .caption = "UTF8 ÃÄÊÏÃÉÒÄÁÀ"_legacy,
+        .place = {&app::kEditMenu, 3},
+        .help = "მთელი ტექსტი: UTF-8-დან ლათინურ ასოებში"},
+       Takes::WholeText,
+       &Conversions::utf8ToLatin},
+      {{.id = mnuUTF8dekod,
+        .icon = MenuIcon::MarkedFromUtf8,
+        .caption = "ÌÀÒÊÉÒÄÁÖËÉÓ UTF8 ÃÄÊÏÃÉÒÄÁÀ"_legacy,
+        .place = {&app::kEditMenu, 3},
+        .help = "მონიშნული: UTF-8-დან ლათინურ ასოებში"},
+       Takes::Selection,
+       &Conversions::utf8ToLatin},
+      {{.id = mnuUbendkopi,
+        .icon = MenuIcon::Utf8Copy,
+        .caption = "UTF8 ÊÏÃÉÒÄÁÀ ÃÀ ÊÏÐÉÒÄÁÀ"_legacy,
+        .place = {&app::kEditMenu, 3},
+        .help = "მონიშნული UTF-8-ში ბუფერში; დოკუმენტი არ იცვლება"},
+       Takes::SelectionToClipboardAsUtf8,
+       &Conversions::latinToUtf8},
+      {{.id = mnuTkod,
+        .icon = MenuIcon::AsciiToIso,
+        .caption = "ØÀÒÈÖËÉ            ASCII - ISO"_legacy,
+        .place = {&app::kEditMenu, 3},
+        .help = "მთელი ტექსტი: ლათინური ასოებიდან ძველი შრიფტის კოდებში"},
+       Takes::WholeText,
+       &Conversions::latinToLegacy},
+      {{.id = mnukod,
+        .icon = MenuIcon::MarkedAsciiToIso,
+        .caption = "ÌÀÒÊÉÒÄÁÖËÉÓ  ASCII-ISO"_legacy,
+        .place = {&app::kEditMenu, 3},
+        .help = "მონიშნული: ლათინური ასოებიდან ძველი შრიფტის კოდებში"},
+       Takes::Selection,
+       &Conversions::latinToLegacy},
+      {{.id = mnuTfonkod,
+        .icon = MenuIcon::IsoToAscii,
+        .caption = "ØÀÒÈÖËÉ             ISO - ASCII"_legacy,
+        .place = {&app::kEditMenu, 3},
+        .help = "მთელი ტექსტი: ძველი შრიფტის კოდებიდან ლათინურ ასოებში"},
+       Takes::WholeText,
+       &Conversions::legacyToLatin},
+      {{.id = mnuMfonkod,
+        .icon = MenuIcon::MarkedIsoToAscii,
+        .caption = "ÌÀÒÊÉÒÄÁÖËÉÓ   ISO - ASCII"_legacy,
+        .place = {&app::kEditMenu, 3},
+        .help = "მონიშნული: ძველი შრიფტის კოდებიდან ლათინურ ასოებში"},
+       Takes::Selection,
+       &Conversions::legacyToLatin},
+      {{.id = mnuhinu,
+        .icon = MenuIcon::RussianFromReferences,
+        .caption = "ÒÖÓÖËÉ ISO-HEX  ÃÀÍ  ISO-BYN"_legacy,
+        .place = {&kConversionMenu},
+        .help = "რუსული: HTML-კოდებიდან Windows-1251-ის ბაიტებში"},
+       Takes::WholeTextWithHourglass,
+       &Conversions::referencesToRussian},
+      {{.id = mnuUinH,
+        .icon = MenuIcon::RussianToReferences,
+        .caption = "ÒÖÓÖËÉ ISO-BYN ÃÀÍ ISO-HEX"_legacy,
+        .place = {&kConversionMenu},
+        .help = "რუსული: Windows-1251-ის ბაიტებიდან HTML-კოდებში"},
+       Takes::WholeTextWithHourglass,
+       &Conversions::russianToReferences},
+      {{.id = mnuQHIU,
+        .icon = MenuIcon::FromReferences,
+        .caption = "ØÀÒÈÖËÉ ISO-HEX ÃÀÍ ISO-BYN"_legacy,
+        .place = {&kConversionMenu},
+        .help = "ქართული: HTML-კოდებიდან ძველი შრიფტის კოდებში"},
+       Takes::WholeTextWithHourglass,
+       &Conversions::referencesToLegacy},
+      {{.id = mnuQUIH,
+        .icon = MenuIcon::ToReferences,
+        .caption = "ØÀÒÈÖËÉ ISO-BYN ÃÀÍ ISO-HEX"_legacy,
+        .place = {&kConversionMenu},
+        .help = "ქართული: ძველი შრიფტის კოდებიდან HTML-კოდებში"},
+       Takes::WholeTextWithHourglass,
+       &Conversions::legacyToReferences},
+      {{.id = mnuQUTFIH,
+        .icon = MenuIcon::Utf8ToReferences,
+        .caption = "ØÀÒÈÖËÉ BYN-UTF8 ÃÀÍ HEX-UTF8"_legacy,
+        .place = {&kConversionMenu},
+        .help = "ქართული: UTF-8-დან HTML-კოდებში"},
+       Takes::WholeTextWithHourglass,
+       &Conversions::utf8ToReferences},
+      {{.id = mnuQHIUTF,
+        .icon = MenuIcon::ReferencesToUtf8,
+        .caption = "ØÀÒÈÖËÉ UTF8-HEX ÃÀÍ UTF8-BYN"_legacy,
+        .place = {&kConversionMenu},
+        .help = "ქართული: HTML-კოდებიდან UTF-8-ში"},
+       Takes::WholeTextWithHourglass,
+       &Conversions::referencesToUtf8},
+      {{.id = mnuxuc,
+        .icon = MenuIcon::Khutsuri,
+        .caption = "ØÀÒÈÖËÉ áÖÝÖÒÉ ISO-BYN ÃÀÍ  UTF8-HEX"_legacy,
+        .place = {&kConversionMenu},
+        .help = "ქართული: ძველი შრიფტის კოდებიდან ხუცურის HTML-კოდებში"},
+       Takes::WholeTextWithHourglass,
+       &Conversions::legacyToKhutsuri},
   };
-  return all;
 }
 
 // The caret stays at its letter: what stands before it is converted by itself.
@@ -113,30 +198,17 @@ bool needsSelection(Takes takes) {
 }  // namespace
 
 void addConversionCommands(app::Workbench& bench, const Conversions& conversions) {
+  std::vector<Row> all = rows();
   std::vector<app::Command> commands;
-  app::MenuPlan plan{app::kEditMenu, {}};
-  app::MenuPlan::Line submenu{
-      0, "ÊÏÍÅÄÒÔÉÒÄÁÉÓ ×ÖÍØÝÉÄÁÉ"_legacy, {}, "მთელი ტექსტის გადაყვანა კოდებსა და ბაიტებს შორის"};
-  for (const Row& row : rows()) {
+  for (Row& row : all) {
     const auto convert = [&conversions, by = row.by](std::string_view text) {
       return by == nullptr ? std::string(text) : (conversions.*by)(text);
     };
-    app::Command command{row.id, row.name, row.caption, row.id == mnuCopy ? ui::ctrl('C') : ui::Shortcut(),
-                         [&bench, takes = row.takes, convert] { run(bench, takes, convert); }};
-    command.enabled = [selection = needsSelection(row.takes)](const app::CommandState& state) {
-      return selection ? state.hasSelection : state.hasText;
-    };
-    command.help = row.help;
-    commands.push_back(std::move(command));
-    if (row.takes == Takes::WholeTextWithHourglass) {
-      submenu.lines.push_back(row.id);
-    } else {
-      plan.lines.push_back({row.id, {}, {}});
-    }
+    row.command.run = [&bench, takes = row.takes, convert] { run(bench, takes, convert); };
+    row.command.enabled = needsSelection(row.takes) ? app::hasSelection : app::hasText;
+    commands.push_back(std::move(row.command));
   }
-  plan.lines.push_back(std::move(submenu));
   bench.addCommands(std::move(commands));
-  bench.addMenu(plan);
 }
 
 }  // namespace convert

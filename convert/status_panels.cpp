@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <utility>
 
-#include "app/menu_names.h"
+#include "app/menus.h"
 #include "base/utf8.h"
 #include "convert/encoding_counts.h"
 #include "resources/ids.h"
@@ -33,15 +33,18 @@ ui::Text selectionPreview(std::string_view text, int start, int length, ui::Text
 
 StatusPanels::StatusPanels(app::Workbench& bench, const Conversions& conversions)
     : bench_(bench), conversions_(conversions) {
-  app::Command toggle{mnuPreviewPane, "mnuPreviewPane", "|46|მონიშნულის გაში&ფვრა", {}, [this] {
-                        bench_.props().SelectionPreview = !bench_.props().SelectionPreview;
-                        showPreview();
-                        bench_.saveProps();
-                      }};
-  toggle.checked = [this] { return bench_.props().SelectionPreview; };
-  toggle.help = "მონიშნული UTF-8 ტექსტი ქართულად ჩანს მდგომარეობის ზოლში";
-  bench.addCommands({std::move(toggle)});
-  bench.addMenu({app::kViewMenu, {{mnuPreviewPane, {}, {}}}});
+  bench.addCommands({{.id = mnuPreviewPane,
+                      .icon = ui::MenuIcon::Decode,
+                      .caption = "მონიშნულის გაში&ფვრა",
+                      .place = {&app::kViewMenu, 3},
+                      .run =
+                          [this] {
+                            bench_.props().SelectionPreview = !bench_.props().SelectionPreview;
+                            showPreview();
+                            bench_.saveProps();
+                          },
+                      .checked = [this] { return bench_.props().SelectionPreview; },
+                      .help = "მონიშნული UTF-8 ტექსტი ქართულად ჩანს მდგომარეობის ზოლში"}});
 
   bench.propsInForce.connect([this] { showPreview(); });
   bench.selectionChanged.connect([this] { showPreview(); });

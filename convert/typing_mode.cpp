@@ -6,7 +6,7 @@
 #include <utility>
 
 #include "app/mdlsaerto.h"
-#include "app/menu_names.h"
+#include "app/menus.h"
 #include "base/cp1252.h"
 #include "base/line_ends.h"
 #include "base/utf8.h"
@@ -26,7 +26,6 @@ constexpr char32_t kFirstLetter = 0x10D0;
 struct ModeRow {
   TypingMode mode;
   int id;
-  const char* name;
   ui::Text caption;
   ui::CharacterSet characterSet;
   const char* font;  // where the settings name none
@@ -35,13 +34,13 @@ struct ModeRow {
 
 const std::array<ModeRow, 4>& modes() {
   static const std::array<ModeRow, 4> all = {{
-      {TypingMode::Russian, mnuens0, "mnuens0", "ÒÖÓÖËÉ"_legacy, ui::CharacterSet::Russian, "Zervo RUS",
+      {TypingMode::Russian, mnuens0, "ÒÖÓÖËÉ"_legacy, ui::CharacterSet::Russian, "Zervo RUS",
        "ლათინური კლავიშები რუსულ ასოებს ბეჭდავს"},
-      {TypingMode::GeorgianISO, mnuens1, "mnuens1", "ØÀÒÈÖËÉ ISO"_legacy, ui::CharacterSet::Ansi, "Zervo ISO",
+      {TypingMode::GeorgianISO, mnuens1, "ØÀÒÈÖËÉ ISO"_legacy, ui::CharacterSet::Ansi, "Zervo ISO",
        "ლათინური კლავიშები ქართულ ასოებს ბეჭდავს ძველი შრიფტის კოდებით"},
-      {TypingMode::GeorgianASCII, mnuens2, "mnuens2", "ØÀÒÈÖËÉ ASCII"_legacy, ui::CharacterSet::Ansi,
-       "Zervo ASCII", "ლათინური კოდები, ქართულად ნაჩვენები"},
-      {TypingMode::Latin, mnuens3, "mnuens3", "ËÀÈÉÍÖÒÉ"_legacy, ui::CharacterSet::Ansi, "Zervo ISO",
+      {TypingMode::GeorgianASCII, mnuens2, "ØÀÒÈÖËÉ ASCII"_legacy, ui::CharacterSet::Ansi, "Zervo ASCII",
+       "ლათინური კოდები, ქართულად ნაჩვენები"},
+      {TypingMode::Latin, mnuens3, "ËÀÈÉÍÖÒÉ"_legacy, ui::CharacterSet::Ansi, "Zervo ISO",
        "აკრეფილი ასოები უცვლელად შედის"},
   }};
   return all;
@@ -184,40 +183,46 @@ ReadAs readAs(app::Workbench& bench) {
 
 Typing::Typing(app::Workbench& bench, const LetterTables& tables) : bench_(bench), tables_(tables) {
   std::vector<app::Command> commands;
-  app::MenuPlan plan{app::kTypingMenu, {}};
   for (const ModeRow& row : modes()) {
-    app::Command command{row.id, row.name, row.caption,
-                         ui::ctrl(static_cast<char>('1' + static_cast<int>(row.mode))),
-                         [this, mode = row.mode] {
-                           lastChosen_ = mode;
-                           choose(mode);
-                         }};
-    command.checked = [this, mode = row.mode] { return mode_ == mode; };
-    command.help = row.help;
-    command.radio = true;
-    commands.push_back(std::move(command));
-    plan.lines.push_back({row.id, {}, {}});
+    commands.push_back({.id = row.id,
+                        .caption = row.caption,
+                        .place = {&app::kTypingMenu, 1},
+                        .shortcut = ui::ctrl(static_cast<char>('1' + static_cast<int>(row.mode))),
+                        .run =
+                            [this, mode = row.mode] {
+                              lastChosen_ = mode;
+                              choose(mode);
+                            },
+                        .checked = [this, mode = row.mode] { return mode_ == mode; },
+                        .radio = true,
+                        .help = row.help});
   }
-  app::Command letters{mnurusaso, "mnurusaso", "|86|ÒÖÓÖËÉ ÀÓÏÄÁÉ"_legacy, {}, [this] {
-                         frmrusaso form;
-                         bench_.platform().showModal(form);
-                       }};
-  letters.help = "რუსული ასოების განლაგება კლავიატურაზე";
-  commands.push_back(std::move(letters));
+  commands.push_back({.id = mnurusaso,
+                      .icon = ui::MenuIcon::Keyboard,
+                      .caption = "ÒÖÓÖËÉ ÀÓÏÄÁÉ"_legacy,
+                      .place = {&app::kTypingMenu, 2},
+                      .run =
+                          [this] {
+                            frmrusaso form;
+                            bench_.platform().showModal(form);
+                          },
+                      .help = "რუსული ასოების განლაგება კლავიატურაზე"});
   // The keys act in the code view by themselves: with them come control codes, also from other programs.
-  const auto key = [&](int id, const char* name, const char* caption, char letter, int code,
-                       const char* help) {
-    app::Command row{id, name, caption, ui::ctrl(letter), [this, code] { controlKey(code); }};
-    row.help = help;
-    row.ownKey = true;
-    commands.push_back(std::move(row));
-  };
-  key(mnuBreak, "mnuBreak", "სტრიქონის გაწყვეტა", 'B', kCtrlB, "წერს <BR>-ს მონიშნულის ადგილას");
-  key(mnuNoBreakSpace, "mnuNoBreakSpace", "უწყვეტი ჰარი", 'Y', kCtrlY,
-      "წერს უწყვეტ ჰარს: ბაიტებად ან მითითებად, როგორც პარამეტრებშია");
-  for (const int id : {0, mnurusaso, 0, mnuBreak, mnuNoBreakSpace}) plan.lines.push_back({id, {}, {}});
+  commands.push_back({.id = mnuBreak,
+                      .caption = "სტრიქონის გაწყვეტა",
+                      .place = {&app::kTypingMenu, 3},
+                      .shortcut = ui::ctrl('B'),
+                      .run = [this] { controlKey(kCtrlB); },
+                      .ownKey = true,
+                      .help = "წერს <BR>-ს მონიშნულის ადგილას"});
+  commands.push_back({.id = mnuNoBreakSpace,
+                      .caption = "უწყვეტი ჰარი",
+                      .place = {&app::kTypingMenu, 3},
+                      .shortcut = ui::ctrl('Y'),
+                      .run = [this] { controlKey(kCtrlY); },
+                      .ownKey = true,
+                      .help = "წერს უწყვეტ ჰარს: ბაიტებად ან მითითებად, როგორც პარამეტრებშია"});
   bench.addCommands(std::move(commands));
-  bench.addMenu(plan);
 
   bench.propsInForce.connect([this] { followProps(); });
   bench.documentShown.connect([this] { followDocument(); });

@@ -1,6 +1,7 @@
 #include "editor/colouring.h"
 
 #include "app/mdlsaerto.h"
+#include "app/menus.h"
 #include "editor/colour_ranges.h"
 #include "resources/ids.h"
 #include "ui/menu.h"
@@ -28,14 +29,15 @@ Colouring::Colouring(app::Workbench& bench) : bench_(bench) {
   bench.keyUp.connect([this](int key) { T1_KeyUp(key); });
   bench.textChanged.connect([this] { T1_Change(); });
 
-  app::Command toggle{
-      mnuColouring, "mnuColouring", "&ტეგების გაფერადება", {kKeyF12, false, false, false}, [this] {
-        ToggleColouring();
-      }};
-  toggle.checked = [this] { return coloured; };
-  toggle.help = "ტეგები, ატრიბუტები და კომენტარები ფერადდება; შემდეგი კლავიში უბრალო ტექსტს აბრუნებს";
-  toggle.ownKey = true;  // it acts when it is released
-  bench.addCommands({std::move(toggle)});
+  bench.addCommands(
+      {{.id = mnuColouring,
+        .caption = "&ტეგების გაფერადება",
+        .place = {&app::kViewMenu, 2},
+        .shortcut = {kKeyF12, false, false, false},
+        .run = [this] { ToggleColouring(); },
+        .checked = [this] { return coloured; },
+        .ownKey = true,  // it acts when it is released
+        .help = "ტეგები, ატრიბუტები და კომენტარები ფერადდება; შემდეგი კლავიში უბრალო ტექსტს აბრუნებს"}});
 }
 
 void Colouring::ToggleColouring() {

@@ -1,7 +1,7 @@
 #include "editor/line_commands.h"
 
 #include "app/mdlsaerto.h"
-#include "app/menu_names.h"
+#include "app/menus.h"
 #include "editor/line_group.h"
 #include "editor/reflow.h"
 #include "editor/shown_bytes.h"
@@ -17,34 +17,36 @@ constexpr const char* kGroupTitle = "სტრიქონების დაყ
 }  // namespace
 
 LineCommands::LineCommands(app::Workbench& bench) : bench_(bench), replace_(bench) {
-  const auto hasText = [](const app::CommandState& state) { return state.hasText; };
-  std::vector<app::Command> rows;
-  const auto add = [&](int id, const char* name, const char* caption, const char* help,
-                       app::CommandRule enabled, std::function<void()> run) {
-    app::Command row{};
-    row.id = id;
-    row.name = name;
-    row.caption = caption;
-    row.help = help;
-    row.enabled = std::move(enabled);
-    row.run = std::move(run);
-    rows.push_back(std::move(row));
-  };
-  add(mnulinesnaid, "mnulinesnaid", "|81|სტრიქონების &დაყოფა...", "გამყოფი ყოველი რამდენიმე სტრიქონის შემდეგ",
-      hasText, [this] { mnulinesnaid_Click(); });
-  add(mnulinelength, "mnulinelength", "|82|სტრიქონის სი&გრძე...", "სტრიქონების გადანაწილება სიგრძის მიხედვით",
-      hasText, [this] { mnulinelength_Click(); });
-  add(mnuparindent, "mnuparindent", "|83|აბზაცის და&წევა...", "შუალედები აბზაცის დასაწყისში", hasText,
-      [this] { mnuparindent_Click(); });
-  add(mnuparzuch, "mnuparzuch", "|84|შეცვლა &სიით...", "რამდენიმე ტექსტის ერთდროული შეცვლა", nullptr,
-      [this] { replace_.openWindow(); });
-  bench.addCommands(std::move(rows));
-  bench.addMenu({app::kLinesMenu,
-                 {{mnulinesnaid, {}, {}},
-                  {mnulinelength, {}, {}},
-                  {mnuparindent, {}, {}},
-                  {0, {}, {}},
-                  {mnuparzuch, {}, {}}}});
+  using ui::MenuIcon;
+  bench.addCommands({
+      {.id = mnulinesnaid,
+       .icon = MenuIcon::LineGroups,
+       .caption = "სტრიქონების &დაყოფა...",
+       .place = {&app::kLinesMenu, 1},
+       .run = [this] { mnulinesnaid_Click(); },
+       .enabled = app::hasText,
+       .help = "გამყოფი ყოველი რამდენიმე სტრიქონის შემდეგ"},
+      {.id = mnulinelength,
+       .icon = MenuIcon::LineLength,
+       .caption = "სტრიქონის სი&გრძე...",
+       .place = {&app::kLinesMenu, 1},
+       .run = [this] { mnulinelength_Click(); },
+       .enabled = app::hasText,
+       .help = "სტრიქონების გადანაწილება სიგრძის მიხედვით"},
+      {.id = mnuparindent,
+       .icon = MenuIcon::Indent,
+       .caption = "აბზაცის და&წევა...",
+       .place = {&app::kLinesMenu, 1},
+       .run = [this] { mnuparindent_Click(); },
+       .enabled = app::hasText,
+       .help = "შუალედები აბზაცის დასაწყისში"},
+      {.id = mnuparzuch,
+       .icon = MenuIcon::ListReplace,
+       .caption = "შეცვლა &სიით...",
+       .place = {&app::kLinesMenu, 2},
+       .run = [this] { replace_.openWindow(); },
+       .help = "რამდენიმე ტექსტის ერთდროული შეცვლა"},
+  });
 }
 
 void LineCommands::mnulinesnaid_Click() {

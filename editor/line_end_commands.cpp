@@ -1,9 +1,8 @@
 #include "editor/line_end_commands.h"
 
-#include <array>
 #include <utility>
 
-#include "app/menu_names.h"
+#include "app/menus.h"
 #include "base/utf8.h"
 #include "resources/ids.h"
 
@@ -12,36 +11,29 @@ namespace {
 
 constexpr const char* kPanel = "kLineEnds";
 
-struct Row {
-  base::LineEnd end;
-  int id;
-  const char* name;
-  const char* caption;
-  const char* help;
-};
-constexpr std::array<Row, 3> kRows = {{
-    {base::LineEnd::CrLf, mnuToCrLf, "mnuToCrLf", "&CR LF (Windows)", "ყოველი სტრიქონი CR LF-ით მთავრდება"},
-    {base::LineEnd::Lf, mnuToLf, "mnuToLf", "&LF (Unix)", "ყოველი სტრიქონი LF-ით მთავრდება"},
-    {base::LineEnd::Cr, mnuToCr, "mnuToCr", "C&R (ძველი Mac)", "ყოველი სტრიქონი CR-ით მთავრდება"},
-}};
+const app::Menu kLineEndMenu{.caption = "სტრიქონის &ბოლოები",
+                             .help = "სტრიქონის ბოლოების შეცვლა მთელ ტექსტში",
+                             .place = {&app::kEditMenu, 5}};
 
 }  // namespace
 
 LineEndCommands::LineEndCommands(app::Workbench& bench) : bench_(bench) {
-  std::vector<app::Command> commands;
-  std::vector<int> ids;
-  for (const Row& row : kRows) {
-    app::Command command{row.id, row.name, row.caption, {}, [this, end = row.end] { convertTo(end); }};
+  const auto row = [this](base::LineEnd end, app::Command command) {
+    command.place = {&kLineEndMenu};
+    command.run = [this, end] { convertTo(end); };
     command.enabled = [this](const app::CommandState&) { return kinds().any(); };
-    command.checked = [this, end = row.end] { return all(end); };
-    command.help = row.help;
+    command.checked = [this, end] { return all(end); };
     command.radio = true;
-    commands.push_back(std::move(command));
-    ids.push_back(row.id);
-  }
-  bench.addCommands(std::move(commands));
-  bench.addMenu({app::kEditMenu,
-                 {{0, {}, {}}, {0, "სტრიქონის &ბოლოები", ids, "სტრიქონის ბოლოების შეცვლა მთელ ტექსტში"}}});
+    return command;
+  };
+  bench.addCommands({
+      row(base::LineEnd::CrLf,
+          {.id = mnuToCrLf, .caption = "&CR LF (Windows)", .help = "ყოველი სტრიქონი CR LF-ით მთავრდება"}),
+      row(base::LineEnd::Lf,
+          {.id = mnuToLf, .caption = "&LF (Unix)", .help = "ყოველი სტრიქონი LF-ით მთავრდება"}),
+      row(base::LineEnd::Cr,
+          {.id = mnuToCr, .caption = "C&R (ძველი Mac)", .help = "ყოველი სტრიქონი CR-ით მთავრდება"}),
+  });
 
   bench.textChanged.connect([this] { stale_ = true; });
   bench.viewChanged.connect([this] { show(); });  // another document is shown, or this one has another form
@@ -74,17 +66,7 @@ void LineEndCommands::show() {
 }
 
 void LineEndCommands::showMenu() {
-  std::vector<ui::MenuItem> items;
-  for (const Row& row : kRows) {
-    ui::MenuItem item;
-    item.caption = row.caption;
-    item.command = row.id;
-    item.help = row.help;
-    item.enabled = kinds().any();
-    item.checked = all(row.end);
-    item.radio = true;
-    items.push_back(std::move(item));
-  }
+  const auto items = bench_.menuItems({mnuToCrLf, mnuToLf, mnuToCr});
   bench_.runCommand(bench_.platform().popupMenu(items, ui::Platform::PopupPlace::Pointer));
   bench_.codeView().setFocus();
 }

@@ -1,6 +1,6 @@
 #include "editor/tag_commands.h"
 
-#include "app/menu_names.h"
+#include "app/menus.h"
 #include "base/cp1252.h"
 #include "editor/frmTags.h"
 #include "editor/frmabzac.h"
@@ -12,92 +12,178 @@
 namespace editor {
 namespace {
 
+using ui::MenuIcon;
+
+const app::Menu kFontMenu{.caption = "&შრიფტი",
+                          .icon = MenuIcon::Font,
+                          .help = "მონიშნულის შრიფტი, ზომა და ფერი",
+                          .place = {&app::kTagsMenu, 2, 1}};
+const app::Menu kHeadingMenu{.caption = "სა&თაური",
+                             .icon = MenuIcon::Heading,
+                             .help = "ექვსი დონის სათაურები",
+                             .place = {&app::kTagsMenu, 2, 2}};
+const app::Menu kParagraphMenu{.caption = "ა&ბზაცი",
+                               .icon = MenuIcon::Paragraph,
+                               .help = "აბზაცები გასწორებით",
+                               .place = {&app::kTagsMenu, 2, 3}};
+const app::Menu kListMenu{.caption = "&ჩამონათვალი",
+                          .icon = MenuIcon::List,
+                          .help = "სიები ნიშნებით და ნომრებით",
+                          .place = {&app::kTagsMenu, 2, 4}};
+
 // A command that inserts a fixed code.
 struct Row {
-  int id;
-  const char* name;
-  const char* caption;
-  const char* help;
+  app::Command command;
   Insertion code;
 };
 
-constexpr Row kRows[] = {
-    {mnuFtag2,
-     "mnuFtag2",
-     "|76|<&FONT>",
-     "შრიფტის ტეგი ატრიბუტების გარეშე",
-     {Placing::Wrap, "<FONT>", "</FONT>", 6}},
-    {mnuFS, "mnuFS", "|77|FONT &SIZE", "შრიფტის ზომა", {Placing::Wrap, "<FONT SIZE=\"\">", "</FONT>", 14}},
-    {mnuFF, "mnuFF", "|78|FONT F&ACE", "შრიფტის სახელი", {Placing::Wrap, "<FONT FACE=\"\">", "</FONT>", 14}},
-    {mnuFC, "mnuFC", "|88|FONT &COLOR", "შრიფტის ფერი", {Placing::Wrap, "<FONT COLOR=\"\">", "</FONT>", 15}},
-    {mnuFtag,
-     "mnuFtag",
-     "|76|FONT FACE SI&ZE COLOR",
-     "შრიფტის სახელი, ზომა და ფერი",
-     {Placing::Wrap, "<FONT FACE=\"\" SIZE=\"\" COLOR=\"\">", "</FONT>", 31}},
-    {mnucenter,
-     "mnucenter",
-     "|74|&გასწორებული აბზაცი",
-     "ორივე კიდეზე გასწორებული აბზაცი მინდვრებით",
-     {Placing::Wrap, "<P style=\"text-align:justify; margin-left:1.0cm; margin-right:1.0cm\">", "</P>", 69}},
-    // Two less than the opening tag is long: the selection begins on the quote that ends the style.
-    {mnurecht,
-     "mnurecht",
-     "|75|აბზაცი &მარჯვნივ",
-     "მარჯვენა კიდეზე გასწორებული აბზაცი",
-     {Placing::Wrap, "<P style=\"text-align:right; margin-right:1.0cm\">", "</P>", 46}},
-    {mnulink, "mnulink", "|64|ბმუ&ლი", "ბმული სხვა გვერდზე", {Placing::Wrap, "<A HREF=\"\">", "</A>", 11}},
-    {mnuanchor,
-     "mnuanchor",
-     "|65|&ღუზა",
-     "ადგილი, რომელზეც ბმული მიუთითებს",
-     {Placing::Wrap, "<A NAME=\"\">", "</A>", 11}},
-    {mnuH1, "mnuH1", "|79|H1", "პირველი დონის სათაური", {Placing::Wrap, "<H1>", "</H1>", 4}},
-    {mnuH2, "mnuH2", "|79|H2", "მეორე დონის სათაური", {Placing::Wrap, "<H2>", "</H2>", 4}},
-    {mnuH3, "mnuH3", "|79|H3", "მესამე დონის სათაური", {Placing::Wrap, "<H3>", "</H3>", 4}},
-    {mnuH4, "mnuH4", "|79|H4", "მეოთხე დონის სათაური", {Placing::Wrap, "<H4>", "</H4>", 4}},
-    {mnuH5, "mnuH5", "|79|H5", "მეხუთე დონის სათაური", {Placing::Wrap, "<H5>", "</H5>", 4}},
-    {mnuH6, "mnuH6", "|79|H6", "მეექვსე დონის სათაური", {Placing::Wrap, "<H6>", "</H6>", 4}},
-    {mnulist, "mnulist", "|66|&სია", "სია ნიშნებით", {Placing::Wrap, "<UL>\r\n\t<LI>", "\r\n</UL>", 11}},
-    {mnunumlist,
-     "mnunumlist",
-     "|67|&დანომრილი სია",
-     "სია ნომრებით",
-     {Placing::Wrap, "<OL>\r\n\t<LI>", "\r\n</OL>", 11}},
-    {mnuform,
-     "mnuform",
-     "|68|&ფორმა",
-     "შესავსები ფორმა",
-     {Placing::Block, "<FORM METHOD=POST ACTION=\"\">\r\n\r\n</FORM>", {}, 30}},
-    {mnuaplet,
-     "mnuaplet",
-     "|69|ა&პლეტი",
-     "Java-აპლეტი",
-     {Placing::Block, "<APPLET CODE=\"\" WIDTH=\"\" HEIGHT=\"\">\r\n</APPLET>", {}, 14}},
-    {mnuImap,
-     "mnuImap",
-     "|63|სურათის &რუკა",
-     "სურათის უბნები ბმულებით",
-     {Placing::Block,
-      "<MAP NAME=\"\">\r\n\t<AREA SHAPE=\"\" HREF=\"\" COORDS=\"\" ALT=\"\">\r\n</MAP>",
-      {},
-      11}},
-    {mnuscript,
-     "mnuscript",
-     "|70|ს&კრიპტი",
-     "JavaScript-ის ბლოკი",
-     {Placing::Block, "<SCRIPT LANGUAGE=\"JavaScript\">\r\n<!--\r\n\r\n//-->\r\n</SCRIPT>", {}, 38}},
-    {mnuframe,
-     "mnuframe",
-     "|60|ფრე&იმი",
-     "ფრეიმის ტეგი",
-     {Placing::Block, "<FRAME SRC=\"\" NAME=\"\">", {}, 12}},
-    {mnuImageTag,
-     "mnuImageTag",
-     "|62|ს&ურათი",
-     "სურათის ტეგი",
-     {Placing::Replace, "<IMG BORDER=\"0\" SRC=\"\" WIDTH=\"\" HEIGHT=\"\" ALIGN=\"\" ALT=\"\">"}},
-};
+std::vector<Row> rows() {
+  return {
+      {{.id = mnuFtag2,
+        .icon = MenuIcon::Font,
+        .caption = "<&FONT>",
+        .place = {&kFontMenu},
+        .help = "შრიფტის ტეგი ატრიბუტების გარეშე"},
+       {Placing::Wrap, "<FONT>", "</FONT>", 6}},
+      {{.id = mnuFS,
+        .icon = MenuIcon::FontSize,
+        .caption = "FONT &SIZE",
+        .place = {&kFontMenu},
+        .help = "შრიფტის ზომა"},
+       {Placing::Wrap, "<FONT SIZE=\"\">", "</FONT>", 14}},
+      {{.id = mnuFF,
+        .icon = MenuIcon::FontFace,
+        .caption = "FONT F&ACE",
+        .place = {&kFontMenu},
+        .help = "შრიფტის სახელი"},
+       {Placing::Wrap, "<FONT FACE=\"\">", "</FONT>", 14}},
+      {{.id = mnuFC,
+        .icon = MenuIcon::TextColor,
+        .caption = "FONT &COLOR",
+        .place = {&kFontMenu},
+        .help = "შრიფტის ფერი"},
+       {Placing::Wrap, "<FONT COLOR=\"\">", "</FONT>", 15}},
+      {{.id = mnuFtag,
+        .icon = MenuIcon::Font,
+        .caption = "FONT FACE SI&ZE COLOR",
+        .place = {&kFontMenu},
+        .help = "შრიფტის სახელი, ზომა და ფერი"},
+       {Placing::Wrap, "<FONT FACE=\"\" SIZE=\"\" COLOR=\"\">", "</FONT>", 31}},
+      {{.id = mnuH1,
+        .icon = MenuIcon::Heading,
+        .caption = "H1",
+        .place = {&kHeadingMenu},
+        .help = "პირველი დონის სათაური"},
+       {Placing::Wrap, "<H1>", "</H1>", 4}},
+      {{.id = mnuH2,
+        .icon = MenuIcon::Heading,
+        .caption = "H2",
+        .place = {&kHeadingMenu},
+        .help = "მეორე დონის სათაური"},
+       {Placing::Wrap, "<H2>", "</H2>", 4}},
+      {{.id = mnuH3,
+        .icon = MenuIcon::Heading,
+        .caption = "H3",
+        .place = {&kHeadingMenu},
+        .help = "მესამე დონის სათაური"},
+       {Placing::Wrap, "<H3>", "</H3>", 4}},
+      {{.id = mnuH4,
+        .icon = MenuIcon::Heading,
+        .caption = "H4",
+        .place = {&kHeadingMenu},
+        .help = "მეოთხე დონის სათაური"},
+       {Placing::Wrap, "<H4>", "</H4>", 4}},
+      {{.id = mnuH5,
+        .icon = MenuIcon::Heading,
+        .caption = "H5",
+        .place = {&kHeadingMenu},
+        .help = "მეხუთე დონის სათაური"},
+       {Placing::Wrap, "<H5>", "</H5>", 4}},
+      {{.id = mnuH6,
+        .icon = MenuIcon::Heading,
+        .caption = "H6",
+        .place = {&kHeadingMenu},
+        .help = "მეექვსე დონის სათაური"},
+       {Placing::Wrap, "<H6>", "</H6>", 4}},
+      {{.id = mnucenter,
+        .icon = MenuIcon::Justified,
+        .caption = "&გასწორებული აბზაცი",
+        .place = {&kParagraphMenu},
+        .help = "ორივე კიდეზე გასწორებული აბზაცი მინდვრებით"},
+       {Placing::Wrap, "<P style=\"text-align:justify; margin-left:1.0cm; margin-right:1.0cm\">", "</P>",
+        69}},
+      // Two less than the opening tag is long: the selection begins on the quote that ends the style.
+      {{.id = mnurecht,
+        .icon = MenuIcon::AlignedRight,
+        .caption = "აბზაცი &მარჯვნივ",
+        .place = {&kParagraphMenu},
+        .help = "მარჯვენა კიდეზე გასწორებული აბზაცი"},
+       {Placing::Wrap, "<P style=\"text-align:right; margin-right:1.0cm\">", "</P>", 46}},
+      {{.id = mnulist,
+        .icon = MenuIcon::List,
+        .caption = "&სია",
+        .place = {&kListMenu},
+        .help = "სია ნიშნებით"},
+       {Placing::Wrap, "<UL>\r\n\t<LI>", "\r\n</UL>", 11}},
+      {{.id = mnunumlist,
+        .icon = MenuIcon::NumberedList,
+        .caption = "&დანომრილი სია",
+        .place = {&kListMenu},
+        .help = "სია ნომრებით"},
+       {Placing::Wrap, "<OL>\r\n\t<LI>", "\r\n</OL>", 11}},
+      {{.id = mnulink,
+        .icon = MenuIcon::Link,
+        .caption = "ბმუ&ლი",
+        .place = {&app::kTagsMenu, 3},
+        .help = "ბმული სხვა გვერდზე"},
+       {Placing::Wrap, "<A HREF=\"\">", "</A>", 11}},
+      {{.id = mnuanchor,
+        .icon = MenuIcon::Anchor,
+        .caption = "&ღუზა",
+        .place = {&app::kTagsMenu, 3},
+        .help = "ადგილი, რომელზეც ბმული მიუთითებს"},
+       {Placing::Wrap, "<A NAME=\"\">", "</A>", 11}},
+      {{.id = mnuImageTag,
+        .icon = MenuIcon::Image,
+        .caption = "ს&ურათი",
+        .place = {&app::kTagsMenu, 3},
+        .help = "სურათის ტეგი"},
+       {Placing::Replace, "<IMG BORDER=\"0\" SRC=\"\" WIDTH=\"\" HEIGHT=\"\" ALIGN=\"\" ALT=\"\">"}},
+      {{.id = mnuImap,
+        .icon = MenuIcon::ImageMap,
+        .caption = "სურათის &რუკა",
+        .place = {&app::kTagsMenu, 3},
+        .help = "სურათის უბნები ბმულებით"},
+       {Placing::Block,
+        "<MAP NAME=\"\">\r\n\t<AREA SHAPE=\"\" HREF=\"\" COORDS=\"\" ALT=\"\">\r\n</MAP>",
+        {},
+        11}},
+      {{.id = mnuform,
+        .icon = MenuIcon::Form,
+        .caption = "&ფორმა",
+        .place = {&app::kTagsMenu, 3},
+        .help = "შესავსები ფორმა"},
+       {Placing::Block, "<FORM METHOD=POST ACTION=\"\">\r\n\r\n</FORM>", {}, 30}},
+      {{.id = mnuframe,
+        .icon = MenuIcon::Frame,
+        .caption = "ფრე&იმი",
+        .place = {&app::kTagsMenu, 3},
+        .help = "ფრეიმის ტეგი"},
+       {Placing::Block, "<FRAME SRC=\"\" NAME=\"\">", {}, 12}},
+      {{.id = mnuaplet,
+        .icon = MenuIcon::Applet,
+        .caption = "ა&პლეტი",
+        .place = {&app::kTagsMenu, 3},
+        .help = "Java-აპლეტი"},
+       {Placing::Block, "<APPLET CODE=\"\" WIDTH=\"\" HEIGHT=\"\">\r\n</APPLET>", {}, 14}},
+      {{.id = mnuscript,
+        .icon = MenuIcon::Script,
+        .caption = "ს&კრიპტი",
+        .place = {&app::kTagsMenu, 3},
+        .help = "JavaScript-ის ბლოკი"},
+       {Placing::Block, "<SCRIPT LANGUAGE=\"JavaScript\">\r\n<!--\r\n\r\n//-->\r\n</SCRIPT>", {}, 38}},
+  };
+}
 
 // A button of the toolbar: a code of its own, or (no code) what `command` does; neither: see htmlbarklick().
 struct ToolButton {
@@ -153,7 +239,6 @@ std::string htmlColor(base::Color color) {
 
 TagCommands::TagCommands(app::Workbench& bench) : bench_(bench) {
   addCommands();
-  addMenus();
   addButtons();
   bench.colorChosen.connect([this](base::Color color) {
     if (color == colors[0]) return;
@@ -163,61 +248,58 @@ TagCommands::TagCommands(app::Workbench& bench) : bench_(bench) {
 }
 
 void TagCommands::addCommands() {
-  std::vector<app::Command> rows;
-  const auto add = [&](int id, const char* name, const char* caption, ui::Shortcut shortcut, const char* help,
-                       std::function<void()> run) {
-    app::Command row{};
-    row.id = id;
-    row.name = name;
-    row.caption = caption;
-    row.shortcut = shortcut;
-    row.help = help;
-    row.run = std::move(run);
-    rows.push_back(std::move(row));
-  };
-  add(mnutags, "mnutags", "|71|ტეგების &სია...", ui::ctrl('T'), "ტეგის არჩევა სიიდან",
-      [this] { mnutags_Click(); });
-  add(mnutagkod, "mnutagkod", "|72|ტეგის &ატრიბუტები...", ui::ctrlShift('T'),
-      "კურსორთან მდგომი ტეგის ატრიბუტები", [this] { mnutagkod_Click(); });
-  add(mnuabzac, "mnuabzac", "|73|&აბზაცი...", {}, "აბზაცი გასწორებით", [this] { mnuabzac_Click(); });
-  add(mnuasos, "mnuasos", "|80|სიმბ&ოლოები...", {}, "სიმბოლოები სახელებით", [this] { mnuasos_Click(); });
-  add(mnucolour, "mnucolour", "|88|ტექსტის ფე&რი...", {}, "მონიშნულის ფერის არჩევა", [this] { pickColor(); });
-  for (const Row& row : kRows) {
-    add(row.id, row.name, row.caption, {}, row.help, [this, &row] {
-      insert(bench_.codeView(), row.code);
-      if (row.id != mnulink) bench_.codeView().setFocus();
-    });
+  bench_.addCommands({
+      {.id = mnutags,
+       .icon = MenuIcon::TagList,
+       .caption = "ტეგების &სია...",
+       .place = {&app::kTagsMenu, 1},
+       .shortcut = ui::ctrl('T'),
+       .run = [this] { mnutags_Click(); },
+       .help = "ტეგის არჩევა სიიდან"},
+      {.id = mnutagkod,
+       .icon = MenuIcon::TagAttributes,
+       .caption = "ტეგის &ატრიბუტები...",
+       .place = {&app::kTagsMenu, 1},
+       .shortcut = ui::ctrlShift('T'),
+       .run = [this] { mnutagkod_Click(); },
+       .help = "კურსორთან მდგომი ტეგის ატრიბუტები"},
+      {.id = mnuabzac,
+       .icon = MenuIcon::Paragraph,
+       .caption = "&აბზაცი...",
+       .place = {&kParagraphMenu},
+       .run = [this] { mnuabzac_Click(); },
+       .help = "აბზაცი გასწორებით"},
+      {.id = mnuasos,
+       .icon = MenuIcon::Entity,
+       .caption = "სიმბ&ოლოები...",
+       .place = {&app::kTagsMenu, 4},
+       .run = [this] { mnuasos_Click(); },
+       .help = "სიმბოლოები სახელებით"},
+      {.id = mnucolour,
+       .icon = MenuIcon::TextColor,
+       .caption = "ტექსტის ფე&რი...",
+       .place = {&kFontMenu, 0, 1},
+       .run = [this] { pickColor(); },
+       .help = "მონიშნულის ფერის არჩევა"},
+  });
+  std::vector<Row> all = rows();
+  std::vector<app::Command> commands;
+  for (Row& row : all) {
+    row.command.run = [this, code = row.code, stays = row.command.id == mnulink] {
+      insert(bench_.codeView(), code);
+      if (!stays) bench_.codeView().setFocus();
+    };
+    commands.push_back(std::move(row.command));
   }
+  // The buttons: no menu shows them.
   for (int i = 0; i < kToolButtons; ++i) {
     const ToolButton& button = kButtons[i];
-    add(PHTbar + i, "PHTbar", button.hint, {}, button.hint, [this, i] { htmlbarklick(i); });
+    commands.push_back({.id = PHTbar + i,
+                        .caption = button.hint,
+                        .run = [this, i] { htmlbarklick(i); },
+                        .help = button.hint});
   }
-  bench_.addCommands(std::move(rows));
-}
-
-void TagCommands::addMenus() {
-  bench_.addMenu({app::kTagsMenu,
-                  {{mnutags, {}, {}},
-                   {mnutagkod, {}, {}},
-                   {0, {}, {}},
-                   {0,
-                    "|76|&შრიფტი",
-                    {mnuFtag2, mnuFS, mnuFF, mnuFC, mnuFtag, mnucolour},
-                    "მონიშნულის შრიფტი, ზომა და ფერი"},
-                   {0, "|79|სა&თაური", {mnuH1, mnuH2, mnuH3, mnuH4, mnuH5, mnuH6}, "ექვსი დონის სათაურები"},
-                   {0, "|73|ა&ბზაცი", {mnuabzac, mnucenter, mnurecht}, "აბზაცები გასწორებით"},
-                   {0, "|66|&ჩამონათვალი", {mnulist, mnunumlist}, "სიები ნიშნებით და ნომრებით"},
-                   {0, {}, {}},
-                   {mnulink, {}, {}},
-                   {mnuanchor, {}, {}},
-                   {mnuImageTag, {}, {}},
-                   {mnuImap, {}, {}},
-                   {mnuform, {}, {}},
-                   {mnuframe, {}, {}},
-                   {mnuaplet, {}, {}},
-                   {mnuscript, {}, {}},
-                   {0, {}, {}},
-                   {mnuasos, {}, {}}}});
+  bench_.addCommands(std::move(commands));
 }
 
 void TagCommands::addButtons() {

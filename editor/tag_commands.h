@@ -24,7 +24,6 @@ class TagCommands {
 
  private:
   void addCommands();
-  void addMenus();
   void addButtons();
   void showColors();
   void mnutags_Click();

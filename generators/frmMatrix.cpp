@@ -4,7 +4,7 @@
 #include <array>
 
 #include "app/mdlsaerto.h"
-#include "app/menu_names.h"
+#include "app/menus.h"
 #include "base/path.h"
 #include "base/text.h"
 #include "base/utf8.h"
@@ -192,20 +192,17 @@ std::optional<std::string> frmMatrix::askName(const char* title, std::string pro
 }
 
 void addSavedPages(app::Workbench& bench) {
-  const auto run = [&bench] {
-    frmMatrix form(bench);
-    bench.platform().showModal(form);
-    bench.codeView().setFocus();
-  };
-  bench.addCommands({{mnuMatrix,
-                      "mnuMatrix",
-                      "|89|შენა&ხული გვერდები...",
-                      {},
-                      run,
-                      nullptr,
-                      nullptr,
-                      "ახალი დოკუმენტი შენახული გვერდიდან, ან ნაჩვენების შენახვა"}});
-  bench.addMenu({app::kTagsMenu, {{mnuMatrix, {}, {}}}});
+  bench.addCommands({{.id = mnuMatrix,
+                      .icon = ui::MenuIcon::Folder,
+                      .caption = "შენა&ხული გვერდები...",
+                      .place = {&app::kTagsMenu, 6},
+                      .run =
+                          [&bench] {
+                            frmMatrix form(bench);
+                            bench.platform().showModal(form);
+                            bench.codeView().setFocus();
+                          },
+                      .help = "ახალი დოკუმენტი შენახული გვერდიდან, ან ნაჩვენების შენახვა"}});
 }
 
 }  // namespace generators

@@ -1,7 +1,7 @@
 #include "generators/generators.h"
 
 #include "app/mdlsaerto.h"
-#include "app/menu_names.h"
+#include "app/menus.h"
 #include "base/cp1252.h"
 #include "base/files.h"
 #include "base/path.h"
@@ -23,42 +23,35 @@ int templateCommand(std::size_t number) {
   return static_cast<int>(id);
 }
 
+const app::Menu kTemplateMenu{.caption = "ფორ&მატები",
+                              .icon = ui::MenuIcon::Template,
+                              .help = "მონიშნულის ჩასმა საკუთარ ფორმატში",
+                              .place = {&app::kTagsMenu, 6}};
+
 }  // namespace
 
 Generators::Generators(app::Workbench& bench) : bench_(bench), tableAndColor_(bench) {
   loadKept();
-  std::vector<app::Command> rows = {{mnutempformat,
-                                     "mnutempformat",
-                                     "|85|&ფორმატების სია...",
-                                     {},
-                                     [this] { mnutempformat_Click(); },
-                                     nullptr,
-                                     nullptr,
-                                     "საკუთარი ფორმატების შედგენა"}};
-  rows.push_back({mnuDesign,
-                  "mnuDesign",
-                  "|59|ფრეიმების &გვერდი...",
-                  {},
-                  [this] { mnuDesign_Click(); },
-                  nullptr,
-                  nullptr,
-                  "გვერდები ფრეიმებით: განლაგება, თვისებები, ახალი დოკუმენტები"});
-  app::MenuPlan::Line submenu{0, "|85|ფორ&მატები", {mnutempformat, 0}, "მონიშნულის ჩასმა საკუთარ ფორმატში"};
-  submenu.listed = [this] {
-    std::vector<int> ids;
-    for (std::size_t number = 0; number < templates_.size(); ++number) ids.push_back(templateCommand(number));
-    return ids;
-  };
-  rows.push_back({mnuCSSstile,
-                  "mnuCSSstile",
-                  "|61|&CSS სტილი...",
-                  {},
-                  [&bench] { editStyle(bench); },
-                  [](const app::CommandState& state) { return state.hasText; },
-                  nullptr,
-                  "კურსორთან მდგომი წესის ან STYLE ატრიბუტის შედგენა"});
-  bench.addCommands(std::move(rows));
-  bench.addMenu({app::kTagsMenu, {{mnuDesign, {}, {}}, {mnuCSSstile, {}, {}}, {0, {}, {}}, submenu}});
+  using ui::MenuIcon;
+  bench.addCommands({{.id = mnuDesign,
+                      .icon = MenuIcon::Frameset,
+                      .caption = "ფრეიმების &გვერდი...",
+                      .place = {&app::kTagsMenu, 5},
+                      .run = [this] { mnuDesign_Click(); },
+                      .help = "გვერდები ფრეიმებით: განლაგება, თვისებები, ახალი დოკუმენტები"},
+                     {.id = mnuCSSstile,
+                      .icon = MenuIcon::Style,
+                      .caption = "&CSS სტილი...",
+                      .place = {&app::kTagsMenu, 5},
+                      .run = [&bench] { editStyle(bench); },
+                      .enabled = app::hasText,
+                      .help = "კურსორთან მდგომი წესის ან STYLE ატრიბუტის შედგენა"},
+                     {.id = mnutempformat,
+                      .icon = MenuIcon::Template,
+                      .caption = "&ფორმატების სია...",
+                      .place = {&kTemplateMenu, 1},
+                      .run = [this] { mnutempformat_Click(); },
+                      .help = "საკუთარი ფორმატების შედგენა"}});
   addSavedPages(bench);
   addTemplateRows();
 }
@@ -67,15 +60,15 @@ Generators::Generators(app::Workbench& bench) : bench_(bench), tableAndColor_(be
 void Generators::addTemplateRows() {
   std::vector<app::Command> rows;
   for (; rows_ < templates_.size(); ++rows_) {
-    app::Command row{
-        templateCommand(rows_), "mnuTFlist", "", {}, [this, number = rows_] { applyTemplate(number); }};
-    row.text = [this, number = rows_]() -> ui::Text {
-      const std::string name = base::nameFromStored(templates_[number].name);
-      // A name is shown as it is, even one that begins like the number of an icon.
-      return "|0|" + base::replaceAll(name.empty() ? " " : name, "&", "&&");
-    };
-    row.help = "ფორმატის დასაწყისი და დასასრული მონიშნულის ორივე მხარეს";
-    rows.push_back(std::move(row));
+    rows.push_back({.id = templateCommand(rows_),
+                    .place = {&kTemplateMenu, 2},
+                    .run = [this, number = rows_] { applyTemplate(number); },
+                    .text = [this, number = rows_]() -> ui::Text {
+                      if (number >= templates_.size()) return {};
+                      const std::string name = base::nameFromStored(templates_[number].name);
+                      return base::replaceAll(name.empty() ? " " : name, "&", "&&");
+                    },
+                    .help = "ფორმატის დასაწყისი და დასასრული მონიშნულის ორივე მხარეს"});
   }
   bench_.addCommands(std::move(rows));
 }

@@ -1,6 +1,6 @@
 #include "generators/table_color_commands.h"
 
-#include "app/menu_names.h"
+#include "app/menus.h"
 #include "base/line_ends.h"
 #include "generators/selection.h"
 #include "generators/table_markup.h"
@@ -9,19 +9,19 @@
 namespace generators {
 
 TableColorCommands::TableColorCommands(app::Workbench& bench) : bench_(bench) {
-  std::vector<app::Command> rows = {
-      {mnuTable,
-       "mnuTable",
-       "|57|&ცხრილი...",
-       {},
-       [this] { mnuTable_Click(); },
-       nullptr,
-       nullptr,
-       "ახალი ცხრილი: ბადეზე არჩეული სვეტები და სტრიქონები"},
-      {mnuTabColor, "mnuTabColor", "|56|ფერის კო&დი...", ui::ctrlShift('K'), [this] { mnuTabColor_Click(); },
-       nullptr, nullptr, "ფერი ატრიბუტად, კოდად ან FONT ტეგად"}};
-  bench.addCommands(std::move(rows));
-  bench.addMenu({app::kTagsMenu, {{0, {}, {}}, {mnuTable, {}, {}}, {mnuTabColor, {}, {}}}});
+  bench.addCommands({{.id = mnuTable,
+                      .icon = ui::MenuIcon::Table,
+                      .caption = "&ცხრილი...",
+                      .place = {&app::kTagsMenu, 5},
+                      .run = [this] { mnuTable_Click(); },
+                      .help = "ახალი ცხრილი: ბადეზე არჩეული სვეტები და სტრიქონები"},
+                     {.id = mnuTabColor,
+                      .icon = ui::MenuIcon::ColorCode,
+                      .caption = "ფერის კო&დი...",
+                      .place = {&app::kTagsMenu, 5},
+                      .shortcut = ui::ctrlShift('K'),
+                      .run = [this] { mnuTabColor_Click(); },
+                      .help = "ფერი ატრიბუტად, კოდად ან FONT ტეგად"}});
   bench.addToolBar({{mnuTable, ui::ToolIcon::Table, "ცხრილი"}});
 }
 

@@ -4,7 +4,7 @@
 #include <array>
 
 #include "app/mdlsaerto.h"
-#include "app/menu_names.h"
+#include "app/menus.h"
 #include "base/address.h"
 #include "base/cp1252.h"
 #include "base/error.h"
@@ -32,16 +32,15 @@ struct Preview::Writing {
 };
 
 Preview::Preview(app::Workbench& bench) : bench_(bench) {
-  std::vector<app::Command> rows(1);
-  rows[0].id = mnuPreview;
-  rows[0].name = "mnuPreview";
-  rows[0].caption = "|49|გვ&ერდის გადახედვა";
-  rows[0].shortcut = {ui::kKeyF1 + 4, false, false, false};
-  rows[0].run = [this] { mnuPreview_Click(); };
-  rows[0].enabled = [this](const app::CommandState& state) { return state.hasText && showsPage(); };
-  rows[0].help = "გვერდი ბრაუზერში, როგორიც ის ახლაა; დოკუმენტი არ ინახება";
-  bench.addCommands(std::move(rows));
-  bench.addMenu({app::kViewMenu, {{0, {}, {}}, {mnuPreview, {}, {}}}});
+  bench.addCommands(
+      {{.id = mnuPreview,
+        .icon = ui::MenuIcon::Preview,
+        .caption = "გვ&ერდის გადახედვა",
+        .place = {&app::kViewMenu, 6},
+        .shortcut = {ui::kKeyF1 + 4, false, false, false},
+        .run = [this] { mnuPreview_Click(); },
+        .enabled = [this](const app::CommandState& state) { return state.hasText && showsPage(); },
+        .help = "გვერდი ბრაუზერში, როგორიც ის ახლაა; დოკუმენტი არ ინახება"}});
 
   const auto guardedly = [this](auto run) { return [this, run] { app::guarded(bench_.platform(), run); }; };
   window_.refresh.connect(guardedly([this] {

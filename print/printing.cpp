@@ -3,7 +3,7 @@
 #include <algorithm>
 
 #include "app/mdlsaerto.h"
-#include "app/menu_names.h"
+#include "app/menus.h"
 #include "base/error.h"
 #include "print/frmprint.h"
 #include "print/frmprintpreview.h"
@@ -74,29 +74,28 @@ void printShown(app::Workbench& bench, const PrintSettings& settings) {
 }
 
 void attachPrinting(app::Workbench& bench) {
-  const auto withText = [](const app::CommandState& state) { return state.hasText; };
-  bench.addCommands(
-      {{mnuPageSetup,
-        "mnuPageSetup",
-        "|51|გვერდის პარა&მეტრები...",
-        {},
-        [&bench] { mnuPageSetup_Click(bench); },
-        nullptr,
-        nullptr,
-        "ქაღალდი და ველები ბეჭდვისთვის"},
-       {mnuPrintPreview,
-        "mnuPrintPreview",
-        "|52|ბეჭდვის წინას&წარი ნახვა...",
-        {},
-        [&bench] { mnuPrintPreview_Click(bench); },
-        withText,
-        nullptr,
-        "როგორ დაიბეჭდება დოკუმენტი"},
-       {mnuPrint, "mnuPrint", "|50|ბეჭდ&ვა...", ui::ctrl('P'), [&bench] { mnuPrint_Click(bench); }, withText,
-        nullptr, "დოკუმენტის ან მონიშნულის ბეჭდვა"}});
-  bench.addMenu(
-      {app::kFileMenu,
-       {{0, {}, {}}, {mnuPageSetup, {}, {}}, {mnuPrintPreview, {}, {}}, {mnuPrint, {}, {}}, {0, {}, {}}}});
+  using ui::MenuIcon;
+  bench.addCommands({{.id = mnuPageSetup,
+                      .icon = MenuIcon::PageSetup,
+                      .caption = "გვერდის პარა&მეტრები...",
+                      .place = {&app::kFileMenu, 6},
+                      .run = [&bench] { mnuPageSetup_Click(bench); },
+                      .help = "ქაღალდი და ველები ბეჭდვისთვის"},
+                     {.id = mnuPrintPreview,
+                      .icon = MenuIcon::PrintPreview,
+                      .caption = "ბეჭდვის წინას&წარი ნახვა...",
+                      .place = {&app::kFileMenu, 6},
+                      .run = [&bench] { mnuPrintPreview_Click(bench); },
+                      .enabled = app::hasText,
+                      .help = "როგორ დაიბეჭდება დოკუმენტი"},
+                     {.id = mnuPrint,
+                      .icon = MenuIcon::Print,
+                      .caption = "ბეჭდ&ვა...",
+                      .place = {&app::kFileMenu, 6},
+                      .shortcut = ui::ctrl('P'),
+                      .run = [&bench] { mnuPrint_Click(bench); },
+                      .enabled = app::hasText,
+                      .help = "დოკუმენტის ან მონიშნულის ბეჭდვა"}});
 }
 
 }  // namespace print

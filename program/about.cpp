@@ -1,21 +1,21 @@
 #include "program/about.h"
 
+#include "app/menus.h"
 #include "program/frmabout.h"
 
 namespace program {
 
 void attachAbout(app::Workbench& bench) {
-  bench.addCommands({{mnuAbout,
-                      "mnuAbout",
-                      "|55|პროგრამის &შესახებ...",
-                      {},
-                      [&bench] {
-                        frmabout form(bench.platform());
-                        bench.platform().showModal(form);
-                      },
-                      nullptr,
-                      nullptr,
-                      "პროგრამის ვერსია და შრიფტების ლიცენზია"}});
+  bench.addCommands({{.id = mnuAbout,
+                      .icon = ui::MenuIcon::About,
+                      .caption = "პროგრამის &შესახებ...",
+                      .place = {&app::kHelpMenu, 1},
+                      .run =
+                          [&bench] {
+                            frmabout form(bench.platform());
+                            bench.platform().showModal(form);
+                          },
+                      .help = "პროგრამის ვერსია და შრიფტების ლიცენზია"}});
 }
 
 }  // namespace program

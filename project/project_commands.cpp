@@ -1,6 +1,6 @@
 #include "project/project_commands.h"
 
-#include "app/menu_names.h"
+#include "app/menus.h"
 #include "project/frmWEB.h"
 #include "project/frmupload.h"
 #include "resources/ids.h"
@@ -22,29 +22,26 @@ struct Uploading {
 
 void attach(app::Workbench& bench) {
   const auto uploading = std::make_shared<std::unique_ptr<Uploading>>();
-  bench.addCommands({{mnuupload,
-                      "mnuupload",
-                      "|38|გადატა&ნა სერვერზე (FTP)...",
-                      {},
-                      [&bench, uploading] {
-                        if (!*uploading) *uploading = std::make_unique<Uploading>(bench);
-                        if ((*uploading)->form) bench.platform().showModal(*(*uploading)->form);
-                      },
-                      nullptr,
-                      nullptr,
-                      "ფაილების გადატანა FTP სერვერზე"}});
-  bench.addCommands({{mnunewWEB,
-                      "mnunewWEB",
-                      "|29|ახალი პროე&ქტი...",
-                      {},
-                      [&bench] {
-                        frmWEB form(bench);
-                        bench.platform().showModal(form);
-                      },
-                      nullptr,
-                      nullptr,
-                      "ახალი ვებ-პროექტის შექმნა"}});
-  bench.addMenu({app::kFileMenu, {{mnunewWEB, {}, {}}, {mnuupload, {}, {}}}});
+  bench.addCommands({{.id = mnunewWEB,
+                      .icon = ui::MenuIcon::NewProject,
+                      .caption = "ახალი პროე&ქტი...",
+                      .place = {&app::kFileMenu, 4},
+                      .run =
+                          [&bench] {
+                            frmWEB form(bench);
+                            bench.platform().showModal(form);
+                          },
+                      .help = "ახალი ვებ-პროექტის შექმნა"},
+                     {.id = mnuupload,
+                      .icon = ui::MenuIcon::Upload,
+                      .caption = "გადატა&ნა სერვერზე (FTP)...",
+                      .place = {&app::kFileMenu, 4},
+                      .run =
+                          [&bench, uploading] {
+                            if (!*uploading) *uploading = std::make_unique<Uploading>(bench);
+                            if ((*uploading)->form) bench.platform().showModal(*(*uploading)->form);
+                          },
+                      .help = "ფაილების გადატანა FTP სერვერზე"}});
 }
 
 }  // namespace project

@@ -5,7 +5,7 @@
 #include <vector>
 
 #include "app/mdlsaerto.h"
-#include "app/menu_names.h"
+#include "app/menus.h"
 #include "base/files.h"
 #include "base/path.h"
 #include "base/text.h"
@@ -52,29 +52,24 @@ void attach(app::Workbench& bench) {
   };
   bench.startUp.connect(show);
 
-  std::vector<app::Command> rows = {{mnurecentfile,
-                                     "mnurecentfile",
-                                     "|39|&ბოლო ფაილები...",
-                                     {},
-                                     show,
-                                     nullptr,
-                                     nullptr,
-                                     "ბოლოს გახსნილი ფაილების სია"}};
-  app::MenuPlan plan{app::kFileMenu, {{0, {}, {}}, {mnurecentfile, {}, {}}}};
+  std::vector<app::Command> rows = {{.id = mnurecentfile,
+                                     .icon = ui::MenuIcon::RecentFiles,
+                                     .caption = "&ბოლო ფაილები...",
+                                     .place = {&app::kFileMenu, 5},
+                                     .run = show,
+                                     .help = "ბოლოს გახსნილი ფაილების სია"}};
   for (std::size_t i = 0; i < kInMenu; ++i) {
-    const int id = mnurecent1 + static_cast<int>(i);
-    app::Command row{id, "mnurecent", "", {}, [&bench, entry, i] { openPath(bench, entry(i)); }};
-    row.text = [entry, i]() -> ui::Text {
-      const std::string path = entry(i);
-      if (path.empty()) return "";
-      return "&" + std::to_string(i + 1) + " " + base::replaceAll(path, "&", "&&");
-    };
-    row.help = "ბოლოს გახსნილი ფაილის გახსნა";
-    rows.push_back(std::move(row));
-    plan.lines.push_back({id, {}, {}});
+    rows.push_back({.id = mnurecent1 + static_cast<int>(i),
+                    .place = {&app::kFileMenu, 5},
+                    .run = [&bench, entry, i] { openPath(bench, entry(i)); },
+                    .text = [entry, i]() -> ui::Text {
+                      const std::string path = entry(i);
+                      if (path.empty()) return "";
+                      return "&" + std::to_string(i + 1) + " " + base::replaceAll(path, "&", "&&");
+                    },
+                    .help = "ბოლოს გახსნილი ფაილის გახსნა"});
   }
   bench.addCommands(std::move(rows));
-  bench.addMenu(plan);
 }
 
 }  // namespace recent

@@ -1,6 +1,6 @@
 #include "search/attach.h"
 
-#include "app/menu_names.h"
+#include "app/menus.h"
 #include "search/frmsuch.h"
 
 namespace search {
@@ -9,49 +9,44 @@ using namespace ui::literals;
 
 Search::Search(app::Workbench& bench) : bench_(bench), dialog_(std::make_unique<frmsuch>(bench)) {
   constexpr int kKeyF3 = ui::kKeyF1 + 2;
+  using ui::MenuIcon;
   bench_.addCommands({
-      {mnusuch, "mnusuch", "|40|ÞÄÁÍÀ ÃÀ ÛÄÝÅËÀ"_legacy, ui::ctrl('F'), [this] { dialog_->open(); }, nullptr,
-       nullptr, "ტექსტის ძებნა და შეცვლა"},
-      {mnufindnext,
-       "mnufindnext",
-       "|41|&შემდეგის პოვნა",
-       {kKeyF3, false, false, false},
-       [this] { dialog_->findNext(); },
-       nullptr,
-       nullptr,
-       "შემდეგი ნაპოვნი ადგილი"},
-      {mnufindprevious,
-       "mnufindprevious",
-       "|42|წინა&ს პოვნა",
-       {kKeyF3, false, true, false},
-       [this] { dialog_->findPrevious(); },
-       nullptr,
-       nullptr,
-       "წინა ნაპოვნი ადგილი"},
-      {mnumarkfinddel,
-       "mnumarkfinddel",
-       "|43|ÌÀÒÊÉÒÄÁÖËÉ ÐÏÅÍÀ ÃÀ ßÀÛËÀ"_legacy,
-       {},
-       [this] { mnumarkfinddel_Click(); },
-       [](const app::CommandState& state) { return state.hasSelection; },
-       nullptr,
-       "მონიშნული ტექსტის წაშლა ყველგან დოკუმენტში"},
-      {mnuundoreplace,
-       "mnuundoreplace",
-       "|44|ყველა ფაილში შეცვლის გაუ&ქმება",
-       {},
-       [this] { dialog_->undoReplace(); },
-       [this](const app::CommandState&) { return dialog_->canUndoReplace(); },
-       nullptr,
-       "ძველი ტექსტის დაბრუნება ყველა ფაილში, სადაც ის შეიცვალა"},
+      {.id = mnusuch,
+       .icon = MenuIcon::Find,
+       .caption = "ÞÄÁÍÀ ÃÀ ÛÄÝÅËÀ"_legacy,
+       .place = {&app::kEditMenu, 4},
+       .shortcut = ui::ctrl('F'),
+       .run = [this] { dialog_->open(); },
+       .help = "ტექსტის ძებნა და შეცვლა"},
+      {.id = mnufindnext,
+       .icon = MenuIcon::FindNext,
+       .caption = "&შემდეგის პოვნა",
+       .place = {&app::kEditMenu, 4},
+       .shortcut = {kKeyF3, false, false, false},
+       .run = [this] { dialog_->findNext(); },
+       .help = "შემდეგი ნაპოვნი ადგილი"},
+      {.id = mnufindprevious,
+       .icon = MenuIcon::FindPrevious,
+       .caption = "წინა&ს პოვნა",
+       .place = {&app::kEditMenu, 4},
+       .shortcut = {kKeyF3, false, true, false},
+       .run = [this] { dialog_->findPrevious(); },
+       .help = "წინა ნაპოვნი ადგილი"},
+      {.id = mnumarkfinddel,
+       .icon = MenuIcon::FindDelete,
+       .caption = "ÌÀÒÊÉÒÄÁÖËÉ ÐÏÅÍÀ ÃÀ ßÀÛËÀ"_legacy,
+       .place = {&app::kEditMenu, 4},
+       .run = [this] { mnumarkfinddel_Click(); },
+       .enabled = app::hasSelection,
+       .help = "მონიშნული ტექსტის წაშლა ყველგან დოკუმენტში"},
+      {.id = mnuundoreplace,
+       .icon = MenuIcon::UndoReplace,
+       .caption = "ყველა ფაილში შეცვლის გაუ&ქმება",
+       .place = {&app::kEditMenu, 4},
+       .run = [this] { dialog_->undoReplace(); },
+       .enabled = [this](const app::CommandState&) { return dialog_->canUndoReplace(); },
+       .help = "ძველი ტექსტის დაბრუნება ყველა ფაილში, სადაც ის შეიცვალა"},
   });
-  bench_.addMenu({app::kEditMenu,
-                  {{0, {}, {}},
-                   {mnusuch, {}, {}},
-                   {mnufindnext, {}, {}},
-                   {mnufindprevious, {}, {}},
-                   {mnumarkfinddel, {}, {}},
-                   {mnuundoreplace, {}, {}}}});
 }
 
 Search::~Search() = default;

@@ -42,4 +42,10 @@ MenuCaption menuCaption(const Text& stored) {
   return {0, stored};
 }
 
+Text storedCaption(MenuIcon icon, Text text) {
+  if (icon == MenuIcon::None && !text.bytes.starts_with('|')) return text;
+  text.bytes.insert(0, "|" + std::to_string(static_cast<int>(icon)) + "|");
+  return text;
+}
+
 }  // namespace ui

@@ -6,6 +6,7 @@
 #include <string_view>
 #include <vector>
 
+#include "ui/icons/menu_icons.h"
 #include "ui/text.h"
 
 namespace ui {
@@ -75,5 +76,7 @@ struct MenuCaption {
   Text text;
 };
 MenuCaption menuCaption(const Text& stored);
+// The other way round: a text that begins like a prefix is kept apart from one.
+Text storedCaption(MenuIcon icon, Text text);
 
 }  // namespace ui

@@ -1,4 +1,4 @@
-#include "app/menu_names.h"
+#include "app/menus.h"
 #include "base/text.h"
 #include "convert/attach.h"
 #include "tests/convert/tables.h"
@@ -118,7 +118,7 @@ TEST_F(ConversionCommands, CopyingLeavesTheDocumentAlone) {
 
 TEST_F(ConversionCommands, StandInTheEditMenuWithTheirCaptionsAsStored) {
   const auto top = std::find_if(H->menus.begin(), H->menus.end(), [](const ui::MenuItem& item) {
-    return item.caption == ui::Text(app::kEditMenu);
+    return item.caption == app::kEditMenu.caption;
   });
   ASSERT_NE(top, H->menus.end());
   std::vector<int> ids;

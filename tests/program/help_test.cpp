@@ -52,6 +52,20 @@ class Help : public tests::WholeProgram {
     });
     return all;
   }
+
+  // Those of the Edit menu between the separators around mnuUTF8, and of the submenu there.
+  std::set<int> conversions() {
+    std::set<int> group;
+    bool there = false;
+    for (const ui::MenuItem& item : program->window().menus.at(1).items) {
+      if (item.separator() && there) break;
+      if (item.separator()) group.clear();
+      there = there || item.command == mnuUTF8;
+      if (item.command != 0) group.insert(item.command);
+      for (const ui::MenuItem& inner : item.items) group.insert(inner.command);
+    }
+    return group;
+  }
 };
 
 TEST_F(Help, TheKeyboardPagesNameTheKeysOfTheMenusAndNoOther) {
@@ -121,10 +135,8 @@ TEST_F(Help, TheExamplesOfConversionComeOut) {
       shownCommands.insert(item->command);
       ++tried;
     }
-    for (int command = mnuUTF8; command <= mnuxuc; ++command) {
-      EXPECT_TRUE(shownCommands.contains(command)) << language << ": " << command << " has no example";
-    }
-    EXPECT_EQ(tried, mnuxuc - mnuUTF8 + 1) << language;
+    EXPECT_EQ(shownCommands, conversions()) << language << ": every conversion has an example";
+    EXPECT_EQ(tried, static_cast<int>(shownCommands.size())) << language << ": and one alone";
   }
 }
 

@@ -686,9 +686,7 @@ TEST_F(FrmsuchTest, KeepsTheLastTwentyFindTexts) {
 
 TEST_F(FrmsuchTest, TypesGeorgianByTheFontAndTheTypingMode) {
   bool georgian = false;
-  app::Command mode{mnuens1, "mnuens1", "", {}, [] {}};
-  mode.checked = [&] { return georgian; };
-  H->addCommands({mode});
+  H->addCommands({{.id = mnuens1, .run = [] {}, .checked = [&] { return georgian; }}});
   openDialog();
   const auto typed = [&](ui::TextBox& box) {
     box.userSet("");
