@@ -116,11 +116,11 @@ void FrmH::commandladenforma(const std::string& mode) {
 }
 
 bool FrmH::cvlaprufen() {
-  return WebProject.WEBopened && unsavedDocuments();
+  return WebProject.WEBopened && !documentSession.unsaved().empty();
 }
 
 bool FrmH::NewInWeb() {
-  return !WebProject.WEBopened && unsavedDocuments();
+  return !WebProject.WEBopened && !documentSession.unsaved().empty();
 }
 
 bool FrmH::askAndSave(ui::Text question, ui::Text title, const std::function<bool()>& save) {

@@ -59,7 +59,10 @@ Look look(std::string_view path) {
     const auto size = fs::file_size(native(path), error);
     if (!error) found.size = size;
     struct stat known {};
-    if (stat(native(path).c_str(), &known) == 0) found.names = static_cast<unsigned>(known.st_nlink);
+    if (stat(native(path).c_str(), &known) == 0) {
+      found.names = static_cast<unsigned>(known.st_nlink);
+      found.changed = std::int64_t{known.st_mtim.tv_sec} * 1'000'000'000 + known.st_mtim.tv_nsec;
+    }
   } else if (fs::exists(status)) {
     found.kind = Kind::Other;
   }
@@ -150,6 +153,12 @@ int fileNames(std::string_view folder, std::vector<std::string>& names) {
 bool same(std::string_view a, std::string_view b) {
   std::error_code error;
   return fs::equivalent(native(a), native(b), error) && !error;
+}
+
+std::string identity(std::string_view path) {
+  struct stat known {};
+  if (stat(native(path).c_str(), &known) != 0) return {};
+  return std::to_string(known.st_dev) + ":" + std::to_string(known.st_ino);
 }
 
 std::string tempFolder() {

@@ -48,6 +48,7 @@ void Workshop::release(sptr_t document) {
 
 void ScintillaDocument::setText(std::string_view text) {
   const Scintilla& control = workshop_->with(handle_);
+  const auto before = static_cast<std::size_t>(control.length());
   Scintilla::Replaced result = Scintilla::Replaced::Nothing;
   {
     const UndoGroup group(control);
@@ -59,6 +60,7 @@ void ScintillaDocument::setText(std::string_view text) {
     throwTooLong();
   }
   control.followLineEnds();
+  if (result == Scintilla::Replaced::Done && workshop_->replaced) workshop_->replaced(*this, before);
 }
 
 }  // namespace win32

@@ -136,6 +136,9 @@ Look look(std::string_view path) {
   } else if (isFile(data.dwFileAttributes)) {
     found.kind = Kind::File;
     found.size = (static_cast<std::uintmax_t>(data.nFileSizeHigh) << 32U) | data.nFileSizeLow;
+    found.changed =
+        static_cast<std::int64_t>((static_cast<std::uint64_t>(data.ftLastWriteTime.dwHighDateTime) << 32U) |
+                                  data.ftLastWriteTime.dwLowDateTime);
     const Identity known(path);
     if (known.found) found.names = std::max<unsigned>(1, known.information.nNumberOfLinks);
   } else {
@@ -255,6 +258,14 @@ int fileNames(std::string_view folder, std::vector<std::string>& names) {
 
 bool same(std::string_view a, std::string_view b) {
   return Identity(a) == Identity(b);
+}
+
+std::string identity(std::string_view path) {
+  const Identity known(path);
+  const auto& information = known.information;
+  if (!known.found) return {};
+  return std::to_string(information.dwVolumeSerialNumber) + ":" + std::to_string(information.nFileIndexHigh) +
+         ":" + std::to_string(information.nFileIndexLow);
 }
 
 std::string tempFolder() {
