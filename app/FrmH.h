@@ -35,6 +35,10 @@ class FrmH final : public ui::MainForm, public Workbench {
                         {"kView", 60, {}, false},
                         {"kLineEnds", 60, {}, false}}};
 
+  ui::Label Lnotice{*this, IDC_FrmH_Lnotice};  // news of the shown document, above the text
+  ui::Button Cnotice{*this, IDC_FrmH_Cnotice};
+  ui::Button CnoticeClose{*this, IDC_FrmH_CnoticeClose};
+
   PropsRecord Props;
   Session documentSession{T1};
   // Its parts, by the names under which all know them.
@@ -72,6 +76,8 @@ class FrmH final : public ui::MainForm, public Workbench {
   void mnuSaveas_Click();
   // The documents, then the project file. `ask`: also offer what is outside the project. False: cancelled.
   bool SaveProject(bool ask);
+  // Of the documents those alone.
+  bool saveProjectWith(const std::vector<std::int16_t>& documents);
   void WEB_Open(const std::string& path) override;
   void mnuCloseWEB_Click();
 
@@ -118,6 +124,8 @@ class FrmH final : public ui::MainForm, public Workbench {
   void filesDropped(const std::vector<std::string>& paths) override;
   void idle() override;
   void pause() override { Workbench::pause(); }
+  int background() override { return inBackground ? inBackground() : -1; }
+  void activated() override { diskDue_ = true; }
   void systemColoursChanged() override { applyEditorSettings(); }
 
  private:
@@ -156,6 +164,18 @@ class FrmH final : public ui::MainForm, public Workbench {
 
   void showCaption();
   void showName(const std::string& name);  // in the caption, with the mark of unsaved changes
+  // FrmH_disk.cpp, like the next ones
+  void lookAtDisk();
+  enum class Purpose { Look, Save };
+  // The document's file is as it was last read or written, or the user has chosen; false: nothing is to be
+  // done with it now.
+  bool settleWithFile(std::int16_t index, Purpose purpose);
+  void fileVanished(std::int16_t index);
+  void reload(std::int16_t index, std::string_view bytes, const base::FileTrace& trace);
+  void writeText(const std::string& path, std::int16_t index);
+  void showNotice();
+  void cutOldEnd();
+  void addNotice();
   bool mayWriteOver(const std::string& path, std::int16_t index);  // false: the user does not want it
   void showInTwins(const std::string& path, std::int16_t index);
   bool askForOutside(const std::string& folder, std::vector<std::string>& names, bool& dropped);
@@ -168,8 +188,12 @@ class FrmH final : public ui::MainForm, public Workbench {
   void applyEditorSettings();
 
   bool saveAllChanged();  // false: cancelled
+  bool saveAll(const std::vector<std::int16_t>& documents);
   // Asks whether to save; runs `save` on Yes. False: the user wants to stay.
   bool askAndSave(ui::Text question, ui::Text title, const std::function<bool()>& save);
+  // The same with the names of the unsaved documents, of which `save` gets those that were chosen.
+  bool askWhichToSave(ui::Text question, ui::Text title,
+                      const std::function<bool(const std::vector<std::int16_t>&)>& save);
   void keepForNextRun();
   bool leaveDocuments();  // the prompts before the documents go; false: stay
   bool offerProject();    // false: cancelled, like the two below
@@ -200,6 +224,7 @@ class FrmH final : public ui::MainForm, public Workbench {
     bool& flag_;
   };
 
+  bool diskDue_ = false;         // the window became the active one: files may have changed meanwhile
   bool busy_ = false;            // a long command lets window events run: no other may begin
   bool reopenHeldBack_ = false;  // ReopenLastFile is set, but off for this run
   bool switching_ = false;       // a switch of documents is under way: its own clicks are not followed

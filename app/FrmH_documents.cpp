@@ -46,8 +46,10 @@ void FrmH::ofnen(const std::string& path) {
   if (base::fileExists(path)) documentOpened(path);
   if (base::lastThree(path) == "WEB") {
     if (!documentSession.unsaved().empty() &&
-        !askAndSave("ginaT gaxsnil failebSi cvlilebis damaxsovreba?"_keyboard, "NEW WEB",
-                    [this] { return WebProject.WEBopened ? SaveProject(false) : saveAllChanged(); })) {
+        !askWhichToSave("ginaT gaxsnil failebSi cvlilebis damaxsovreba?"_keyboard, "NEW WEB",
+                        [this](const std::vector<std::int16_t>& chosen) {
+                          return WebProject.WEBopened ? saveProjectWith(chosen) : saveAll(chosen);
+                        })) {
       return;
     }
     WEB_Open(path);
@@ -75,12 +77,14 @@ void FrmH::openText(const std::string& path) {
     }
     return;
   }
-  if (!CurrentFilePath.empty() && base::samePath(path, CurrentFilePath)) {
+  if (!CurrentFilePath.empty() &&
+      (base::samePath(path, CurrentFilePath) || base::sameFile(path, CurrentFilePath))) {
     const std::string answer =
         messageBox(platform_, "es faili ukve gaxsnilia.\r\ngindaT misi axlidan gaxsna?"_keyboard, "Open",
                    frmBOXa::Kind::YesNo, ui::IconBox::Sign::Question);
     if (answer != kAnswerYes) return;
     showText(text, base::fileName(path));
+    documentSession.file(-1) = base::traceOf(path, text);
     FileChanged = false;
     return;
   }
@@ -92,6 +96,7 @@ void FrmH::openText(const std::string& path) {
   documentSession.park();
   showText(text, base::fileName(path));
   CurrentItemIndex = documentSession.append(T1.document(), path, base::fileName(path));
+  documentSession.file(-1) = base::traceOf(path, text);
   CurrentFilePath = path;
   FileChanged = false;
   showCaption();
@@ -177,6 +182,7 @@ void FrmH::showDocument(std::int16_t index) {
     throw;
   }
   Loading = switching_ = false;
+  diskDue_ = true;  // its file may have changed while it was not shown
   showCaption();
   if (hadRecord) {
     // The clicked node stays; a document shown by another way is marked in the tree.
@@ -234,6 +240,7 @@ void FrmH::showNothing() {
   const LoadingBlock loading(Loading);
   CurrentItemIndex = -1;
   CurrentFilePath.clear();
+  documentSession.shown.file = {};
   showText("", "");
   FileChanged = false;
   showCaption();

@@ -47,12 +47,10 @@ bool FrmH::SaveDocument(const std::string& path, std::int16_t index, SaveKind ki
   }
   if (!mayWriteOver(target, own)) return false;
 
-  base::overwriteFile(target, documentText(index));
+  if (base::samePath(target, documentSession.path(index)) && !settleWithFile(index, Purpose::Save))
+    return false;
 
-  if (shown) {
-    FileChanged = false;
-    CurrentFilePath = target;
-  }
+  writeText(target, index);
   if (own >= 0) {
     Ithem& record = WebProject.Item(own);
     showInTwins(target, own);
@@ -60,9 +58,6 @@ bool FrmH::SaveDocument(const std::string& path, std::int16_t index, SaveKind ki
     const std::string inside = record.IsInWEB ? nameInProject(target) : "";
     const std::string title = inside.empty() ? base::fileName(target) : inside;
     const bool renamed = record.FileTitle != title;
-    record.Changed = false;
-    record.saved = true;
-    record.filepath = target;
     record.FileTitle = title;
     if (renamed) {
       if (record.IsInWEB) {
@@ -115,6 +110,7 @@ bool FrmH::mayWriteOver(const std::string& path, std::int16_t index) {
 void FrmH::showInTwins(const std::string& path, std::int16_t index) {
   for (const std::int16_t i : documentSession.othersOf(path, index)) {
     Ithem& other = WebProject.Item(i);
+    other.file = documentSession.file(index);
     if (i == CurrentItemIndex) {
       const FlagBlock loading(Loading);
       if (!FileChanged) T1.load(documentText(index));
@@ -129,10 +125,20 @@ void FrmH::mnuSaveas_Click() {
 }
 
 bool FrmH::saveAllChanged() {
-  if (FileChanged && !SaveDocument("", -1)) return false;
-  for (std::int16_t i = 0; i < WebProject.Count(); ++i) {
-    if (i != CurrentItemIndex && WebProject.Item(i).Changed && !SaveDocument("", i)) return false;
+  return saveAll(documentSession.unsaved());
+}
+
+bool FrmH::saveAll(const std::vector<std::int16_t>& documents) {
+  for (const std::int16_t index : documents) {
+    if (!SaveDocument("", index)) return false;
   }
+  return true;
+}
+
+bool FrmH::saveProjectWith(const std::vector<std::int16_t>& documents) {
+  documentSession.park();
+  if (!saveAll(documents)) return false;
+  writeProjectFile();
   return true;
 }
 
@@ -144,9 +150,7 @@ bool FrmH::SaveProject(bool ask) {
     return WebProject.WEBopened ? true : saveAllChanged();
   }
   if (ask && !offerInclusion()) return false;
-  if (!saveAllChanged()) return false;
-  writeProjectFile();
-  return true;
+  return saveProjectWith(documentSession.unsaved());
 }
 
 std::vector<std::int16_t> FrmH::outsideProject() {
@@ -218,8 +222,7 @@ bool FrmH::copyIntoProject(std::int16_t index) {
       if (!sameData) base::copyFile(record.filepath, target);
     } else {
       base::writeFile(target, documentText(index));
-      record.Changed = false;
-      if (index == CurrentItemIndex) FileChanged = false;
+      documentSession.saved(index, target, base::traceOf(target, documentText(index)));
     }
     record.filepath = target;
     if (index == CurrentItemIndex) CurrentFilePath = target;
@@ -331,6 +334,7 @@ void FrmH::WEB_Open(const std::string& path) {
     for (Document& document : found) {
       WebProject.AddNewIthem("", -1, "", "");
       Ithem& record = WebProject.Item(static_cast<std::int16_t>(WebProject.Count() - 1));
+      record.file = base::traceOf(document.path, document.text);
       record.Value = DocumentText(std::move(document.text));
       record.Changed = false;
       record.filepath = document.path;

@@ -8,8 +8,10 @@ namespace app {
 
 // Also when nothing is known to have changed: unsaved changes come from everywhere.
 void FrmH::idle() {
+  if (!busy_ && std::exchange(diskDue_, false)) guarded(platform_, [this] { lookAtDisk(); });
   if (FileChanged != shownChanged_) showName(shownName_);
   showTabs();
+  showNotice();
   refreshToolBar();
   Workbench::idle();
 }

@@ -76,6 +76,7 @@ void FrmH::addFile(const std::string& path, std::string& failed) {
     const bool picture = isPictureFile(path) && base::fileExists(path);
     const std::string text = picture ? kImageValue : base::readFile(path);
     const std::int16_t added = documentSession.append(text, path, base::fileName(path));
+    if (!picture) documentSession.file(added) = base::traceOf(path, text);
     if (WebProject.WEBopened) copyIntoProject(added);
   } catch (const std::exception& error) {
     failed += base::fileName(path) + ": " + error.what() + "\r\n";

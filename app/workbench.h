@@ -96,6 +96,7 @@ class Workbench {
   ui::Signal<int> keyUp;
   ui::Signal<> startUp;  // the start-up action
   ui::Signal<> closing;
+  std::function<int()> inBackground;  // see ui::MainForm::background
   // What enters the code view for a typed character and for what is pasted, and what it gives to the
   // clipboard: the typing's to say.
   std::function<std::string(char32_t character)> typed;

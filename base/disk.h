@@ -45,9 +45,9 @@ bool same(std::string_view a, std::string_view b);  // one existing file, whatev
 // What names an existing file among all, whatever the path; empty where it is not there or cannot be told.
 std::string identity(std::string_view path);
 std::string tempFolder();
-std::string fullPath(std::string_view path);  // a relative one begins at the working folder
-std::string ownFolder();                      // of the program, for this user; made when it is missing
-std::string newName();                        // no other run of the program makes the same
+std::string fullPath(std::string_view path);   // a relative one begins at the working folder
+std::string ownFolder(std::string_view part);  // of the program, for this user; made when it is missing
+std::string newName();                         // no other run of the program makes the same
 void pause(int milliseconds);
 
 }  // namespace base::disk

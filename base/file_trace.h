@@ -11,12 +11,13 @@ namespace base {
 std::uint64_t sumOf(std::string_view bytes);
 
 struct FileTrace {
-  bool known = false;        // it was there, and read or written
-  std::uintmax_t size = 0;   // bytes
-  std::int64_t changed = 0;  // when; in the system's own units
-  std::uint64_t sum = 0;     // of its bytes
-  std::string identity;      // names it among all files, whatever the path; empty: nobody knows
-  bool missing = false;      // the user knows that it is gone
+  bool known = false;         // it was there, and read or written
+  std::uintmax_t size = 0;    // bytes
+  std::int64_t changed = 0;   // when; in the system's own units
+  std::uint64_t sum = 0;      // of its bytes
+  std::string identity;       // names it among all files, whatever the path; empty: nobody knows
+  std::uintmax_t oldEnd = 0;  // bytes of an older, longer file behind what was saved
+  bool missing = false;       // the user knows that it is gone
 };
 
 // Of the file that was just read from or written to `path` and holds `bytes`.

@@ -58,6 +58,11 @@ class CodeDocument {
   virtual std::string_view text() const = 0;
   // One undoable step, also while another document is shown.
   virtual void setText(std::string_view text) = 0;
+  // Without making the whole text one row of bytes, which takes a while after an edit of a large one.
+  virtual std::size_t size() const { return text().size(); }
+  virtual std::string piece(std::size_t start, std::size_t length) const {  // all inside the text
+    return std::string(text().substr(start, length));
+  }
 
   const std::uint64_t number = nextNumber();  // its own in this run of the program
   std::uint64_t edits = 0;                    // so far, undoing and redoing among them

@@ -158,6 +158,10 @@ void Session::nameUntitled() {
   }
 }
 
+void Session::markChanged(std::int16_t index) {
+  (isShown(index) ? shown.changed : list.Item(index).Changed) = true;
+}
+
 void Session::saved(std::int16_t index, const std::string& path, const base::FileTrace& trace) {
   if (const auto document = this->document(index)) document->savedEdits = document->edits;
   file(index) = trace;

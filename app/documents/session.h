@@ -61,6 +61,7 @@ class Session {
   // Untitled documents are named by their positions, which may have changed. Pages that others refer to by a
   // name (frames) have no file yet either, and keep it.
   void nameUntitled();
+  void markChanged(std::int16_t index);
   // The document is what its file holds, as the trace says.
   void saved(std::int16_t index, const std::string& path, const base::FileTrace& trace);
 

@@ -170,13 +170,13 @@ std::string fullPath(std::string_view path) {
   return fs::absolute(native(path)).string();
 }
 
-std::string ownFolder() {
+std::string ownFolder(std::string_view part) {
   const char* const state = std::getenv("XDG_STATE_HOME");
   const char* const home = std::getenv("HOME");
   fs::path folder = state != nullptr && *state != '\0' ? fs::path(state)
                     : home != nullptr                  ? fs::path(home) / ".local/state"
                                                        : fs::temp_directory_path();
-  folder /= "zervo";
+  folder /= fs::path("zervo") / part;
   std::error_code error;
   fs::create_directories(folder, error);
   return folder.string();

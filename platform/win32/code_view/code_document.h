@@ -45,6 +45,8 @@ class ScintillaDocument final : public ui::CodeDocument {
 
   std::string_view text() const override { return workshop_->with(handle_).text(); }
   void setText(std::string_view text) override;
+  std::size_t size() const override { return static_cast<std::size_t>(workshop_->with(handle_).length()); }
+  std::string piece(std::size_t start, std::size_t length) const override;
 
   sptr_t handle() const { return handle_; }
 

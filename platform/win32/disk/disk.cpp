@@ -282,12 +282,12 @@ std::string fullPath(std::string_view path) {
   return full.empty() ? std::string(path) : utf8(full);
 }
 
-std::string ownFolder() {
+std::string ownFolder(std::string_view part) {
   std::wstring folder(GetEnvironmentVariableW(L"LOCALAPPDATA", nullptr, 0), L'\0');
   folder.resize(GetEnvironmentVariableW(L"LOCALAPPDATA", folder.data(), static_cast<DWORD>(folder.size())));
   std::string path = folder.empty() ? tempFolder() : utf8(folder);
-  for (const char* part : {"\\Zervo", "\\Writing"}) {
-    path += part;
+  for (const std::string_view name : {std::string_view("Zervo"), part}) {
+    path.append("\\").append(name);
     makeFolder(path);
   }
   return path;
