@@ -45,7 +45,7 @@ void FrmH::mnuwebAdd_Click() {
   dialog.multiple = true;
   const auto chosen = platform_.openFiles(dialog);
   if (chosen.empty()) return;
-  parkShown();
+  documentSession.park();
   std::string failed;
   {
     const FlagBlock busy(busy_);
@@ -62,11 +62,12 @@ void FrmH::mnuwebAdd_Click() {
 }
 
 void FrmH::addFile(const std::string& path, std::string& failed) {
-  if (recordOf(path)) return;
+  if (documentSession.recordOf(path)) return;
   try {
     const bool picture = isPictureFile(path) && base::fileExists(path);
     const std::string text = picture ? kImageValue : base::readFile(path);
-    const std::int16_t added = appendRecord(text, path, base::fileName(path));
+    const std::int16_t added = documentSession.append(text, path, base::fileName(path));
+    if (!picture) documentSession.file(added) = base::traceOf(path, text);
     if (WebProject.WEBopened) copyIntoProject(added);
   } catch (const std::exception& error) {
     failed += base::fileName(path) + ": " + error.what() + "\r\n";
@@ -92,7 +93,8 @@ void FrmH::mnuwebRename_Click() {
     throw base::Error(base::ErrorNumber::InvalidCall, "ჯერ შეინახეთ დოკუმენტი: ფაილი ჯერ არ აქვს.");
   }
   const std::string target = base::joinPath(base::folderOf(record.filepath), *typed);
-  if (recordOf(target) || (base::fileExists(target) && !base::sameFile(target, record.filepath))) {
+  if (!documentSession.othersOf(target, index).empty() ||
+      (base::fileExists(target) && !base::sameFile(target, record.filepath))) {
     throw base::Error(base::ErrorNumber::PermissionDenied, "ამ სახელის ფაილი უკვე არსებობს:\r\n" + target);
   }
   base::renameFile(record.filepath, target);

@@ -43,6 +43,8 @@ void eachField(Record& props, Visitor&& visit) {
   visit(props.Colours);
   visit(props.ModeOfPage);
   visit(props.NewPageSkeleton);
+  visit(props.ReopenSession);
+  visit(props.CutOldEnd);
 }
 
 struct Write {

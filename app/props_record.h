@@ -53,6 +53,9 @@ struct PropsRecord {
   bool ModeOfPage = false;       // a page opens in the typing mode of its letters
   bool NewPageSkeleton = false;  // a new HTML page is a whole one in UTF-8, not "<HTML>" alone
 
+  bool ReopenSession = false;  // all documents of the last run come back at start
+  bool CutOldEnd = false;      // a shorter text saved over a longer file leaves nothing of it
+
   bool operator==(const PropsRecord&) const = default;
 };
 

@@ -15,8 +15,9 @@ enum class Kind { Nothing, File, Folder, Other };
 struct Look {
   Kind kind = Kind::Nothing;
   bool readOnly = false;
-  std::uintmax_t size = 0;  // of a file
-  unsigned names = 1;       // of one file, by hard links
+  std::uintmax_t size = 0;   // of a file
+  unsigned names = 1;        // of one file, by hard links
+  std::int64_t changed = 0;  // when it was last written, in the system's own units
 };
 Look look(std::string_view path);
 
@@ -41,10 +42,12 @@ int makeFolder(std::string_view path);
 int fileNames(std::string_view folder, std::vector<std::string>& names);  // adds those of its ordinary files
 
 bool same(std::string_view a, std::string_view b);  // one existing file, whatever the spelling
+// What names an existing file among all, whatever the path; empty where it is not there or cannot be told.
+std::string identity(std::string_view path);
 std::string tempFolder();
-std::string fullPath(std::string_view path);  // a relative one begins at the working folder
-std::string ownFolder();                      // of the program, for this user; made when it is missing
-std::string newName();                        // no other run of the program makes the same
+std::string fullPath(std::string_view path);   // a relative one begins at the working folder
+std::string ownFolder(std::string_view part);  // of the program, for this user; made when it is missing
+std::string newName();                         // no other run of the program makes the same
 void pause(int milliseconds);
 
 }  // namespace base::disk

@@ -109,12 +109,18 @@ void writeFile(std::string_view path, std::string_view bytes) {
   if (code != 0) throwFileError(code, path);
 }
 
-void overwriteFile(std::string_view path, std::string_view bytes) {
-  if (!fileExists(path)) return writeFile(path, bytes);
-  const std::string old = readFile(path);
-  if (old.size() <= bytes.size()) return writeFile(path, bytes);
-  std::string whole(bytes);
-  writeFile(path, whole.append(old, bytes.size()));
+std::string overwriteFile(std::string_view path, std::string_view bytes) {
+  std::string tail;
+  if (fileExists(path)) {
+    const std::string old = readFile(path);
+    if (old.size() > bytes.size()) tail = old.substr(bytes.size());
+  }
+  if (tail.empty()) {
+    writeFile(path, bytes);
+  } else {
+    writeFile(path, std::string(bytes) + tail);
+  }
+  return tail;
 }
 
 }  // namespace base

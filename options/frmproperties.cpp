@@ -72,7 +72,8 @@ std::vector<frmproperties::Tick> frmproperties::ticks() {
           {CKbrowser, &Props::PreviewInBrowser}, {CKlive, &Props::LiveColours},
           {CKnumbers, &Props::LineNumbers},      {CKcurrent, &Props::CurrentLine},
           {CKblanks, &Props::WhiteSpace},        {CKlineends, &Props::LineEnds},
-          {CKpagemode, &Props::ModeOfPage},      {CKskeleton, &Props::NewPageSkeleton}};
+          {CKpagemode, &Props::ModeOfPage},      {CKskeleton, &Props::NewPageSkeleton},
+          {CKsession, &Props::ReopenSession},    {CKcutend, &Props::CutOldEnd}};
 }
 
 void frmproperties::connectEvents() {

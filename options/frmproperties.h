@@ -27,6 +27,7 @@ class frmproperties : public ui::Form {
   ui::CheckBox CKmaximized{*this, IDC_frmproperties_CKmaximized};
   ui::CheckBox CKposition{*this, IDC_frmproperties_CKposition};
   ui::CheckBox CKlast{*this, IDC_frmproperties_CKlast};
+  ui::CheckBox CKsession{*this, IDC_frmproperties_CKsession};
   ui::CheckBox CKshow{*this, IDC_frmproperties_CKshow};
   ui::Label Lmode{*this, IDC_frmproperties_Lmode};
   ui::ComboBox CBmode{*this, IDC_frmproperties_CBmode};
@@ -42,6 +43,7 @@ class frmproperties : public ui::Form {
   ui::Button Ctext{*this, IDC_frmproperties_Ctext};
   ui::PictureBox Ptext{*this, IDC_frmproperties_Ptext};
   ui::CheckBox CKwrap{*this, IDC_frmproperties_CKwrap};
+  ui::CheckBox CKcutend{*this, IDC_frmproperties_CKcutend};
   ui::CheckBox CKdecode{*this, IDC_frmproperties_CKdecode};
   ui::Label Lsample{*this, IDC_frmproperties_Lsample};
   ui::PictureBox Psample{*this, IDC_frmproperties_Psample};

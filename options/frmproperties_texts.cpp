@@ -8,6 +8,7 @@ void frmproperties::setTexts() {
   CKmaximized.setCaption("პროგრამა მთელ &ეკრანზე იხსნება");
   CKposition.setCaption("ფანჯრის &ადგილის დამახსოვრება");
   CKlast.setCaption("დაწყებისას ბოლო &ფაილის გახსნა");
+  CKsession.setCaption("დაწყებისას ბოლო სეანსის ყველა &დოკუმენტის გახსნა");
   CKshow.setCaption("დაწყებისას ბოლო ფაილების სიის &ჩვენება");
   Lmode.setCaption("კრეფის &რეჟიმი დაწყებისას:");
 
@@ -18,6 +19,7 @@ void frmproperties::setTexts() {
   Cback.setCaption("&ფონის ფერი...");
   Ctext.setCaption("&ასოების ფერი...");
   CKwrap.setCaption("გრძელი სტრიქონების გადა&ტანა");
+  CKcutend.setCaption("შენახვისას ძველი, გრძელი ფაილის &ბოლოს მოჭრა");
   CKdecode.setCaption("მონიშნული UTF-8 ტექსტის გაშიფვრა ქვე&და ზოლში");
   Lsample.setCaption("ნიმუში:");
 
@@ -72,9 +74,9 @@ void frmproperties::setTexts() {
 }
 
 void frmproperties::addPages() {
-  Tabs.addPage("დაწყება", {&CKmaximized, &CKposition, &CKlast, &CKshow, &Lmode, &CBmode});
+  Tabs.addPage("დაწყება", {&CKmaximized, &CKposition, &CKlast, &CKsession, &CKshow, &Lmode, &CBmode});
   Tabs.addPage("რედაქტორი", {&Lfont, &CBfont, &Lsize, &Tsize, &CKbold, &CKitalic, &Cback, &Pback, &Ctext,
-                             &Ptext, &CKwrap, &CKdecode, &Lsample, &Psample});
+                             &Ptext, &CKwrap, &CKdecode, &CKcutend, &Lsample, &Psample});
   std::vector<ui::Control*> typing = {&Lnbsp, &OPbytes, &OPreference};
   for (std::size_t i = 0; i < CBtyping.size(); ++i) {
     typing.push_back(Ltyping[i].get());

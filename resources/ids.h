@@ -16,9 +16,12 @@
 #define IDC_FrmH_T1 1001
 #define IDC_FrmH_TV 1002
 #define IDC_FrmH_Status 1003
-#define IDC_FrmH_TS 1004     // tabs of the open documents
-#define IDC_FrmH_Ttags 1005  // groups of the tag palette
-#define IDC_FrmH_Ltags 1006  // the codes of the chosen group
+#define IDC_FrmH_TS 1004       // tabs of the open documents
+#define IDC_FrmH_Ttags 1005    // groups of the tag palette
+#define IDC_FrmH_Ltags 1006    // the codes of the chosen group
+#define IDC_FrmH_Lnotice 1007  // the line of news above the text, and
+#define IDC_FrmH_Cnotice 1008  // its buttons
+#define IDC_FrmH_CnoticeClose 1009
 
 // Message, input and choice box
 #define IDD_frmBOXa 1100
@@ -522,7 +525,31 @@
 #define IDC_frmproperties_CKblanks 2278
 #define IDC_frmproperties_CKlineends 2279
 #define IDC_frmproperties_CKpagemode 2280
+#define IDC_frmproperties_CKsession 2281
+#define IDC_frmproperties_CKcutend 2282
 #define mnuproperties 40351
+
+// What can be got back after the program has died
+#define IDD_frmrecovery 2400
+#define IDC_frmrecovery_Lwhat 2401
+#define IDC_frmrecovery_LV 2402
+#define IDC_frmrecovery_Lfirst 2403
+#define IDC_frmrecovery_Tfirst 2404
+#define IDC_frmrecovery_COK 2405
+#define IDC_frmrecovery_Cdelete 2406
+#define IDC_frmrecovery_CEXIT 2407
+
+// A file that another program has changed
+#define IDD_frmchanged 2420
+#define IDC_frmchanged_Lwhat 2421
+#define IDC_frmchanged_Lmine 2422
+#define IDC_frmchanged_Lfile 2423
+#define IDC_frmchanged_Tmine 2424
+#define IDC_frmchanged_Tfile 2425
+#define IDC_frmchanged_Creload 2426
+#define IDC_frmchanged_Ckeep 2427
+#define IDC_frmchanged_Cboth 2428
+#define IDC_frmchanged_CEXIT 2429
 
 // Preview
 #define IDD_frmpreview 2300

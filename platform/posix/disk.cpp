@@ -59,7 +59,10 @@ Look look(std::string_view path) {
     const auto size = fs::file_size(native(path), error);
     if (!error) found.size = size;
     struct stat known {};
-    if (stat(native(path).c_str(), &known) == 0) found.names = static_cast<unsigned>(known.st_nlink);
+    if (stat(native(path).c_str(), &known) == 0) {
+      found.names = static_cast<unsigned>(known.st_nlink);
+      found.changed = std::int64_t{known.st_mtim.tv_sec} * 1'000'000'000 + known.st_mtim.tv_nsec;
+    }
   } else if (fs::exists(status)) {
     found.kind = Kind::Other;
   }
@@ -152,6 +155,12 @@ bool same(std::string_view a, std::string_view b) {
   return fs::equivalent(native(a), native(b), error) && !error;
 }
 
+std::string identity(std::string_view path) {
+  struct stat known {};
+  if (stat(native(path).c_str(), &known) != 0) return {};
+  return std::to_string(known.st_dev) + ":" + std::to_string(known.st_ino);
+}
+
 std::string tempFolder() {
   return fs::temp_directory_path().string();
 }
@@ -161,13 +170,13 @@ std::string fullPath(std::string_view path) {
   return fs::absolute(native(path)).string();
 }
 
-std::string ownFolder() {
+std::string ownFolder(std::string_view part) {
   const char* const state = std::getenv("XDG_STATE_HOME");
   const char* const home = std::getenv("HOME");
   fs::path folder = state != nullptr && *state != '\0' ? fs::path(state)
                     : home != nullptr                  ? fs::path(home) / ".local/state"
                                                        : fs::temp_directory_path();
-  folder /= "zervo";
+  folder /= fs::path("zervo") / part;
   std::error_code error;
   fs::create_directories(folder, error);
   return folder.string();

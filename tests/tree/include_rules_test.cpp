@@ -17,6 +17,7 @@ using Folders = std::set<std::string>;
 
 // What each folder may include besides itself. In convert the rules, and what speaks to the user of them.
 constexpr const char* kConvertSpeakers = "convert's speakers";
+constexpr const char* kRecoverySpeakers = "recovery's speakers";
 const std::map<std::string, Folders> kMayInclude = {
     {"base", {}},
     {"markup", {"base"}},
@@ -33,9 +34,11 @@ const std::map<std::string, Folders> kMayInclude = {
     {"print", {"base", "ui", "app", "convert"}},
     {"preview", {"base", "ui", "app", "convert"}},
     {"options", {"base", "ui", "app", "convert"}},
+    {"recovery", {"base"}},
+    {kRecoverySpeakers, {"base", "ui", "app"}},
     {"program",
      {"base", "ui", "app", "convert", "editor", "search", "project", "generators", "recent", "print",
-      "preview", "options"}},
+      "preview", "options", "recovery"}},
     {"platform", {"base", "ui"}},
 };
 // Ids and embedded data are for everybody.
@@ -58,6 +61,8 @@ std::string topFolder(const std::string& path) {
 std::string ruleFor(const std::string& path) {
   static const std::regex speaker(
       "convert/(attach|[a-z_]*_commands|frm[a-zA-Z]*|status_panels|typing_mode)\\.(h|cpp)");
+  static const std::regex recoverySpeaker("recovery/(attach|frm[a-zA-Z]*)\\.(h|cpp)");
+  if (std::regex_match(path, recoverySpeaker)) return kRecoverySpeakers;
   return std::regex_match(path, speaker) ? kConvertSpeakers : topFolder(path);
 }
 
@@ -111,7 +116,7 @@ void forEachSource(Visit visit) {
   const fs::path top = ZERVO_SOURCE;
   std::vector<std::string> roots = {"tests", "bench"};
   for (const auto& [folder, allowed] : kMayInclude) {
-    if (folder != kConvertSpeakers) roots.push_back(folder);
+    if (folder != kConvertSpeakers && folder != kRecoverySpeakers) roots.push_back(folder);
   }
   for (const std::string& root : roots) {
     if (!fs::exists(top / root)) continue;

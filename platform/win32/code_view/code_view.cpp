@@ -33,12 +33,17 @@ CodeView::CodeView()
   sci_.call(SCI_SETMARGINTYPEN, 0, SC_MARGIN_NUMBER);
   sci_.call(SCI_SETMARGINLEFT, 0, 4);
   show(makeDocument(""));
+  // The shown one says it itself.
+  workshop_->replaced = [this](ScintillaDocument& document, std::size_t before) {
+    if (&document != document_.get()) tellEdit(document, {0, before, document.text()});
+  };
   applyLook();
 }
 
 CodeView::~CodeView() {
   if (IsWindow(parent_) != 0) unwatch(parent_);
   document_.reset();
+  workshop_->replaced = nullptr;
   workshop_.reset();
   if (IsWindow(hwnd()) != 0) {
     unwatch(hwnd());
@@ -125,6 +130,11 @@ void CodeView::setView(ui::TextView view) {
 }
 
 // Text ---------------------------------------------------------------------------------------------------
+
+void CodeView::tellEdit(ui::CodeDocument& document, const ui::TextEdit& edit) {
+  ++document.edits;
+  edited(document, edit);
+}
 
 void CodeView::finishEdits() {
   if (edits_ > 0) return;

@@ -79,6 +79,7 @@ class CodeView final : public ui::CodeView, private Subclass<CodeView> {
 
   bool isUtf8() const { return document_->view == ui::TextView::Utf8; }
   void travel(unsigned message);
+  void tellEdit(ui::CodeDocument& document, const ui::TextEdit& edit);
   void finishEdits();  // raises what happened since the outermost Edits began
   void keepPlace() const;
   void restorePlace() const;

@@ -136,6 +136,9 @@ Look look(std::string_view path) {
   } else if (isFile(data.dwFileAttributes)) {
     found.kind = Kind::File;
     found.size = (static_cast<std::uintmax_t>(data.nFileSizeHigh) << 32U) | data.nFileSizeLow;
+    found.changed =
+        static_cast<std::int64_t>((static_cast<std::uint64_t>(data.ftLastWriteTime.dwHighDateTime) << 32U) |
+                                  data.ftLastWriteTime.dwLowDateTime);
     const Identity known(path);
     if (known.found) found.names = std::max<unsigned>(1, known.information.nNumberOfLinks);
   } else {
@@ -257,6 +260,14 @@ bool same(std::string_view a, std::string_view b) {
   return Identity(a) == Identity(b);
 }
 
+std::string identity(std::string_view path) {
+  const Identity known(path);
+  const auto& information = known.information;
+  if (!known.found) return {};
+  return std::to_string(information.dwVolumeSerialNumber) + ":" + std::to_string(information.nFileIndexHigh) +
+         ":" + std::to_string(information.nFileIndexLow);
+}
+
 std::string tempFolder() {
   wchar_t folder[MAX_PATH + 1];
   return utf8({folder, GetTempPathW(MAX_PATH + 1, folder)});
@@ -271,12 +282,12 @@ std::string fullPath(std::string_view path) {
   return full.empty() ? std::string(path) : utf8(full);
 }
 
-std::string ownFolder() {
+std::string ownFolder(std::string_view part) {
   std::wstring folder(GetEnvironmentVariableW(L"LOCALAPPDATA", nullptr, 0), L'\0');
   folder.resize(GetEnvironmentVariableW(L"LOCALAPPDATA", folder.data(), static_cast<DWORD>(folder.size())));
   std::string path = folder.empty() ? tempFolder() : utf8(folder);
-  for (const char* part : {"\\Zervo", "\\Writing"}) {
-    path += part;
+  for (const std::string_view name : {std::string_view("Zervo"), part}) {
+    path.append("\\").append(name);
     makeFolder(path);
   }
   return path;

@@ -19,6 +19,7 @@ namespace {
 // In 1/96 inch.
 constexpr SIZE kFirstSize = {960, 680};
 constexpr SIZE kLeastSize = {420, 260};
+constexpr int kNoticeHeight = 30, kNoticeMargin = 6;
 
 }  // namespace
 
@@ -74,6 +75,10 @@ void MainWindow::makeChildren() {
     } else if (dynamic_cast<ui::StatusBar*>(control) != nullptr) {
       add(STATUSCLASSNAMEW, SBARS_SIZEGRIP, 0);
       status_ = static_cast<StatusPeer*>(peers_.back().get());
+    } else if (dynamic_cast<ui::Label*>(control) != nullptr) {
+      add(WC_STATICW, SS_LEFT | SS_CENTERIMAGE | SS_ENDELLIPSIS | SS_NOPREFIX, 0);
+    } else if (dynamic_cast<ui::Button*>(control) != nullptr) {
+      add(WC_BUTTONW, WS_TABSTOP | BS_PUSHBUTTON, 0);
     }
   }
   if (!form_.toolBar.empty()) {
@@ -111,6 +116,32 @@ Columns MainWindow::columns() const {
   return columnsOf(area, dpi_, widths_, shown(form_.leftPane), shown(form_.rightPane));
 }
 
+// In the first row of the text's place, whose rest is left; the buttons stand at the right.
+void MainWindow::layOutNotice(RECT& rest) {
+  const ControlPeer* label = peerOf(form_.notice);
+  if (label == nullptr) return;
+  const bool visible = form_.notice->visible();
+  const int margin = scaled(kNoticeMargin, dpi_);
+  const int height = scaled(kNoticeHeight, dpi_);
+  LONG right = rest.right - margin;
+  for (auto at = form_.noticeButtons.rbegin(); at != form_.noticeButtons.rend(); ++at) {
+    const ControlPeer* button = peerOf(*at);
+    SIZE ideal{};
+    SendMessageW(button->window(), BCM_GETIDEALSIZE, 0, reinterpret_cast<LPARAM>(&ideal));
+    const LONG width = std::max<LONG>(ideal.cx + 2 * margin, scaled(kNoticeHeight, dpi_));
+    if (visible) {
+      MoveWindow(button->window(), right - width, rest.top + margin / 2, width, height - margin, TRUE);
+    }
+    ShowWindow(button->window(), visible ? SW_SHOWNA : SW_HIDE);
+    right -= width + margin;
+  }
+  ShowWindow(label->window(), visible ? SW_SHOWNA : SW_HIDE);
+  if (!visible) return;
+  MoveWindow(label->window(), rest.left + margin, rest.top, std::max<LONG>(0, right - rest.left - margin),
+             height, TRUE);
+  rest.top = std::min(rest.bottom, rest.top + height);
+}
+
 // The tabs, as high as they need, and below them what takes the rest; null: the code view.
 void MainWindow::layOutColumn(const RECT& column, ControlPeer* tabs, HWND below) {
   const int width = static_cast<int>(column.right - column.left);
@@ -120,6 +151,7 @@ void MainWindow::layOutColumn(const RECT& column, ControlPeer* tabs, HWND below)
     MoveWindow(tabs->window(), column.left, column.top, width, rest.top - column.top, TRUE);
   }
   if (below == nullptr) {
+    layOutNotice(rest);
     view_.setBounds(rest);
   } else {
     MoveWindow(below, rest.left, rest.top, width, rest.bottom - rest.top, TRUE);

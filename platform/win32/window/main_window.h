@@ -41,6 +41,7 @@ class MainWindow final : public WindowBase<MainWindow>, private ui::FormPeer, pr
   Splitter splitterAt(POINT point) const;
   void dragSplitter(int x);
   void layOutColumn(const RECT& column, ControlPeer* tabs, HWND below);
+  void layOutNotice(RECT& rest);
   std::vector<HWND> panes() const;
   void showContextMenu(POINT screen);
   void showHiddenTools();
