@@ -89,6 +89,20 @@ bool isFile(DWORD attributes) {
   return (attributes & (FILE_ATTRIBUTE_DIRECTORY | FILE_ATTRIBUTE_DEVICE)) == 0;
 }
 
+// Symbolic links and junctions; other reparse points are files of some storage.
+bool leadsElsewhere(const WIN32_FIND_DATAW& entry) {
+  return (entry.dwFileAttributes & FILE_ATTRIBUTE_REPARSE_POINT) != 0 &&
+         (entry.dwReserved0 == IO_REPARSE_TAG_SYMLINK || entry.dwReserved0 == IO_REPARSE_TAG_MOUNT_POINT);
+}
+
+// Of the system's time: since 1601, in steps of 100 ns.
+constexpr std::int64_t kTicksASecond = 10000000;
+constexpr std::int64_t kSecondsTo1970 = 11644473600;
+constexpr std::uint32_t kNanosecondsATick = 100;
+// What SetFileAttributes can give back.
+constexpr DWORD kMarksToKeep = FILE_ATTRIBUTE_READONLY | FILE_ATTRIBUTE_HIDDEN | FILE_ATTRIBUTE_SYSTEM |
+                               FILE_ATTRIBUTE_ARCHIVE | FILE_ATTRIBUTE_NOT_CONTENT_INDEXED;
+
 // For what a file is and where, not for what it holds.
 HANDLE openToAsk(std::string_view path) {
   return CreateFileW(native(path).c_str(), 0, FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE, nullptr,
@@ -254,6 +268,82 @@ int fileNames(std::string_view folder, std::vector<std::string>& names) {
   const int code = GetLastError() == ERROR_NO_MORE_FILES ? 0 : lastError();
   FindClose(search);
   return code;
+}
+
+int entries(std::string_view folder, std::vector<Entry>& found) {
+  if (folder.empty()) return ENOENT;
+  WIN32_FIND_DATAW entry{};
+  const HANDLE search = FindFirstFileW(native(std::string(folder) + "\\*").c_str(), &entry);
+  if (search == INVALID_HANDLE_VALUE) return GetLastError() == ERROR_FILE_NOT_FOUND ? 0 : lastError();
+  do {
+    Entry one{utf8(entry.cFileName)};
+    if (one.name.empty() || one.name == "." || one.name == "..") continue;
+    one.link = leadsElsewhere(entry);
+    if ((entry.dwFileAttributes & FILE_ATTRIBUTE_DIRECTORY) != 0)
+      one.kind = Kind::Folder;
+    else if (isFile(entry.dwFileAttributes))
+      one.kind = Kind::File;
+    found.push_back(std::move(one));
+  } while (FindNextFileW(search, &entry) != FALSE);
+  const int code = GetLastError() == ERROR_NO_MORE_FILES ? 0 : lastError();
+  FindClose(search);
+  return code;
+}
+
+bool isLink(std::string_view path) {
+  WIN32_FIND_DATAW entry{};
+  const HANDLE search = FindFirstFileW(native(path).c_str(), &entry);
+  if (search == INVALID_HANDLE_VALUE) return false;
+  FindClose(search);
+  return leadsElsewhere(entry);
+}
+
+int stamp(std::string_view path, Stamp& found) {
+  WIN32_FILE_ATTRIBUTE_DATA data{};
+  if (GetFileAttributesExW(native(path).c_str(), GetFileExInfoStandard, &data) == FALSE) return lastError();
+  const std::int64_t ticks =
+      static_cast<std::int64_t>((static_cast<std::uint64_t>(data.ftLastWriteTime.dwHighDateTime) << 32U) |
+                                data.ftLastWriteTime.dwLowDateTime);
+  found.seconds = ticks / kTicksASecond - kSecondsTo1970;
+  found.nanoseconds = static_cast<std::uint32_t>(ticks % kTicksASecond) * kNanosecondsATick;
+  found.marks = data.dwFileAttributes & kMarksToKeep;
+  return 0;
+}
+
+int setStamp(std::string_view path, const Stamp& stamp) {
+  const std::wstring name = native(path);
+  const HANDLE file =
+      CreateFileW(name.c_str(), FILE_WRITE_ATTRIBUTES, FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE,
+                  nullptr, OPEN_EXISTING, FILE_FLAG_BACKUP_SEMANTICS, nullptr);
+  if (file == INVALID_HANDLE_VALUE) return lastError();
+  const auto ticks = static_cast<std::uint64_t>((stamp.seconds + kSecondsTo1970) * kTicksASecond +
+                                                stamp.nanoseconds / kNanosecondsATick);
+  const FILETIME time{static_cast<DWORD>(ticks), static_cast<DWORD>(ticks >> 32U)};
+  const int code = result(SetFileTime(file, nullptr, nullptr, &time));
+  CloseHandle(file);
+  if (code != 0) return code;
+  return result(SetFileAttributesW(name.c_str(), stamp.marks != 0 ? stamp.marks : FILE_ATTRIBUTE_NORMAL));
+}
+
+int flushFolder(std::string_view) {
+  return 0;  // the file system notes changes of names by itself, in their order
+}
+
+std::string realPath(std::string_view path) {
+  // Of what is there the system knows the true name; the rest is added as it stands.
+  std::string known = fullPath(path);
+  std::wstring whole(GetFullPathNameW(native(known).c_str(), 0, nullptr, nullptr), L'\0');
+  whole.resize(
+      GetFullPathNameW(native(known).c_str(), static_cast<DWORD>(whole.size()), whole.data(), nullptr));
+  if (!whole.empty()) known = utf8(whole);
+  std::string rest;
+  while (look(known).kind == Kind::Nothing) {
+    const std::size_t at = known.find_last_of('\\');
+    if (at == std::string::npos || at < 3) break;
+    rest = known.substr(at) + rest;
+    known.resize(at);
+  }
+  return target(known) + rest;
 }
 
 bool same(std::string_view a, std::string_view b) {
