@@ -15,8 +15,9 @@ enum class Kind { Nothing, File, Folder, Other };
 struct Look {
   Kind kind = Kind::Nothing;
   bool readOnly = false;
-  std::uintmax_t size = 0;  // of a file
-  unsigned names = 1;       // of one file, by hard links
+  std::uintmax_t size = 0;   // of a file
+  unsigned names = 1;        // of one file, by hard links
+  std::int64_t changed = 0;  // of a file, seconds since 1970
 };
 Look look(std::string_view path);
 
@@ -39,6 +40,16 @@ int replace(std::string_view from, std::string_view to);
 int remove(std::string_view path);  // a file or an empty folder
 int makeFolder(std::string_view path);
 int fileNames(std::string_view folder, std::vector<std::string>& names);  // adds those of its ordinary files
+
+struct Entry {
+  std::string name;
+  Kind kind = Kind::Nothing;  // of what a link leads to
+  bool link = false;
+  std::uintmax_t size = 0;   // of a file
+  std::int64_t changed = 0;  // seconds since 1970
+};
+int entries(std::string_view folder,
+            std::vector<Entry>& found);  // adds them, without "." and "..", in no order
 
 bool same(std::string_view a, std::string_view b);  // one existing file, whatever the spelling
 std::string tempFolder();

@@ -59,7 +59,10 @@ Look look(std::string_view path) {
     const auto size = fs::file_size(native(path), error);
     if (!error) found.size = size;
     struct stat known {};
-    if (stat(native(path).c_str(), &known) == 0) found.names = static_cast<unsigned>(known.st_nlink);
+    if (stat(native(path).c_str(), &known) == 0) {
+      found.names = static_cast<unsigned>(known.st_nlink);
+      found.changed = known.st_mtim.tv_sec;
+    }
   } else if (fs::exists(status)) {
     found.kind = Kind::Other;
   }
@@ -143,6 +146,22 @@ int fileNames(std::string_view folder, std::vector<std::string>& names) {
   for (fs::directory_iterator at(native(folder), error), end; !error && at != end; at.increment(error)) {
     std::error_code unknown;
     if (at->is_regular_file(unknown)) names.push_back(at->path().filename().string());
+  }
+  return error.value();
+}
+
+int entries(std::string_view folder, std::vector<Entry>& found) {
+  std::error_code error;
+  for (fs::directory_iterator at(native(folder), error), end; !error && at != end; at.increment(error)) {
+    struct stat known {};
+    if (stat(at->path().c_str(), &known) != 0) continue;
+    std::error_code unknown;
+    found.push_back({at->path().filename().string(),
+                     S_ISDIR(known.st_mode)   ? Kind::Folder
+                     : S_ISREG(known.st_mode) ? Kind::File
+                                              : Kind::Other,
+                     at->is_symlink(unknown), static_cast<std::uintmax_t>(known.st_size),
+                     known.st_mtim.tv_sec});
   }
   return error.value();
 }

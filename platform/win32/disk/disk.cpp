@@ -85,6 +85,13 @@ int result(BOOL done) {
   return done != FALSE ? 0 : lastError();
 }
 
+// Windows counts steps of 100 ns since 1601.
+std::int64_t secondsSince1970(const FILETIME& time) {
+  const auto steps =
+      static_cast<std::int64_t>(static_cast<std::uint64_t>(time.dwHighDateTime) << 32U | time.dwLowDateTime);
+  return steps / 10000000 - 11644473600;
+}
+
 bool isFile(DWORD attributes) {
   return (attributes & (FILE_ATTRIBUTE_DIRECTORY | FILE_ATTRIBUTE_DEVICE)) == 0;
 }
@@ -136,6 +143,7 @@ Look look(std::string_view path) {
   } else if (isFile(data.dwFileAttributes)) {
     found.kind = Kind::File;
     found.size = (static_cast<std::uintmax_t>(data.nFileSizeHigh) << 32U) | data.nFileSizeLow;
+    found.changed = secondsSince1970(data.ftLastWriteTime);
     const Identity known(path);
     if (known.found) found.names = std::max<unsigned>(1, known.information.nNumberOfLinks);
   } else {
@@ -238,19 +246,45 @@ int makeFolder(std::string_view path) {
   return result(CreateDirectoryW(native(path).c_str(), nullptr));
 }
 
-int fileNames(std::string_view folder, std::vector<std::string>& names) {
+namespace {
+
+// Every entry of a folder; an error of <cerrno>, or 0.
+template <class Visit>
+int visitEntries(std::string_view folder, Visit visit) {
   if (folder.empty()) return ENOENT;
   WIN32_FIND_DATAW entry{};
   const HANDLE search = FindFirstFileW(native(std::string(folder) + "\\*").c_str(), &entry);
   // A drive's root without any file has not even the entries "." and "..".
   if (search == INVALID_HANDLE_VALUE) return GetLastError() == ERROR_FILE_NOT_FOUND ? 0 : lastError();
   do {
-    std::string name = isFile(entry.dwFileAttributes) ? utf8(entry.cFileName) : std::string();
-    if (!name.empty()) names.push_back(std::move(name));
+    std::string name = utf8(entry.cFileName);
+    if (!name.empty()) visit(entry, std::move(name));
   } while (FindNextFileW(search, &entry) != FALSE);
   const int code = GetLastError() == ERROR_NO_MORE_FILES ? 0 : lastError();
   FindClose(search);
   return code;
+}
+
+}  // namespace
+
+int fileNames(std::string_view folder, std::vector<std::string>& names) {
+  return visitEntries(folder, [&](const WIN32_FIND_DATAW& entry, std::string name) {
+    if (isFile(entry.dwFileAttributes)) names.push_back(std::move(name));
+  });
+}
+
+int entries(std::string_view folder, std::vector<Entry>& found) {
+  return visitEntries(folder, [&](const WIN32_FIND_DATAW& entry, std::string name) {
+    if (name == "." || name == "..") return;
+    const DWORD attributes = entry.dwFileAttributes;
+    found.push_back({std::move(name),
+                     (attributes & FILE_ATTRIBUTE_DIRECTORY) != 0 ? Kind::Folder
+                     : isFile(attributes)                         ? Kind::File
+                                                                  : Kind::Other,
+                     (attributes & FILE_ATTRIBUTE_REPARSE_POINT) != 0,
+                     (static_cast<std::uintmax_t>(entry.nFileSizeHigh) << 32U) | entry.nFileSizeLow,
+                     secondsSince1970(entry.ftLastWriteTime)});
+  });
 }
 
 bool same(std::string_view a, std::string_view b) {
