@@ -12,13 +12,14 @@ class Parser {
   Parser(const std::vector<std::string>& words, std::string& fault) : words_(words), fault_(fault) {}
 
   std::optional<Arguments> run() {
-    if (words_.empty()) return bad("nothing to do: say detect, convert or site (--help tells more)");
+    if (words_.empty()) return bad("nothing to do: say detect, convert, site or publish (--help tells more)");
     const std::string& first = words_[next_++];
     if (first == "--help" || first == "-h") return made_;
     if (first == "--version") {
       made_.task = Task::Version;
       return made_;
     }
+    if (first == "publish") return made_;  // asks for help
     if (first == "detect")
       made_.task = Task::Detect;
     else if (first == "convert")
@@ -257,6 +258,7 @@ std::string_view helpText() {
   zervo-cli site apply FOLDER --out DIR | --backup DIR [--plan FILE.jsonl] [--report FILE.html] [--jsonl FILE] [OPTION...]
   zervo-cli site restore DIR [--folder FOLDER] [--force]
   zervo-cli site report FILE.jsonl... [--report FILE.html] [--jsonl FILE]
+  zervo-cli publish [OPTION...] ADDRESS FOLDER
   zervo-cli --help | --version
 
 detect tells in what form the letters of each file are:
@@ -296,8 +298,20 @@ bytes, time and attributes. report makes one report of the JSON Lines of several
 
 FORM: utf-8 ascii legacy academy keyboard references russian western double-utf-8, of a page also mixed unknown.
 
-Exit: 0 done; 1 done, but texts were left whose form is uncertain (they are listed); 2 wrong usage; 3 a file cannot be
-read or written, is no page, or (of a site) was left because it is not what it was.
+publish sends what has changed in FOLDER to sftp://USER@HOST:PORT/DIR, ftps://USER@HOST/DIR or ftp://USER@HOST/DIR and
+lists each file: new, changed, same, gone (no longer in FOLDER) or conflict (the server's is not what was sent last).
+The password is read from ZERVO_PASSWORD or asked. Options:
+  --dry-run               only list
+  --delete                remove at the server what is gone
+  --overwrite             send over what is in conflict, too
+  --key FILE              private key for sftp; without it those of a running agent
+  --known-hosts FILE      keys of sftp servers, in OpenSSH's format
+  --ca FILE               certificates in PEM that are trusted for ftps, instead of the system's
+  --timeout SECONDS       until a silent server is given up (30)
+  --verbose               show the conversation
+
+Exit: 0 done; 1 done, but texts were left whose form is uncertain (they are listed), or conflicts; 2 wrong usage; 3 a file
+cannot be read or written, is no page, was not published, or (of a site) was left because it is not what it was.
 )";
 }
 

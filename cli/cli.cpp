@@ -11,6 +11,7 @@
 #include "base/utf8.h"
 #include "cli/arguments.h"
 #include "cli/json.h"
+#include "cli/publish.h"
 #include "cli/shared.h"
 #include "cli/site.h"
 #include "convert/font_table.h"
@@ -182,10 +183,14 @@ class Program {
 
 }  // namespace
 
-int run(const std::vector<std::string>& words, const Streams& streams) {
+int run(const std::vector<std::string>& words, const Streams& streams, const Machine& machine) {
   const auto say = [](std::FILE* file, std::string_view text) {
     std::fwrite(text.data(), 1, text.size(), file);
   };
+  const bool asksHelp = std::find(words.begin(), words.end(), "--help") != words.end();
+  if (!words.empty() && words[0] == "publish" && !asksHelp) {
+    return publish({words.begin() + 1, words.end()}, streams, machine);
+  }
   std::string fault;
   const auto arguments = parse(words, fault);
   if (!arguments) {

@@ -255,39 +255,43 @@ int makeFolder(std::string_view path) {
   return result(CreateDirectoryW(native(path).c_str(), nullptr));
 }
 
-int fileNames(std::string_view folder, std::vector<std::string>& names) {
+namespace {
+
+// Every entry of a folder; an error of <cerrno>, or 0.
+template <class Visit>
+int visitEntries(std::string_view folder, Visit visit) {
   if (folder.empty()) return ENOENT;
   WIN32_FIND_DATAW entry{};
   const HANDLE search = FindFirstFileW(native(std::string(folder) + "\\*").c_str(), &entry);
   // A drive's root without any file has not even the entries "." and "..".
   if (search == INVALID_HANDLE_VALUE) return GetLastError() == ERROR_FILE_NOT_FOUND ? 0 : lastError();
   do {
-    std::string name = isFile(entry.dwFileAttributes) ? utf8(entry.cFileName) : std::string();
-    if (!name.empty()) names.push_back(std::move(name));
+    std::string name = utf8(entry.cFileName);
+    if (!name.empty()) visit(entry, std::move(name));
   } while (FindNextFileW(search, &entry) != FALSE);
   const int code = GetLastError() == ERROR_NO_MORE_FILES ? 0 : lastError();
   FindClose(search);
   return code;
 }
 
+}  // namespace
+
+int fileNames(std::string_view folder, std::vector<std::string>& names) {
+  return visitEntries(folder, [&](const WIN32_FIND_DATAW& entry, std::string name) {
+    if (isFile(entry.dwFileAttributes)) names.push_back(std::move(name));
+  });
+}
+
 int entries(std::string_view folder, std::vector<Entry>& found) {
-  if (folder.empty()) return ENOENT;
-  WIN32_FIND_DATAW entry{};
-  const HANDLE search = FindFirstFileW(native(std::string(folder) + "\\*").c_str(), &entry);
-  if (search == INVALID_HANDLE_VALUE) return GetLastError() == ERROR_FILE_NOT_FOUND ? 0 : lastError();
-  do {
-    Entry one{utf8(entry.cFileName)};
-    if (one.name.empty() || one.name == "." || one.name == "..") continue;
-    one.link = leadsElsewhere(entry);
-    if ((entry.dwFileAttributes & FILE_ATTRIBUTE_DIRECTORY) != 0)
-      one.kind = Kind::Folder;
-    else if (isFile(entry.dwFileAttributes))
-      one.kind = Kind::File;
-    found.push_back(std::move(one));
-  } while (FindNextFileW(search, &entry) != FALSE);
-  const int code = GetLastError() == ERROR_NO_MORE_FILES ? 0 : lastError();
-  FindClose(search);
-  return code;
+  return visitEntries(folder, [&](const WIN32_FIND_DATAW& entry, std::string name) {
+    if (name == "." || name == "..") return;
+    const DWORD attributes = entry.dwFileAttributes;
+    found.push_back({std::move(name),
+                     (attributes & FILE_ATTRIBUTE_DIRECTORY) != 0 ? Kind::Folder
+                     : isFile(attributes)                         ? Kind::File
+                                                                  : Kind::Other,
+                     leadsElsewhere(entry)});
+  });
 }
 
 bool isLink(std::string_view path) {
