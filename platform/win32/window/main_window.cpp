@@ -94,7 +94,6 @@ void MainWindow::setFonts() {
     peer->dpiChanged(dpi_);
   }
   font_ = std::move(font);  // the old one goes when nobody uses it any more
-  if (toolBar_) toolBar_->setDpi(dpi_);
 }
 
 Columns MainWindow::columns() const {
@@ -127,6 +126,7 @@ void MainWindow::layOutColumn(const RECT& column, ControlPeer* tabs, HWND below)
 }
 
 void MainWindow::layOut() {
+  if (!shown_) return;  // once, when it is shown
   if (status_ != nullptr) status_->fit();
   if (toolBar_) toolBar_->fit();
   const Columns place = columns();
@@ -353,6 +353,7 @@ LRESULT MainWindow::handle(UINT message, WPARAM wParam, LPARAM lParam) {
       const auto& wanted = *reinterpret_cast<const RECT*>(lParam);
       dpi_ = HIWORD(wParam);
       setFonts();
+      if (toolBar_) toolBar_->setDpi(dpi_);
       SetWindowPos(hwnd(), nullptr, wanted.left, wanted.top, wanted.right - wanted.left,
                    wanted.bottom - wanted.top, SWP_NOZORDER | SWP_NOACTIVATE);
       menusChanged();  // the bar is measured once
@@ -398,6 +399,8 @@ void MainWindow::close() {
 
 void MainWindow::show() {
   if (IsWindowVisible(hwnd()) != 0) return;
+  shown_ = true;
+  layOut();
   ShowWindow(hwnd(), state_ == ui::WindowState::Maximized ? SW_SHOWMAXIMIZED : SW_SHOWNORMAL);
   SetForegroundWindow(hwnd());
   UpdateWindow(hwnd());
