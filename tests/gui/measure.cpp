@@ -136,6 +136,11 @@ class Running {
   }
   void command(int id) const { SendMessageW(window_, WM_COMMAND, static_cast<WPARAM>(id), 0); }
   std::size_t length() const { return static_cast<std::size_t>(send(SCI_GETLENGTH)); }
+  SIZE viewSize() const {
+    RECT area;
+    GetWindowRect(GetDlgItem(window_, IDC_FrmH_T1), &area);
+    return {area.right - area.left, area.bottom - area.top};
+  }
   void paint() const { send(WM_PAINT); }
 
   // From the start until a text of so many bytes is there and painted.
@@ -228,8 +233,10 @@ std::string lettersTripled(const std::string& text) {
   return result;
 }
 
-double bareReplace(HWND window, const std::string& from, const std::string& to) {
+double bareReplace(HWND window, SIZE size, const std::string& from, const std::string& to) {
   const HWND control = GetDlgItem(window, IDC_FrmH_T1);
+  MoveWindow(window, 0, 0, size.cx + 50, size.cy + 50, TRUE);
+  MoveWindow(control, 0, 0, size.cx, size.cy, TRUE);
   SendMessageW(control, SCI_CLEARALL, 0, 0);
   give(control, from);
   SendMessageW(control, WM_PAINT, 0, 0);
@@ -254,7 +261,9 @@ void measureCommands(const Programs& programs, HWND bare) {
       }));
       if (zervo.length() == page.text.size()) throw std::runtime_error("nothing was converted");
       zervo.command(mnuUndo);
-      replaces.push_back(bareReplace(bare, page.text, lettersTripled(page.text)));
+      zervo.send(SCI_GOTOPOS, 0);
+      zervo.paint();
+      replaces.push_back(bareReplace(bare, zervo.viewSize(), page.text, lettersTripled(page.text)));
       colours.push_back(timed([&] {
         zervo.send(WM_KEYUP, VK_F12, 1);
         zervo.paint();
