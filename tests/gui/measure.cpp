@@ -21,7 +21,7 @@
 namespace {
 
 using Clock = std::chrono::steady_clock;
-constexpr int kRuns = 7;
+constexpr int kRuns = 11;
 constexpr std::size_t kMegabyte = 1U << 20U;
 constexpr double kPatience = 120'000;  // ms
 
@@ -215,8 +215,12 @@ void measureStart(const Programs& programs) {
     bare.push_back(programs.startBare().shownAfter);
     zervo.push_back(programs.startZervo().shownAfter);
   }
-  std::printf("start to a visible window, median of %d: Zervo %.0f ms, bare %.0f ms: %.2f times\n", kRuns,
+  const auto best = [](const std::vector<double>& times) {
+    return *std::min_element(times.begin(), times.end());
+  };
+  std::printf("start to a visible window, median of %d: Zervo %.0f ms, bare %.0f ms: %.2f times", kRuns,
               median(zervo), median(bare), median(zervo) / median(bare));
+  std::printf("; at best %.0f and %.0f ms: %.2f times\n", best(zervo), best(bare), best(zervo) / best(bare));
 }
 
 // As Zervo's mnuUTF8 leaves the text, for the control to take by itself.

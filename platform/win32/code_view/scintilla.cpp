@@ -57,8 +57,8 @@ Scintilla::Replaced Scintilla::exchange(sptr_t from, sptr_t to, std::string_view
 Scintilla::Replaced Scintilla::replaceAll(std::string_view to) const {
   if (holds(to)) return replaceAll(std::string(to));
   const std::string_view now = text();
-  auto head = static_cast<std::size_t>(
-      std::mismatch(now.begin(), now.end(), to.begin(), to.end()).first - now.begin());
+  auto head = static_cast<std::size_t>(std::mismatch(now.begin(), now.end(), to.begin(), to.end()).first -
+                                       now.begin());
   if (head == now.size() && head == to.size()) return Replaced::Nothing;
   const std::size_t most = std::min(now.size(), to.size()) - head;
   std::size_t tail = 0;
