@@ -1,5 +1,5 @@
-// Measures the real program beside a bare window with the same control in it: zervo-measure ZERVO.EXE. The
-// bare one is this program, started with --bare [FILE].
+// Measures the real program beside a bare window with the same control in it: zervo-measure ZERVO.EXE
+// [start|commands|opening|typing|memory]. The bare one is this program, started with --bare [FILE].
 #include <windows.h>
 // windows.h first
 #include <Scintilla.h>
@@ -356,18 +356,21 @@ void measureMemory(const Programs& programs) {
 
 int wmain(int count, wchar_t** words) try {
   if (count >= 2 && std::wstring(words[1]) == L"--bare") return runBare(count > 2 ? words[2] : nullptr);
-  if (count != 2) throw std::runtime_error("zervo-measure ZERVO.EXE");
+  if (count < 2) throw std::runtime_error("zervo-measure ZERVO.EXE [WHAT]");
   std::setvbuf(stdout, nullptr, _IONBF, 0);
   std::wstring self(MAX_PATH, L'\0');
   self.resize(GetModuleFileNameW(nullptr, self.data(), MAX_PATH));
   const Programs programs{words[1], self};
-  measureStart(programs);
-  const HWND bare = bareWindow();
-  measureCommands(programs, bare);
-  DestroyWindow(bare);
-  measureOpening(programs);
-  measureTyping(programs);
-  measureMemory(programs);
+  const auto wanted = [&](const wchar_t* what) { return count == 2 || std::wstring(words[2]) == what; };
+  if (wanted(L"start")) measureStart(programs);
+  if (wanted(L"commands")) {
+    const HWND bare = bareWindow();
+    measureCommands(programs, bare);
+    DestroyWindow(bare);
+  }
+  if (wanted(L"opening")) measureOpening(programs);
+  if (wanted(L"typing")) measureTyping(programs);
+  if (wanted(L"memory")) measureMemory(programs);
   return 0;
 } catch (const std::exception& error) {
   std::fprintf(stderr, "%s\n", error.what());

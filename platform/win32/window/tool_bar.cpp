@@ -56,8 +56,9 @@ ToolBar::ToolBar(HWND parent, const std::vector<ui::ToolBarButton>& buttons, int
                           0, 0, 0, 0, parent, nullptr, nullptr, nullptr)) {
   send(TB_BUTTONSTRUCTSIZE, sizeof(TBBUTTON));
   send(TB_SETMAXTEXTROWS, 0);  // the buttons' names are for screen readers alone
-  setDpi(dpi);
+  gap_ = scaled(kGap, dpi);
   addButtons();
+  setDpi(dpi);  // behind the buttons: their coming makes the bar forget the size
   send(TB_HIDEBUTTON, mnuToolMore, TRUE);
   watch(bar_);
 }
