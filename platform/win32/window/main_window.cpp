@@ -44,7 +44,6 @@ MainWindow::MainWindow(ui::MainForm& form, CodeView& view) : form_(form), view_(
   form_.open(this);
   form_.window = this;
   captionChanged();
-  menusChanged();
 }
 
 MainWindow::~MainWindow() {
@@ -90,7 +89,7 @@ void MainWindow::makeChildren() {
 void MainWindow::setFonts() {
   UniqueFont font = interfaceFont(dpi_);
   for (const auto& peer : peers_) {
-    SendMessageW(peer->window(), WM_SETFONT, reinterpret_cast<WPARAM>(font.get()), TRUE);
+    SendMessageW(peer->window(), WM_SETFONT, reinterpret_cast<WPARAM>(font.get()), shown_ ? TRUE : FALSE);
     peer->dpiChanged(dpi_);
   }
   font_ = std::move(font);  // the old one goes when nobody uses it any more
@@ -226,7 +225,7 @@ std::optional<LRESULT> MainWindow::handleMenu(UINT message, WPARAM wParam, LPARA
   switch (message) {
     case WM_INITMENU:
       form_.menuOpening();
-      menu_->refresh(form_.menus);
+      if (menu_) menu_->refresh(form_.menus);
       return 0;
     case WM_ENTERMENULOOP:
       inMenu_ = true;
@@ -446,7 +445,7 @@ void MainWindow::menusChanged() {
   auto next = std::make_unique<Menu>(form_.menus, Menu::Kind::Bar);
   SetMenu(hwnd(), next->handle());
   menu_ = std::move(next);
-  DrawMenuBar(hwnd());
+  if (shown_) DrawMenuBar(hwnd());
 }
 
 }  // namespace win32

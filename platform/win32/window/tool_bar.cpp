@@ -31,16 +31,15 @@ int idOf(const ui::ToolBarButton& button, int index) {
 }
 
 UniqueImages makePictures(const std::vector<ui::ToolBarButton>& buttons, int size) {
-  UniqueImages pictures(ImageList_Create(size, size, ILC_COLOR32, static_cast<int>(buttons.size()) + 1, 0));
   IconColors colors = systemIconColors(COLOR_BTNTEXT, COLOR_BTNFACE);
+  std::vector<Icon> icons;
   const auto add = [&](const ui::ToolBarButton& button) {
     colors.own = button.color;
-    const UniqueBitmap picture = iconBitmap(ui::toolDrawing(button.icon), size, colors);
-    ImageList_Add(pictures.get(), picture.get(), nullptr);
+    icons.push_back({ui::toolDrawing(button.icon), colors});
   };
   for (const ui::ToolBarButton& button : buttons) add(button);
   add(chevronButton());
-  return pictures;
+  return iconImages(icons, size);
 }
 
 }  // namespace
