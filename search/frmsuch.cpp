@@ -7,6 +7,7 @@
 #include "app/progress.h"
 #include "base/line_ends.h"
 #include "base/text.h"
+#include "base/utf8.h"
 #include "search/busy.h"
 #include "search/insert_menu.h"
 #include "search/terms.h"
@@ -433,8 +434,15 @@ Comparison frmsuch::comparison() const {
 // The fields end lines with CR LF. One that is read as UTF-8 holds it already.
 std::string frmsuch::searched(const std::string& field, std::string_view document) {
   const std::string text = base::withLineEndsOf(document, field);
+  const convert::ReadAs written = convert::readAs(bench_);
   const bool utf8 = Text1.font().characterSet == ui::CharacterSet::Utf8;
-  return CKutf8.checked() && !utf8 ? utf8FromLegacy(text, tables()) : text;
+  if (CKutf8.checked() && !utf8) return utf8FromLegacy(text, tables());
+  if (document.data() == T1_.text().data()) return text;
+  // The fields are read as the shown document is; another one may be read otherwise.
+  convert::ReadAs there{base::readsAsUtf8(document) ? ui::TextView::Utf8 : ui::TextView::EightBit};
+  if (there.view == written.view) return text;
+  there.mode = convert::modeOfText(document).value_or(convert::TypingMode::GeorgianISO);
+  return convert::reencoded(text, written, there, tables()).value_or(text);
 }
 
 std::vector<Term> frmsuch::terms(std::string_view document) {

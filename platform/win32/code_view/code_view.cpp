@@ -102,7 +102,7 @@ void CodeView::show(const std::shared_ptr<ui::CodeDocument>& document) {
     keepPlace();
     if (coloured_) resetColours();
   }
-  const std::shared_ptr<ScintillaDocument> last = std::exchange(document_, next);
+  document_ = next;
   {
     const Edits edits(*this);
     sci_.call(SCI_SETSCROLLWIDTH, 1);
@@ -110,8 +110,6 @@ void CodeView::show(const std::shared_ptr<ui::CodeDocument>& document) {
     changedInside_ = true;
   }
   lastTypedEnd_ = -1;
-  if (!last || last->view != document_->view) applyFont();
-  applyRepresentations();
   applyLanguage();
   applyMargin();
   restorePlace();
@@ -124,7 +122,6 @@ void CodeView::setView(ui::TextView view) {
   document_->view = view;
   keepPlace();
   applyFont();
-  applyRepresentations();
   restorePlace();
   selectionChanged();
 }

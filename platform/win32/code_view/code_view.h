@@ -87,6 +87,7 @@ class CodeView final : public ui::CodeView, private Subclass<CodeView> {
   // Looks (code_view_looks.cpp)
   void applyLook();
   void applyFont();
+  void applyStyles();
   void applyLanguage();
   void applyMargin() const;
   void applyRepresentations() const;
@@ -117,7 +118,15 @@ class CodeView final : public ui::CodeView, private Subclass<CodeView> {
   ui::Font font_;
   ui::Font utf8Font_;
   ui::CodeLook look_;
-  bool coloured_ = false;  // by showColours()
+  struct Styles {
+    ui::Font font;
+    ui::CodeLook look;
+    bool utf8;
+    ui::Language language;
+    bool operator==(const Styles&) const = default;
+  };
+  std::optional<Styles> styles_;  // in force
+  bool coloured_ = false;         // by showColours()
 
   int edits_ = 0;
   bool changedInside_ = false;

@@ -45,7 +45,6 @@ MainWindow::MainWindow(ui::MainForm& form, CodeView& view) : form_(form), view_(
   form_.open(this);
   form_.window = this;
   captionChanged();
-  menusChanged();
 }
 
 MainWindow::~MainWindow() {
@@ -95,11 +94,10 @@ void MainWindow::makeChildren() {
 void MainWindow::setFonts() {
   UniqueFont font = interfaceFont(dpi_);
   for (const auto& peer : peers_) {
-    SendMessageW(peer->window(), WM_SETFONT, reinterpret_cast<WPARAM>(font.get()), TRUE);
+    SendMessageW(peer->window(), WM_SETFONT, reinterpret_cast<WPARAM>(font.get()), shown_ ? TRUE : FALSE);
     peer->dpiChanged(dpi_);
   }
   font_ = std::move(font);  // the old one goes when nobody uses it any more
-  if (toolBar_) toolBar_->setDpi(dpi_);
 }
 
 Columns MainWindow::columns() const {
@@ -159,6 +157,7 @@ void MainWindow::layOutColumn(const RECT& column, ControlPeer* tabs, HWND below)
 }
 
 void MainWindow::layOut() {
+  if (!shown_) return;  // once, when it is shown
   if (status_ != nullptr) status_->fit();
   if (toolBar_) toolBar_->fit();
   const Columns place = columns();
@@ -258,7 +257,7 @@ std::optional<LRESULT> MainWindow::handleMenu(UINT message, WPARAM wParam, LPARA
   switch (message) {
     case WM_INITMENU:
       form_.menuOpening();
-      menu_->refresh(form_.menus);
+      if (menu_) menu_->refresh(form_.menus);
       return 0;
     case WM_ENTERMENULOOP:
       inMenu_ = true;
@@ -385,6 +384,7 @@ LRESULT MainWindow::handle(UINT message, WPARAM wParam, LPARAM lParam) {
       const auto& wanted = *reinterpret_cast<const RECT*>(lParam);
       dpi_ = HIWORD(wParam);
       setFonts();
+      if (toolBar_) toolBar_->setDpi(dpi_);
       SetWindowPos(hwnd(), nullptr, wanted.left, wanted.top, wanted.right - wanted.left,
                    wanted.bottom - wanted.top, SWP_NOZORDER | SWP_NOACTIVATE);
       menusChanged();  // the bar is measured once
@@ -430,6 +430,8 @@ void MainWindow::close() {
 
 void MainWindow::show() {
   if (IsWindowVisible(hwnd()) != 0) return;
+  shown_ = true;
+  layOut();
   ShowWindow(hwnd(), state_ == ui::WindowState::Maximized ? SW_SHOWMAXIMIZED : SW_SHOWNORMAL);
   SetForegroundWindow(hwnd());
   UpdateWindow(hwnd());
@@ -475,7 +477,7 @@ void MainWindow::menusChanged() {
   auto next = std::make_unique<Menu>(form_.menus, Menu::Kind::Bar);
   SetMenu(hwnd(), next->handle());
   menu_ = std::move(next);
-  DrawMenuBar(hwnd());
+  if (shown_) DrawMenuBar(hwnd());
 }
 
 }  // namespace win32
