@@ -18,13 +18,15 @@ using Folders = std::set<std::string>;
 // What each folder may include besides itself. In convert the rules, and what speaks to the user of them.
 constexpr const char* kConvertSpeakers = "convert's speakers";
 constexpr const char* kRecoverySpeakers = "recovery's speakers";
+// The one folder that knows libcurl.
+constexpr const char* kCurl = "platform/curl";
 const std::map<std::string, Folders> kMayInclude = {
     {"base", {}},
+    {"publish", {"base"}},
     {"markup", {"base"}},
     {"convert", {"base", "markup"}},
     {kConvertSpeakers, {"base", "markup", "ui", "app"}},
     {"site", {"base", "markup", "convert"}},
-    {"publish", {"base"}},
     {"cli", {"base", "markup", "convert", "site", "publish"}},
     {"ui", {"base"}},
     {"app", {"base", "ui"}},
@@ -41,6 +43,7 @@ const std::map<std::string, Folders> kMayInclude = {
     {"program",
      {"base", "ui", "app", "convert", "editor", "search", "project", "generators", "recent", "print",
       "preview", "options", "recovery"}},
+    {kCurl, {"base", "publish"}},
     {"platform", {"base", "ui"}},
 };
 // Ids and embedded data are for everybody.
@@ -65,6 +68,7 @@ std::string ruleFor(const std::string& path) {
       "convert/(attach|[a-z_]*_commands|frm[a-zA-Z]*|status_panels|typing_mode)\\.(h|cpp)");
   static const std::regex recoverySpeaker("recovery/(attach|frm[a-zA-Z]*)\\.(h|cpp)");
   if (std::regex_match(path, recoverySpeaker)) return kRecoverySpeakers;
+  if (path.starts_with("platform/curl/")) return kCurl;
   return std::regex_match(path, speaker) ? kConvertSpeakers : topFolder(path);
 }
 
@@ -97,7 +101,9 @@ std::vector<std::string> complaints(const std::string& path, const std::string& 
                    [](unsigned char c) { return std::tolower(c); });
     const std::string folder = topFolder(included);
     const bool known = kMayInclude.contains(folder) && included.find('/') != std::string::npos;
-    if (windows.contains(lower) && !mayKnowWindows(path)) {
+    if (lower.starts_with("curl/") && !path.starts_with("platform/curl/")) {
+      result.push_back(path + " includes <" + included + ">");
+    } else if (windows.contains(lower) && !mayKnowWindows(path)) {
       result.push_back(path + " includes <" + included + ">");
     } else if (rule != kMayInclude.end() && isHeavy(included) && path != "platform/posix/disk.cpp") {
       result.push_back(path + " includes <" + included + ">, which is heavy");
@@ -118,7 +124,7 @@ void forEachSource(Visit visit) {
   const fs::path top = ZERVO_SOURCE;
   std::vector<std::string> roots = {"tests", "bench"};
   for (const auto& [folder, allowed] : kMayInclude) {
-    if (folder != kConvertSpeakers && folder != kRecoverySpeakers) roots.push_back(folder);
+    if (folder != kConvertSpeakers && folder != kRecoverySpeakers && folder != kCurl) roots.push_back(folder);
   }
   for (const std::string& root : roots) {
     if (!fs::exists(top / root)) continue;
@@ -168,6 +174,9 @@ TEST(IncludeRules, ComplainAboutWhatTheyForbid) {
   EXPECT_EQ(complaints("convert/detector.cpp", "#include \"app/workbench.h\"").size(), 1u);
   EXPECT_TRUE(complaints("convert/status_panels.cpp", "#include \"app/workbench.h\"").empty());
   EXPECT_EQ(complaints("platform/win32/peer.cpp", "#include \"app/FrmH.h\"").size(), 1u);
+  EXPECT_EQ(complaints("publish/a.cpp", "#include <curl/curl.h>\n#include \"ui/text.h\"").size(), 2u);
+  EXPECT_TRUE(
+      complaints("platform/curl/a.cpp", "#include <curl/curl.h>\n#include \"publish/talk.h\"").empty());
   EXPECT_EQ(complaints("tests/app/a.cpp", "#include <CommCtrl.h>").size(), 1u);
   EXPECT_EQ(complaints("app/a.cpp", "#include <sstream>\n#include <string>").size(), 1u);
   EXPECT_TRUE(
