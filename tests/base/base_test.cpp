@@ -1,6 +1,5 @@
 #include <fcntl.h>
 #include <gtest/gtest.h>
-#include <sys/mount.h>
 #include <sys/stat.h>
 #include <sys/wait.h>
 #include <unistd.h>
@@ -13,12 +12,15 @@
 #include "base/cp1252.h"
 #include "base/error.h"
 #include "base/files.h"
+#include "base/hash.h"
+#include "base/json.h"
 #include "base/line_ends.h"
 #include "base/path.h"
 #include "base/text.h"
 #include "base/utf8.h"
 #include "base/write_notes.h"
 #include "tests/support/iconv.h"
+#include "tests/support/small_disk.h"
 #include "tests/support/temp_folder.h"
 
 namespace {
@@ -65,23 +67,6 @@ TEST(Addresses, AreFromThePageToTheFile) {
   EXPECT_EQ(base::addressOf("", "D:\\x.gif"), "file:///D:/x.gif");
 }
 
-// 64 KB that fill up.
-struct SmallDisk {
-  SmallDisk() {
-    std::filesystem::create_directory(path);
-    made = mount("none", path.c_str(), "tmpfs", 0, "size=64k") == 0;
-  }
-  SmallDisk(const SmallDisk&) = delete;
-  SmallDisk& operator=(const SmallDisk&) = delete;
-  ~SmallDisk() {
-    if (made) umount(path.c_str());
-  }
-
-  tests::TempFolder folder;
-  std::string path = folder.path() + "/disk";
-  bool made = false;
-};
-
 TEST(Files, OverwritingKeepsALongerTail) {
   const tests::TempFolder folder;
   const std::string path = folder.make("გვერდი.html", "0123456789");
@@ -112,7 +97,7 @@ TEST(Files, AFailureIsNamedAndLeavesTheOldFileAndNoOther) {
 }
 
 TEST(Files, AFullDiskLeavesTheOldFileWhole) {
-  const SmallDisk disk;
+  const tests::SmallDisk disk;
   if (!disk.made) GTEST_SKIP() << "cannot mount a small disk here";
   const std::string path = disk.path + "\\a";
   base::writeFile(path, "old");
@@ -204,7 +189,7 @@ TEST(Files, ADeviceOrPipeTakesTheBytesAndStaysWhatItIs) {
 }
 
 TEST(Files, WhereThereIsNoRoomForASecondFileTheFirstIsWrittenOver) {
-  const SmallDisk disk;
+  const tests::SmallDisk disk;
   if (!disk.made) GTEST_SKIP() << "cannot mount a small disk here";
   const std::string path = disk.path + "\\a";
   base::writeFile(path, std::string(40000, 'o'));
@@ -250,6 +235,32 @@ TEST(Binary, ReaderStopsAtTheEnd) {
   base::BinaryReader reader(writer.bytes());
   EXPECT_THROW(reader.text(), base::Error);
   EXPECT_EQ(base::crc32("123456789"), 0xCBF43926U);  // the check value that the algorithm is published with
+}
+
+// What `xxhsum -H64` says of the same bytes.
+TEST(Hash, IsThePublishedOne) {
+  std::string bytes;
+  for (int i = 0; i < 79; ++i) bytes += static_cast<char>(i * 7);
+  EXPECT_EQ(base::hexOf(base::hash64("")), "ef46db3751d8e999");
+  EXPECT_EQ(base::hexOf(base::hash64("abc")), "44bc2cf5ad770999");
+  EXPECT_EQ(base::hexOf(base::hash64(bytes)), "e4e589158e6e0c1a");
+}
+
+TEST(Json, ReadsWhatItWritesAndRefusesAllElse) {
+  const std::string hard = std::string("\"\\/\n\x01\x7F", 6) + "გ\xF0\x9F\x98\x80\xFF";
+  const auto read =
+      base::parseJson(" {\"a\" : [1, -2.5e3, true, null, " + base::jsonQuoted(hard) + "] , \"\":{}}\r\n");
+  ASSERT_TRUE(read);
+  EXPECT_EQ((*read)["a"].items[4].text, std::string("\"\\/\n\x01\x7F", 6) + "გ\xF0\x9F\x98\x80\xEF\xBF\xBD");
+  EXPECT_EQ((*read)["a"].items[0].number(), 1U);
+  EXPECT_EQ((*read)["a"].items[1].number(), 0U);
+  EXPECT_EQ(base::parseJson("\"\\u10d2\\ud83d\\ude00\\udc00\"")->text, "გ\xF0\x9F\x98\x80\xEF\xBF\xBD");
+  for (const std::string& bad :
+       {std::string(), std::string("{"), std::string("[1,]"), std::string("{\"a\"}"), std::string("1 2"),
+        std::string("\"\\u12\""), std::string("\"\\ud800\\u0041\""), std::string("\"a"),
+        std::string(1000, '[')}) {
+    EXPECT_FALSE(base::parseJson(bad)) << bad;
+  }
 }
 
 }  // namespace
