@@ -11,8 +11,10 @@ class Letters : public Session {};
 
 // Two words in the legacy letters, in a page with English and an address.
 constexpr const char* kOld =
-    "<html><head><title>\xC2\xC0\xCC\xC0\xD2\xE3\xCF\xC1\xC0</title></head>\r\n<body><font face=\"Geo_Times\">"
-    "\xD3\xC0\xD8\xC0\xD2\xC8\xC5\xC4\xCB\xCF</font> <a href=\"page.htm\">English text here</a></body></html>\r\n";
+    "<html><head><title>\xC2\xC0\xCC\xC0\xD2\xE3\xCF\xC1\xC0</title></head>\r\n<body><font "
+    "face=\"Geo_Times\">"
+    "\xD3\xC0\xD8\xC0\xD2\xC8\xC5\xC4\xCB\xCF</font> <a href=\"page.htm\">English text "
+    "here</a></body></html>\r\n";
 
 TEST_F(Letters, APageIsLookedThroughAndConvertedAsOneStep) {
   const auto path = file(L"old.htm", kOld);

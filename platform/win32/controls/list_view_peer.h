@@ -2,6 +2,7 @@
 #pragma once
 
 #include "platform/win32/controls/control_peer.h"
+#include "platform/win32/system/handles.h"
 #include "ui/controls.h"
 
 namespace win32 {
