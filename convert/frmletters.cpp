@@ -63,6 +63,19 @@ std::string placeName(const Change& change) {
   return "";
 }
 
+std::string reasonName(Reason reason) {
+  switch (reason) {
+    case Reason::Font:
+      return "  შრიფტით";
+    case Reason::Letters:
+      return "  ასოებით";
+    case Reason::Page:
+      return "  მეზობლებით";
+    default:
+      return "";
+  }
+}
+
 // Halfway in parts of 256 from one colour to the other.
 base::Color blended(base::Color from, base::Color to, int part) {
   const auto mix = [part](int a, int b) { return static_cast<std::uint8_t>(a + (b - a) * part / 256); };
@@ -129,7 +142,7 @@ frmletters::frmletters(app::Workbench& bench) : Form("frmletters", IDD_frmletter
   CKcomments.setCaption("&კომენტარებიც");
   LV.checkBoxes = true;
   LV.hint = "რა იცვლება";
-  LV.columns = {{"სტრიქონი", 92}, {"ახლა", 128}, {"შემდეგ", 128}, {"ფორმა", 90}};
+  LV.columns = {{"სტრიქონი", 90}, {"ახლა", 122}, {"შემდეგ", 122}, {"სანდოობა", 88}};
   Lform.setCaption("მონიშნულის &ფორმა:");
   CBform.setItems(formsBehind("როგორც გაირკვა"));
   Lpage.setCaption("გვერდი: მარცხნივ - ახლა, მარჯვნივ - შემდეგ");
@@ -338,7 +351,8 @@ ui::ListView::Item frmletters::headingOf(const ReviewGroup& group) const {
   switch (group.kind) {
     case ReviewGroup::Kind::Uncertain:
       item.text = "გაურკვეველი";
-      item.subItems = {count + " ადგილი, თქვენი სიტყვაა საჭირო", "რჩება, თუ არ მონიშნავთ", ""};
+      item.subItems = {count + " ადგილი, თქვენი სიტყვაა საჭირო",
+                       group.ticked == 0 ? "რჩება, თუ არ მონიშნავთ" : "", ""};
       break;
     case ReviewGroup::Kind::Form:
       item.text = formName(group.form);
@@ -379,13 +393,12 @@ ui::ListView::Item frmletters::itemOf(const Row& row) const {
   item.text = std::to_string(review_->lineOf(*row.change)) + (place.empty() ? "" : "  " + place);
   std::string form;
   if (change.kind == ChangeKind::Letters) {
-    form = ui::display(formName(change.verdict.form));
     if (review_->chosen(*row.change))
-      form += ", ხელით";
-    else if (!change.verdict.uncertain)
-      form = std::to_string(change.verdict.confidence) + "%  " + form;
+      form = ui::display(formChoice(change.verdict.form)) + ", ხელით";
+    else if (change.verdict.uncertain)
+      form = change.verdict.reason == Reason::NoKey ? "ნაწილი რჩება" : "?";
     else
-      form = "?";
+      form = std::to_string(change.verdict.confidence) + "%" + reasonName(change.verdict.reason);
   }
   item.subItems = {review_->before(*row.change, kShownBytes), review_->after(*row.change, kShownBytes), form};
   item.boxed = review_->optional(*row.change);

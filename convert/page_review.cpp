@@ -141,7 +141,9 @@ bool PageReview::optional(std::uint32_t change) const {
 
 bool PageReview::ticked(std::uint32_t change) const {
   const Change& wanted = plan_.changes[change];
-  return wanted.apply && !(wanted.kind == ChangeKind::Letters && wanted.verdict.uncertain);
+  // Of a text that holds letters of no key all other words are converted.
+  const bool left = wanted.verdict.uncertain && wanted.verdict.reason != Reason::NoKey;
+  return wanted.apply && !(wanted.kind == ChangeKind::Letters && left);
 }
 
 void PageReview::tick(const std::vector<std::uint32_t>& changes, bool on) {

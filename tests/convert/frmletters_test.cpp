@@ -118,6 +118,22 @@ TEST_F(Letters, OfASelectionOnlyThatIsConverted) {
   EXPECT_EQ(T1.selText(), references);
 }
 
+TEST_F(Letters, WhatNobodyKnowsStandsFirstAndStaysUntilItIsTicked) {
+  T1.load(
+      "<P><FONT FACE=\"AcadNusx\">romelman Seqmna samyaro ZaliTa miT ZlieriTa zegardmo arsni</FONT>"
+      "<P>kargi<P>English words are here too and there are many of them so far");
+  look([](frmletters& form) {
+    const int row = rowWith(form, "kargi");
+    if (row < 0) return;
+    EXPECT_EQ(row, 1);
+    EXPECT_FALSE(form.LV.items()[1].checked);
+    form.LV.userCheck(row, true);
+    EXPECT_TRUE(form.LV.items()[1].checked) << "it keeps its place";
+    form.COK.click();
+  });
+  EXPECT_NE(T1.text().find("<P>კარგი<P>English words"), std::string::npos) << T1.text();
+}
+
 TEST_F(Letters, WhatIsNoPageIsRefusedWithAWord) {
   T1.load(std::string("MZ\0\0\1\2\3\0\0\0\0\0\0\0\0\0\0\0\0\0", 20));
   expectBoxWith("ორობითი", app::kAnswerOk);

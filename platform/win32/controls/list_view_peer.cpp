@@ -80,6 +80,7 @@ void ListViewPeer::showItems() {
   }
   if (!fresh) ListView_SetItemState(window(), -1, 0, LVIS_SELECTED);
   showChecks();
+  placed();  // there may be a scroll bar now
   send(WM_SETREDRAW, TRUE);
   InvalidateRect(window(), nullptr, TRUE);
 }
