@@ -122,10 +122,10 @@ ui::Text formName(Form form) {
   return "გაურკვეველი";
 }
 
-FontTable fontsOfUser(ui::Platform& platform) {
+FontTable fontsOfUser(ui::Platform& platform, std::vector<std::size_t>& bad) {
   FontTable fonts = FontTable::builtIn();
   const std::string path = platform.programFolder() + "/FONTS.txt";
-  if (base::fileExists(path)) fonts.add(base::readFile(path));
+  if (base::fileExists(path)) bad = fonts.add(base::readFile(path));
   return fonts;
 }
 
@@ -142,7 +142,7 @@ frmletters::frmletters(app::Workbench& bench) : Form("frmletters", IDD_frmletter
   CKcomments.setCaption("&კომენტარებიც");
   LV.checkBoxes = true;
   LV.hint = "რა იცვლება";
-  LV.columns = {{"სტრიქონი", 90}, {"ახლა", 122}, {"შემდეგ", 122}, {"სანდოობა", 88}};
+  LV.columns = {{"სტრიქონი", 106}, {"ახლა", 118}, {"შემდეგ", 118}, {"სანდოობა", 82}};
   Lform.setCaption("მონიშნულის &ფორმა:");
   CBform.setItems(formsBehind("როგორც გაირკვა"));
   Lpage.setCaption("გვერდი: მარცხნივ - ახლა, მარჯვნივ - შემდეგ");
@@ -215,7 +215,11 @@ void frmletters::openWindow() {
   if (!page) return;
   if (fromUtf16_) selection_.reset();
   page_ = std::move(*page);
-  fonts_ = fontsOfUser(bench_.platform());
+  std::vector<std::size_t> bad;
+  fonts_ = fontsOfUser(bench_.platform(), bad);
+  std::string badLines;
+  for (const std::size_t line : bad) badLines += (badLines.empty() ? " " : ", ") + std::to_string(line);
+  if (!bad.empty()) bench_.setPanel("kMain", "FONTS.txt: ფორმა არ წერია სტრიქონებში" + badLines);
   readSettings();
   {
     const ui::Hourglass hourglass(bench_.platform());
@@ -234,6 +238,10 @@ void frmletters::openWindow() {
   review_.reset();
   page_ = {};
   bench_.codeView().setFocus();
+}
+
+void frmletters::load() {
+  if (!rows_.empty()) LV.setFocus();
 }
 
 PlanOptions frmletters::wanted() const {
@@ -351,7 +359,7 @@ ui::ListView::Item frmletters::headingOf(const ReviewGroup& group) const {
   switch (group.kind) {
     case ReviewGroup::Kind::Uncertain:
       item.text = "გაურკვეველი";
-      item.subItems = {count + " ადგილი, თქვენი სიტყვაა საჭირო",
+      item.subItems = {count + " ადგილი: თქვენ გადაწყვიტეთ",
                        group.ticked == 0 ? "რჩება, თუ არ მონიშნავთ" : "", ""};
       break;
     case ReviewGroup::Kind::Form:

@@ -18,8 +18,9 @@ namespace convert {
 
 ui::Text formName(Form form);  // for the user
 
-// The fonts by which texts are known: the program's, and before them those of a FONTS.txt beside the program.
-FontTable fontsOfUser(ui::Platform& platform);
+// The fonts by which texts are known: the program's, and before them those of a FONTS.txt beside the program;
+// `bad` are the numbers of its lines that name no form. Throws base::Error when it cannot be read.
+FontTable fontsOfUser(ui::Platform& platform, std::vector<std::size_t>& bad);
 
 class frmletters : public ui::Form {
  public:
@@ -43,6 +44,8 @@ class frmletters : public ui::Form {
   ui::Label Lsum{*this, IDC_frmletters_Lsum};
   ui::Button COK{*this, IDC_frmletters_COK};
   ui::Button CEXIT{*this, IDC_frmletters_CEXIT};
+
+  void load() override;
 
   // For the shown document, or what is selected in it. Says why when there is nothing to look at.
   void openWindow();

@@ -3,6 +3,7 @@
 #include <utility>
 
 #include "app/menu_names.h"
+#include "base/error.h"
 #include "resources/ids.h"
 
 namespace convert {
@@ -30,10 +31,13 @@ bool isOld(Form form) {
 
 }  // namespace
 
-LettersCommands::LettersCommands(app::Workbench& bench)
-    : bench_(bench), window_(bench), fonts_(fontsOfUser(bench.platform())) {
-  app::Command row{mnuletters, "mnuletters", "|92|გვერდის ასოების გადაყვანა...", ui::ctrlShift('U'),
-                   [this] { window_.openWindow(); }};
+LettersCommands::LettersCommands(app::Workbench& bench) : bench_(bench), window_(bench) {
+  readFonts();
+  app::Command row{mnuletters, "mnuletters", "|92|გვერდის ასოების გადაყვანა...", ui::ctrlShift('U'), [this] {
+                     window_.openWindow();
+                     readFonts();
+                     stale_ = true;
+                   }};
   row.enabled = [](const app::CommandState& state) { return state.hasText; };
   row.help =
       "გვერდის ან მონიშნულის ასოები, რა ფორმითაც უნდა იყოს, UTF-8-ში ან HTML-კოდებში; ჯერ ჩანს, რა იცვლება";
@@ -46,6 +50,16 @@ LettersCommands::LettersCommands(app::Workbench& bench)
   bench.panelClicked.connect([this](std::string_view key) {
     if (key == kPanel) bench_.runCommand(mnuletters);
   });
+}
+
+// Why a table cannot be read the window says when it opens.
+void LettersCommands::readFonts() {
+  try {
+    std::vector<std::size_t> bad;
+    fonts_ = fontsOfUser(bench_.platform(), bad);
+  } catch (const base::Error&) {
+    fonts_ = FontTable::builtIn();
+  }
 }
 
 void LettersCommands::showForm() {

@@ -20,6 +20,7 @@ class LettersCommands {
   LettersCommands& operator=(const LettersCommands&) = delete;
 
  private:
+  void readFonts();
   void showForm();
 
   app::Workbench& bench_;

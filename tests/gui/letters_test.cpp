@@ -1,6 +1,9 @@
 // The conversion of a page's letters, in the real program.
 #include "tests/gui/fixture.h"
 
+// After windows.h, which it needs.
+#include <commctrl.h>
+
 namespace {
 
 using gui::Session;
@@ -24,6 +27,23 @@ TEST_F(Letters, APageIsLookedThroughAndConvertedAsOneStep) {
   zervo.select(60, 60);
   zervo.command(mnuletters);
   HWND form = gui::shownForm(L"frmletters");
+  // The space bar takes the tick of the second text away, and with it the word about its font; and back.
+  const HWND list = GetDlgItem(form, IDC_frmletters_LV);
+  const auto sum = [&] {
+    wchar_t text[200] = L"";
+    SendMessageW(GetDlgItem(form, IDC_frmletters_Lsum), WM_GETTEXT, 200, reinterpret_cast<LPARAM>(text));
+    return gui::utf8(text);
+  };
+  const auto rows = [&] { return SendMessageW(list, LVM_GETITEMCOUNT, 0, 0); };
+  const LRESULT all = rows();
+  EXPECT_EQ(sum(), "გადაიყვანება 2 ტექსტი");
+  SendMessageW(list, WM_KEYDOWN, VK_DOWN, 1);
+  SendMessageW(list, WM_KEYDOWN, VK_SPACE, 1);
+  waitFor("one text less", [&] { return sum() == "გადაიყვანება 1 ტექსტი"; });
+  EXPECT_EQ(rows(), all - 2) << "the font and its heading";
+  SendMessageW(list, WM_KEYDOWN, VK_SPACE, 1);
+  waitFor("both texts", [&] { return sum() == "გადაიყვანება 2 ტექსტი"; });
+  EXPECT_EQ(rows(), all);
   gui::press(form, IDC_frmletters_COK);
   waitFor("the new letters", [&] { return zervo.text() != kOld; });
   zervo.waitUntilFree();
