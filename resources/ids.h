@@ -259,6 +259,7 @@
 #define mnuQUTFIH 40164
 #define mnuQHIUTF 40165
 #define mnuxuc 40166
+#define mnuletters 40170
 
 #define mnuens0 40201
 #define mnuens1 40202
@@ -435,6 +436,27 @@
 #define IDC_frmabzac_OPjustify 1605
 #define IDC_frmabzac_COK 1606
 #define IDC_frmabzac_CEXIT 1607
+
+// Letters of a page
+#define IDD_frmletters 1650
+#define IDC_frmletters_Lto 1651
+#define IDC_frmletters_CBto 1652
+#define IDC_frmletters_Lfrom 1653
+#define IDC_frmletters_CBfrom 1654
+#define IDC_frmletters_Lfonts 1655
+#define IDC_frmletters_CBfonts 1656
+#define IDC_frmletters_Lnew 1657
+#define IDC_frmletters_Tnew 1658
+#define IDC_frmletters_CKcomments 1659
+#define IDC_frmletters_CKscripts 1660
+#define IDC_frmletters_LV 1661
+#define IDC_frmletters_Lform 1662
+#define IDC_frmletters_CBform 1663
+#define IDC_frmletters_Lpage 1664
+#define IDC_frmletters_Ppage 1665
+#define IDC_frmletters_Lsum 1666
+#define IDC_frmletters_COK 1667
+#define IDC_frmletters_CEXIT 1668
 
 // Tags and lines
 #define mnutags 40601

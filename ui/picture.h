@@ -76,6 +76,7 @@ class PictureBox : public Control {
   Signal<Point> mouseUp;
   Signal<Point> otherMouseUp;  // a button that is neither the left nor the right one
   Signal<Point> doubleClicked;
+  Signal<int> wheel;   // turned: lines to go down (up: less than 0)
   Signal<> mouseLeft;  // the pointer is elsewhere
   // A virtual-key number pressed while the picture has the keyboard; true: used, else the dialog has it
   // (arrows then move the focus). Pictures without a handler take no focus.
