@@ -87,21 +87,27 @@ TEST_F(Killed, ALargePageIsKeptWhileTypingGoesOn) {
   zervo->waitForText(page);
   zervo->select(0, 0);
   const HWND T1 = zervo->control(IDC_FrmH_T1);
-  double worst = 0;
-  LARGE_INTEGER frequency, before, after;
-  QueryPerformanceFrequency(&frequency);
-  constexpr int kKeys = 150;
-  for (int i = 0; i < kKeys; ++i) {
-    QueryPerformanceCounter(&before);
-    SendMessageW(T1, WM_CHAR, L'x', 1);
-    QueryPerformanceCounter(&after);
-    if (i > 0)
-      worst =
-          std::max(worst, static_cast<double>(after.QuadPart - before.QuadPart) * 1000 / frequency.QuadPart);
-    Sleep(20);
-  }
-  RecordProperty("worst_key_ms", static_cast<int>(worst));
-  std::printf("worst key while 20 MB are kept: %.1f ms\n", worst);
+  constexpr int kKeys = 100;
+  // Milliseconds of the longest key, while the page is copied and, as a yardstick, afterwards.
+  const auto slowest = [&] {
+    LARGE_INTEGER frequency, before, after;
+    QueryPerformanceFrequency(&frequency);
+    double worst = 0;
+    for (int i = 0; i < kKeys; ++i) {
+      QueryPerformanceCounter(&before);
+      SendMessageW(T1, WM_CHAR, L'x', 1);
+      QueryPerformanceCounter(&after);
+      const auto ticks = static_cast<double>(after.QuadPart - before.QuadPart);
+      if (i > 0) worst = std::max(worst, ticks * 1000 / static_cast<double>(frequency.QuadPart));
+      Sleep(15);
+    }
+    return worst;
+  };
+  const double copying = slowest();
+  allow(2000);
+  const double copied = slowest();
+  std::printf("longest key of %d: %.1f ms while 20 MB are copied, %.1f ms afterwards\n", kKeys, copying,
+              copied);
   allow(2000);
   zervo->command(mnunewT);
   zervo->waitForText("");
@@ -113,7 +119,7 @@ TEST_F(Killed, ALargePageIsKeptWhileTypingGoesOn) {
   takeBack();
   zervo->waitForText("new");
   zervo->clickNode("large.html");
-  zervo->waitForText(std::string(kKeys, 'x') + page);
+  zervo->waitForText(std::string(2 * kKeys, 'x') + page);
 }
 
 }  // namespace
