@@ -37,9 +37,7 @@ class TemporaryFile {
       if (code != 0 && code != EEXIST) return code;
     }
     made_ = true;
-    errno = 0;
-    int code = 0;
-    if (std::fwrite(bytes.data(), 1, bytes.size(), file) != bytes.size()) code = errno != 0 ? errno : ENOSPC;
+    int code = disk::write(file, bytes);
     if (code == 0) code = disk::flush(file);
     if (std::fclose(file) != 0 && code == 0) code = errno != 0 ? errno : EIO;
     return code;

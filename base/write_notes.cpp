@@ -17,12 +17,6 @@ constexpr std::uint32_t kTemporary = 0x315A5654;  // the first bytes of the two 
 constexpr std::uint32_t kRewriting = 0x315A5652;
 constexpr const char* kNoteEnd = ".note";
 
-int writeAll(std::FILE* file, std::string_view bytes) {
-  errno = 0;
-  if (std::fwrite(bytes.data(), 1, bytes.size(), file) == bytes.size()) return 0;
-  return errno != 0 ? errno : ENOSPC;
-}
-
 // Whether a run that wrote `after` over `before` can have died with `now` in the file.
 bool isBetween(std::string_view now, std::string_view before, std::string_view after) {
   if (now.size() < std::min(before.size(), after.size()) ||
@@ -86,7 +80,7 @@ int WriteNote::keep(std::string_view bytes, bool flush) {
     code = file_ == nullptr ? errno : 0;
     if (code != 0 && code != EEXIST) return code;
   }
-  const int code = writeAll(file_, bytes);
+  const int code = disk::write(file_, bytes);
   if (code != 0) return code;
   return flush ? disk::flush(file_) : std::fflush(file_) == 0 ? 0 : EIO;
 }
@@ -96,12 +90,12 @@ int rewriteInPlace(std::string_view path, std::string_view before, std::string_v
   if (file == nullptr) return errno;
   // Room first: a disk that has none leaves the file as it was.
   int code = after.size() > before.size() ? disk::resize(file, after.size()) : 0;
-  if (code == 0) code = writeAll(file, after);
+  if (code == 0) code = disk::write(file, after);
   if (code == 0) code = disk::flush(file);
   if (code == 0 && after.size() < before.size()) code = disk::resize(file, after.size());
   if (code != 0) {
     std::rewind(file);
-    if (writeAll(file, before) == 0) disk::flush(file);
+    if (disk::write(file, before) == 0) disk::flush(file);
     disk::resize(file, before.size());
   }
   std::fclose(file);
@@ -118,9 +112,10 @@ void finishInterruptedWrites() {
     try {
       finish(readFile(path));
       disk::remove(path);
-    } catch (const Error&) {
-      // Not whole: the run had not begun with the file itself. Or the file cannot be read now: it waits.
-      if (fileSize(path) < sizeof(std::uint32_t)) disk::remove(path);
+    } catch (const Error& error) {
+      // Not whole: the run had not begun with the file itself. Where the file cannot be read now the note
+      // waits.
+      if (error.number() == ErrorNumber::BadFileFormat) disk::remove(path);
     }
   }
 }

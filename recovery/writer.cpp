@@ -109,14 +109,13 @@ void Writer::work(std::vector<Task>& tasks) {
       }
     } else if (task.kind == Task::Kind::Append) {
       const auto at = files_.find(task.path);
-      errno = 0;
       if (at != files_.end()) {
-        if (std::fwrite(task.bytes.data(), 1, task.bytes.size(), at->second) == task.bytes.size()) {
-          touched_.insert(*at);
-        } else {
+        if (const int code = base::disk::write(at->second, task.bytes)) {
           // The rest would follow a gap, and count for nothing.
-          failed(errno != 0 ? errno : ENOSPC);
+          failed(code);
           close(task.path);
+        } else {
+          touched_.insert(*at);
         }
       }
     } else {
