@@ -7,13 +7,14 @@
 #include "base/binary.h"
 #include "base/disk.h"
 #include "base/error.h"
+#include "base/file_trace.h"
 #include "base/files.h"
 #include "base/path.h"
 
 namespace base {
 namespace {
 
-constexpr std::uint32_t kTemporary = 0x315A5654;  // the first bytes of the two kinds of note
+constexpr std::uint32_t kTemporary = 0x325A5654;  // the first bytes of the two kinds of note
 constexpr std::uint32_t kRewriting = 0x315A5652;
 constexpr const char* kNoteEnd = ".note";
 
@@ -36,7 +37,16 @@ void finish(std::string_view note) {
   const std::uint32_t kind = reader.u32();
   const std::string path = reader.text();
   if (kind == kTemporary) {
-    disk::remove(path);
+    const std::string target = reader.text();
+    const std::uint64_t low = reader.u32();
+    const std::uint64_t sum = low | (static_cast<std::uint64_t>(reader.u32()) << 32U);
+    // The system takes the old file away before it puts the new one there, and a run can die in between.
+    const bool gone = disk::look(target).kind == disk::Kind::Nothing;
+    if (gone && fileExists(path) && sumOf(readFile(path)) == sum) {
+      disk::rename(path, target);
+    } else {
+      disk::remove(path);
+    }
   } else if (kind == kRewriting) {
     const std::string before = reader.text();
     const std::string after = reader.text();
@@ -56,10 +66,14 @@ WriteNote::~WriteNote() {
   disk::remove(path_);
 }
 
-int WriteNote::temporary(std::string_view path) {
+int WriteNote::temporary(std::string_view path, std::string_view target, std::string_view bytes) {
   BinaryWriter note;
   note.u32(kTemporary);
   note.text(path);
+  note.text(target);
+  const std::uint64_t sum = sumOf(bytes);
+  note.u32(static_cast<std::uint32_t>(sum));
+  note.u32(static_cast<std::uint32_t>(sum >> 32U));
   return keep(note.bytes(), false);
 }
 

@@ -224,10 +224,13 @@ TEST(Files, TheNextRunEndsWhatADeadOneHadBegun) {
   const std::string left = folder.make(".zervo-1-1.tmp", "half");
   const std::string torn = folder.make("torn", "NEW bytes of the o");
   const std::string foreign = folder.make("foreign", "somebody else's");
+  const std::string whole = folder.make(".zervo-1-2.tmp", "the new text"), gone = folder.file("gone");
   const pid_t dying = fork();
   if (dying == 0) {
-    auto* const notes = new base::WriteNote[3];
-    _exit(notes[0].temporary(left) != 0 || notes[1].rewriting(torn, "the bytes of the o", "NEW text") != 0 ||
+    auto* const notes = new base::WriteNote[4];
+    _exit(notes[0].temporary(left, torn, "whole") != 0 ||
+          notes[3].temporary(whole, gone, "the new text") != 0 ||
+          notes[1].rewriting(torn, "the bytes of the o", "NEW text") != 0 ||
           notes[2].rewriting(foreign, "a", "b") != 0);
   }
   int status = -1;
@@ -235,9 +238,11 @@ TEST(Files, TheNextRunEndsWhatADeadOneHadBegun) {
   ASSERT_EQ(status, 0);
   base::WriteNote living;
   const std::string mine = folder.make("mine", "x");
-  ASSERT_EQ(living.temporary(mine), 0);
+  ASSERT_EQ(living.temporary(mine, torn, "x"), 0);
   base::finishInterruptedWrites();
   EXPECT_FALSE(base::fileExists(left));
+  EXPECT_FALSE(base::fileExists(whole));
+  EXPECT_EQ(base::readFile(gone), "the new text") << "it died while the old file was exchanged for the new";
   EXPECT_EQ(base::readFile(torn), "NEW text");
   EXPECT_EQ(base::readFile(foreign), "somebody else's");
   EXPECT_TRUE(base::fileExists(mine));

@@ -77,6 +77,38 @@ TEST_F(Killed, WhileTypingLosesTheLastTwoSecondsAtMost) {
   EXPECT_TRUE(std::filesystem::is_empty(folder / L"Recovery"));
 }
 
+// The file is whole old or whole new after the next start, and nothing else lies in its folder.
+TEST_F(Killed, WhileSavingLeavesTheFileWholeOldOrWholeNew) {
+  const auto pages = folder / L"pages";
+  std::filesystem::create_directory(pages);
+  const auto path = pages / L"page.txt";
+  std::string before(300'000, 'o');
+  writeBytes(path, before);
+  std::mt19937 random(19);
+  int saved = 0;
+  for (int round = 0; round < rounds(); ++round) {
+    SCOPED_TRACE(round);
+    std::optional<Zervo> zervo(open({path}));
+    zervo->waitForText(before);
+    zervo->waitUntilFree();
+    const auto letter = static_cast<wchar_t>(L'a' + round % 26);
+    zervo->type(letter);
+    const std::string after = static_cast<char>(letter) + before;
+    zervo->waitForText(after);
+    zervo->command(mnuSave);
+    Sleep(random() % 60);
+    zervo.reset();
+    open();  // what the start does is done when the window is there
+    const std::string now = readBytes(path);
+    ASSERT_TRUE(now == before || now == after) << now.size();
+    ASSERT_EQ(std::distance(std::filesystem::directory_iterator(pages), {}), 1);
+    saved += now == after ? 1 : 0;
+    before = now;
+    std::filesystem::remove_all(folder / L"Recovery");
+  }
+  std::printf("%d of %d saves were done\n", saved, rounds());
+}
+
 // A large page is kept by what changes; nobody waits for it. Untitled ones come back, too.
 TEST_F(Killed, ALargePageIsKeptWhileTypingGoesOn) {
   std::string page;
