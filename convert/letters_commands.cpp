@@ -2,7 +2,7 @@
 
 #include <utility>
 
-#include "app/menu_names.h"
+#include "app/menus.h"
 #include "base/error.h"
 #include "resources/ids.h"
 
@@ -33,16 +33,21 @@ bool isOld(Form form) {
 
 LettersCommands::LettersCommands(app::Workbench& bench) : bench_(bench), window_(bench) {
   readFonts();
-  app::Command row{mnuletters, "mnuletters", "|92|გვერდის ასოების გადაყვანა...", ui::ctrlShift('U'), [this] {
-                     window_.openWindow();
-                     readFonts();
-                     stale_ = true;
-                   }};
-  row.enabled = [](const app::CommandState& state) { return state.hasText; };
-  row.help =
-      "გვერდის ან მონიშნულის ასოები, რა ფორმითაც უნდა იყოს, UTF-8-ში ან HTML-კოდებში; ჯერ ჩანს, რა იცვლება";
-  bench.addCommands({std::move(row)});
-  bench.addMenu({app::kEditMenu, {{mnuletters, {}, {}}}});
+  bench.addCommands(
+      {{.id = mnuletters,
+        .icon = ui::MenuIcon::Letters,
+        .caption = "გვერდის ასოების გადაყვანა...",
+        .place = {&app::kEditMenu, 3, 2},
+        .shortcut = ui::ctrlShift('U'),
+        .run =
+            [this] {
+              window_.openWindow();
+              readFonts();
+              stale_ = true;
+            },
+        .enabled = app::hasText,
+        .help = "გვერდის ან მონიშნულის ასოები, რა ფორმითაც უნდა იყოს, UTF-8-ში ან HTML-კოდებში; ჯერ "
+                "ჩანს, რა იცვლება"}});
 
   bench.textChanged.connect([this] { stale_ = true; });
   bench.documentShown.connect([this] { stale_ = true; });
