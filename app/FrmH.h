@@ -102,7 +102,7 @@ class FrmH final : public ui::MainForm, public Workbench {
   bool commandChecked(int id) override;
   void setPanel(std::string_view key, ui::Text text) override;
   void perform(const std::function<void()>& action) override {
-    if (!busy_) guarded(platform_, action);
+    if (!busy_) ui::atGate(action);
   }
   Palette palette() override { return {Ttags, Ltags}; }
 
@@ -185,6 +185,7 @@ class FrmH final : public ui::MainForm, public Workbench {
   std::string projectFile() const { return WebProject.WEBpath + WebProject.WEBtitle; }
 
   ui::Platform& platform_;
+  ui::ErrorGate errors_{[this](const std::exception& error) { showError(platform_, error); }};
   std::map<int, Command> commands_;
   std::vector<const Command*> rows_;  // the same, in the order in which they were added
   std::string commandLine_;

@@ -67,7 +67,7 @@ void FrmH::load() {
   if (commandLine_.empty() && Props.ShowAtStart > 0) {
     window->show();
     platform_.pumpEvents();
-    guarded(platform_, [this] { startUp(); });
+    ui::atGate([this] { startUp(); });
   }
 }
 
@@ -85,10 +85,10 @@ void FrmH::comandopen(const std::string& first, const std::string& list) {
   if (first == "SIA") {
     for (const std::string& path : base::split(list, kBetweenFiles)) {
       Loading = true;
-      guarded(platform_, [&] { ofnen(base::fullPath(path)); });
+      ui::atGate([&] { ofnen(base::fullPath(path)); });
     }
   } else {
-    guarded(platform_, [&] {
+    ui::atGate([&] {
       // The working folder may be another one later.
       const std::string path = base::fullPath(first);
       if (base::fileExists(path)) documentOpened(path);
@@ -130,7 +130,7 @@ bool FrmH::askAndSave(ui::Text question, ui::Text title, const std::function<boo
   if (answer != kAnswerYes) return true;
   // A save that fails or is cancelled keeps the window: the text would be lost.
   bool saved = false;
-  return guarded(platform_, [&] { saved = save(); }) && saved;
+  return ui::atGate([&] { saved = save(); }) && saved;
 }
 
 bool FrmH::leaveDocuments() {
@@ -172,7 +172,7 @@ void FrmH::keepForNextRun() {
 
 bool FrmH::queryClose() {
   if (busy_ || !leaveDocuments()) return false;
-  guarded(platform_, [this] { keepForNextRun(); });  // what cannot be kept does not keep the user
+  ui::atGate([this] { keepForNextRun(); });  // what cannot be kept does not keep the user
   closing();
   return true;
 }

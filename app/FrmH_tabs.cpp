@@ -3,6 +3,7 @@
 
 #include "app/FrmH.h"
 #include "app/document_tree.h"
+#include "base/moved_place.h"
 
 namespace app {
 
@@ -69,7 +70,7 @@ void FrmH::moveDocument(std::int16_t from, std::int16_t to) {
     std::swap(here.SStart, next.SStart);
     std::swap(here.SLenth, next.SLenth);
   }
-  CurrentItemIndex = static_cast<std::int16_t>(placeAfterMove(CurrentItemIndex, from, to));
+  CurrentItemIndex = static_cast<std::int16_t>(base::placeAfterMove(CurrentItemIndex, from, to));
   if (WebProject.WEBopened) WebProject.WEBChanged = true;  // its file names the documents in their order
   nameUntitled();
   documentMoved(from, to);

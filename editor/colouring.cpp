@@ -59,7 +59,7 @@ void Colouring::T1_KeyDown(int) {
 }
 
 void Colouring::T1_KeyUp(int key) {
-  if (key == kKeyF12) app::guarded(bench_.platform(), [this] { ToggleColouring(); });
+  if (key == kKeyF12) ToggleColouring();
 }
 
 // Commands from a menu, and other documents, come without a key.

@@ -97,7 +97,7 @@ frmWEB::frmWEB(app::Workbench& bench) : Form("frmWEB", IDD_frmWEB), bench_(bench
   }
   const auto action = [this](void (frmWEB::*run)()) {
     return [this, run] {
-      if (!writing_) app::guarded(bench_.platform(), [this, run] { (this->*run)(); });
+      if (!writing_) (this->*run)();
     };
   };
   COK[0]->clicked.connect(action(&frmWEB::addPage));

@@ -1,6 +1,7 @@
 #include "platform/win32/window/main_window.h"
 
 #include <algorithm>
+#include <stdexcept>
 
 #include "base/error.h"
 #include "platform/win32/controls/pressed_key.h"
@@ -62,18 +63,26 @@ void MainWindow::makeChildren() {
     const auto add = [&](const wchar_t* className, DWORD style, DWORD exStyle) {
       peers_.push_back(makePeer(*control, make(className, style, exStyle)));
     };
-    if (dynamic_cast<ui::TreeView*>(control) != nullptr) {
-      add(WC_TREEVIEWW, WS_TABSTOP | TVS_HASLINES | TVS_HASBUTTONS | TVS_LINESATROOT | TVS_SHOWSELALWAYS,
-          WS_EX_CLIENTEDGE);
-    } else if (dynamic_cast<ui::TabStrip*>(control) != nullptr) {
-      // Documents may be many, and scroll; the groups beside the code view are all to be seen.
-      const DWORD rows = control == form_.rightTabs ? TCS_MULTILINE : TCS_SINGLELINE | TCS_TOOLTIPS;
-      add(WC_TABCONTROLW, WS_CLIPSIBLINGS | TCS_FOCUSNEVER | rows, 0);
-    } else if (dynamic_cast<ui::ListBox*>(control) != nullptr) {
-      add(WC_LISTBOXW, WS_TABSTOP | WS_VSCROLL | LBS_NOTIFY | LBS_NOINTEGRALHEIGHT, WS_EX_CLIENTEDGE);
-    } else if (dynamic_cast<ui::StatusBar*>(control) != nullptr) {
-      add(STATUSCLASSNAMEW, SBARS_SIZEGRIP, 0);
-      status_ = static_cast<StatusPeer*>(peers_.back().get());
+    switch (control->kind()) {
+      case ui::ControlKind::TreeView:
+        add(WC_TREEVIEWW, WS_TABSTOP | TVS_HASLINES | TVS_HASBUTTONS | TVS_LINESATROOT | TVS_SHOWSELALWAYS,
+            WS_EX_CLIENTEDGE);
+        break;
+      case ui::ControlKind::TabStrip: {
+        // Documents may be many, and scroll; the groups beside the code view are all to be seen.
+        const DWORD rows = control == form_.rightTabs ? TCS_MULTILINE : TCS_SINGLELINE | TCS_TOOLTIPS;
+        add(WC_TABCONTROLW, WS_CLIPSIBLINGS | TCS_FOCUSNEVER | rows, 0);
+        break;
+      }
+      case ui::ControlKind::ListBox:
+        add(WC_LISTBOXW, WS_TABSTOP | WS_VSCROLL | LBS_NOTIFY | LBS_NOINTEGRALHEIGHT, WS_EX_CLIENTEDGE);
+        break;
+      case ui::ControlKind::StatusBar:
+        add(STATUSCLASSNAMEW, SBARS_SIZEGRIP, 0);
+        status_ = static_cast<StatusPeer*>(peers_.back().get());
+        break;
+      default:
+        throw std::logic_error("the main window has no room for a control of this kind");
     }
   }
   if (!form_.toolBar.empty()) {
