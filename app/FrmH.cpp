@@ -70,6 +70,7 @@ FrmH::FrmH(ui::Platform& platform, ui::CodeView& codeView)
   };
   entering = [](const ui::TextClip& clip) { return clip.letters; };
   clipOf = [](std::string bytes) { return ui::TextClip{bytes, bytes}; };
+  addNotice();
   addOwnCommands();
 }
 

@@ -7,9 +7,11 @@
 #include <string>
 #include <vector>
 
+#include "app/documents/session.h"
 #include "app/frmBOXa.h"
 #include "app/mdlsaerto.h"
 #include "app/workbench.h"
+#include "base/scoped_flag.h"
 #include "resources/ids.h"
 #include "ui/main_form.h"
 #include "ui/tab_strip.h"
@@ -34,12 +36,19 @@ class FrmH final : public ui::MainForm, public Workbench {
                         {"kView", 60, {}, false},
                         {"kLineEnds", 60, {}, false}}};
 
+  ui::Label Lnotice{*this, IDC_FrmH_Lnotice};  // news of the shown document, above the text
+  ui::Button Cnotice{*this, IDC_FrmH_Cnotice};
+  ui::Button CnoticeClose{*this, IDC_FrmH_CnoticeClose};
+
   PropsRecord Props;
-  ColectionMain WebProject;
-  std::int16_t CurrentItemIndex = -1;  // of the shown document; -1: it has no record
-  std::string CurrentFilePath;         // of the shown document; empty: untitled
-  bool FileChanged = false;            // the shown document has unsaved changes
-  bool Loading = false;                // the program itself fills T1: no change of the user's
+  Session documentSession{T1};
+  // Its parts, by the names under which all know them.
+  ColectionMain& WebProject = documentSession.list;
+  std::int16_t& CurrentItemIndex =
+      documentSession.shown.index;                            // of the shown document; -1: it has no record
+  std::string& CurrentFilePath = documentSession.shown.path;  // of the shown document; empty: untitled
+  bool& FileChanged = documentSession.shown.changed;          // the shown document has unsaved changes
+  bool Loading = false;  // the program itself fills T1: no change of the user's
   bool WebMode() const { return WebProject.WEBopened || WebProject.Count() > 0; }
 
   // Start and close (FrmH_start.cpp)
@@ -68,11 +77,13 @@ class FrmH final : public ui::MainForm, public Workbench {
   void mnuSaveas_Click();
   // The documents, then the project file. `ask`: also offer what is outside the project. False: cancelled.
   bool SaveProject(bool ask);
+  // Of the documents those alone.
+  bool saveProjectWith(const std::vector<std::int16_t>& documents);
   void WEB_Open(const std::string& path) override;
   void mnuCloseWEB_Click();
 
   // Moves a document with all that belongs to it to another place in the list (FrmH_tabs.cpp).
-  void moveDocument(std::int16_t from, std::int16_t to);
+  void moveDocument(std::int16_t from, std::int16_t to) override;
 
   // Work on the document of the selected node (FrmH_tree.cpp)
   void mnuwebAdd_Click();
@@ -85,7 +96,8 @@ class FrmH final : public ui::MainForm, public Workbench {
   ColectionMain& documents() override { return WebProject; }
   std::int16_t shownIndex() const override { return CurrentItemIndex; }
   std::string shownPath() const override { return CurrentFilePath; }
-  std::string shownTitle() override { return titleOf(CurrentItemIndex); }
+  std::string shownTitle() override { return documentSession.title(CurrentItemIndex); }
+  Session& session() override { return documentSession; }
   PropsRecord& props() override { return Props; }
   void saveProps() override;
   PropsRecord storedProps() const override;
@@ -113,6 +125,8 @@ class FrmH final : public ui::MainForm, public Workbench {
   void filesDropped(const std::vector<std::string>& paths) override;
   void idle() override;
   void pause() override { Workbench::pause(); }
+  int background() override { return inBackground ? inBackground() : -1; }
+  void activated() override { diskDue_ = true; }
   void systemColoursChanged() override { applyEditorSettings(); }
 
  private:
@@ -146,33 +160,40 @@ class FrmH final : public ui::MainForm, public Workbench {
   void nameOddEncoding();
   void followName();  // the shown document's name may be of another kind of file now
   void T1_SelChange();
-  int nearestText(int position);
   void step(int direction);  // to the next or previous document with text
 
   void showCaption();
   void showName(const std::string& name);  // in the caption, with the mark of unsaved changes
-  bool isShown(std::int16_t index) const { return index < 0 || index == CurrentItemIndex; }
-  std::string titleOf(std::int16_t index);
-  std::optional<std::int16_t> recordOf(const std::string& path);
-  std::vector<std::int16_t> othersOf(const std::string& path, std::int16_t index);
+  // FrmH_disk.cpp, like the next ones
+  void lookAtDisk();
+  enum class Purpose { Look, Save };
+  // The document's file is as it was last read or written, or the user has chosen; false: nothing is to be
+  // done with it now.
+  bool settleWithFile(std::int16_t index, Purpose purpose);
+  void fileVanished(std::int16_t index);
+  void reload(std::int16_t index, std::string_view bytes, const base::FileTrace& trace);
+  void writeText(const std::string& path, std::int16_t index);
+  void showNotice();
+  void cutOldEnd();
+  void addNotice();
   bool mayWriteOver(const std::string& path, std::int16_t index);  // false: the user does not want it
   void showInTwins(const std::string& path, std::int16_t index);
   bool askForOutside(const std::string& folder, std::vector<std::string>& names, bool& dropped);
   std::string nameInProject(const std::string& path) const;
   void openText(const std::string& path);
   void addFile(const std::string& path, std::string& failed);  // into list and project; `failed` gets a line
-  void parkShown();
-  std::int16_t appendRecord(const DocumentText& value, const std::string& path, const std::string& title);
   // Shows nothing: an empty untitled document without a record.
   void showNothing();
-  void nameUntitled();
   void newPage();  // as the settings want it
   void applyEditorSettings();
 
-  bool unsavedDocuments();
   bool saveAllChanged();  // false: cancelled
+  bool saveAll(const std::vector<std::int16_t>& documents);
   // Asks whether to save; runs `save` on Yes. False: the user wants to stay.
   bool askAndSave(ui::Text question, ui::Text title, const std::function<bool()>& save);
+  // The same with the names of the unsaved documents, of which `save` gets those that were chosen.
+  bool askWhichToSave(ui::Text question, ui::Text title,
+                      const std::function<bool(const std::vector<std::int16_t>&)>& save);
   void keepForNextRun();
   bool leaveDocuments();  // the prompts before the documents go; false: stay
   bool offerProject();    // false: cancelled, like the two below
@@ -192,18 +213,8 @@ class FrmH final : public ui::MainForm, public Workbench {
   std::string shownName_;             // in the caption
   bool shownChanged_ = false;         // the caption bears the mark
   std::vector<std::int16_t> tabbed_;  // position in the list, by tab of TS; -1: the shown one has none
-  // Sets a flag for the length of a block.
-  class FlagBlock {
-   public:
-    explicit FlagBlock(bool& flag) : flag_(flag) { flag_ = true; }
-    FlagBlock(const FlagBlock&) = delete;
-    FlagBlock& operator=(const FlagBlock&) = delete;
-    ~FlagBlock() { flag_ = false; }
 
-   private:
-    bool& flag_;
-  };
-
+  bool diskDue_ = false;         // the window became the active one: files may have changed meanwhile
   bool busy_ = false;            // a long command lets window events run: no other may begin
   bool reopenHeldBack_ = false;  // ReopenLastFile is set, but off for this run
   bool switching_ = false;       // a switch of documents is under way: its own clicks are not followed

@@ -17,20 +17,6 @@ using ui::operator""_keyboard;
 constexpr const char* kOpenFilter =
     "All Files(*.*)|*.*|HTML-HTM(*.html,*.htm)|*.html;*.htm|Text(*.txt)|*.txt|WEB Proect|*.WEB";
 
-constexpr std::string_view kUntitled = "nosaved";
-
-std::string untitledName(std::int16_t index, std::string_view extension) {
-  return std::string(kUntitled) + std::to_string(index) + std::string(extension);
-}
-
-// The extension of a name that untitledName gave; nothing when the name is another one.
-std::optional<std::string> untitledExtension(const std::string& title) {
-  if (!title.starts_with(kUntitled)) return std::nullopt;
-  const std::size_t dot = title.find_first_not_of("0123456789", kUntitled.size());
-  if (dot == std::string::npos || dot == kUntitled.size() || title[dot] != '.') return std::nullopt;
-  return title.substr(dot);
-}
-
 // True for the length of a block in which the program itself fills the code view.
 class LoadingBlock {
  public:
@@ -59,15 +45,17 @@ void FrmH::ofnen(const std::string& path) {
   platform_.pumpEvents();
   if (base::fileExists(path)) documentOpened(path);
   if (base::lastThree(path) == "WEB") {
-    if (unsavedDocuments() &&
-        !askAndSave("ginaT gaxsnil failebSi cvlilebis damaxsovreba?"_keyboard, "NEW WEB",
-                    [this] { return WebProject.WEBopened ? SaveProject(false) : saveAllChanged(); })) {
+    if (!documentSession.unsaved().empty() &&
+        !askWhichToSave("ginaT gaxsnil failebSi cvlilebis damaxsovreba?"_keyboard, "NEW WEB",
+                        [this](const std::vector<std::int16_t>& chosen) {
+                          return WebProject.WEBopened ? saveProjectWith(chosen) : saveAll(chosen);
+                        })) {
       return;
     }
     WEB_Open(path);
   } else if (isPictureFile(path)) {
     if (!base::fileExists(path)) base::readFile(path);  // says why it cannot be added
-    appendRecord(kImageValue, path, base::fileName(path));
+    documentSession.append(kImageValue, path, base::fileName(path));
     WebProject.WEBChanged = true;
     Treefulen();
   } else {
@@ -77,7 +65,7 @@ void FrmH::ofnen(const std::string& path) {
 
 void FrmH::openText(const std::string& path) {
   const std::string text = base::readFile(path);  // before anything changes
-  const auto known = recordOf(path);
+  const auto known = documentSession.recordOf(path);
   if (WebProject.WEBopened && known) {
     const std::string answer =
         messageBox(platform_, "es faili ukve aris proeqtSi.\r\ngindaT misi axal fanjaraSi gaxsna?"_keyboard,
@@ -89,12 +77,14 @@ void FrmH::openText(const std::string& path) {
     }
     return;
   }
-  if (!CurrentFilePath.empty() && base::samePath(path, CurrentFilePath)) {
+  if (!CurrentFilePath.empty() &&
+      (base::samePath(path, CurrentFilePath) || base::sameFile(path, CurrentFilePath))) {
     const std::string answer =
         messageBox(platform_, "es faili ukve gaxsnilia.\r\ngindaT misi axlidan gaxsna?"_keyboard, "Open",
                    frmBOXa::Kind::YesNo, ui::IconBox::Sign::Question);
     if (answer != kAnswerYes) return;
     showText(text, base::fileName(path));
+    documentSession.file(-1) = base::traceOf(path, text);
     FileChanged = false;
     return;
   }
@@ -103,9 +93,10 @@ void FrmH::openText(const std::string& path) {
     return;
   }
 
-  parkShown();
+  documentSession.park();
   showText(text, base::fileName(path));
-  CurrentItemIndex = appendRecord(T1.document(), path, base::fileName(path));
+  CurrentItemIndex = documentSession.append(T1.document(), path, base::fileName(path));
+  documentSession.file(-1) = base::traceOf(path, text);
   CurrentFilePath = path;
   FileChanged = false;
   showCaption();
@@ -115,10 +106,10 @@ void FrmH::openText(const std::string& path) {
 
 void FrmH::mnunewF_Click(const char* extension, const std::string& text) {
   const LoadingBlock loading(Loading);
-  parkShown();
+  documentSession.park();
   const std::string title = untitledName(WebProject.Count(), extension);
   showText(text, title);
-  CurrentItemIndex = appendRecord(T1.document(), "", title);
+  CurrentItemIndex = documentSession.append(T1.document(), "", title);
   CurrentFilePath.clear();
   FileChanged = false;
   T1.select(static_cast<int>(text.size()), 0);
@@ -140,41 +131,27 @@ void FrmH::mnuClose_Click() {
 
 // False: the user keeps it.
 bool FrmH::closeDocument(std::int16_t index) {
-  const bool shown = isShown(index);
-  const bool named = shown ? !CurrentFilePath.empty() : !WebProject.Item(index).filepath.empty();
-  const bool changed = shown ? FileChanged : WebProject.Item(index).Changed;
-  if (changed && (named || !documentText(index).empty()) &&
+  const bool shown = documentSession.isShown(index);
+  const bool named = !documentSession.path(index).empty();
+  if (documentSession.changed(index) && (named || !documentText(index).empty()) &&
       !askAndSave("faili Seicvala.\r\ngindaT cvlilebebis damaxsovreba?"_keyboard, "",
                   [this, index] { return SaveDocument("", index); })) {
     return false;
   }
   const LoadingBlock loading(Loading);
   if (!shown) {
-    WebProject.RemoveIthem(index);
-    if (index < CurrentItemIndex) --CurrentItemIndex;
+    documentSession.remove(index);
   } else {
     const std::int16_t closed = CurrentItemIndex;
     if (closed >= 0) WebProject.RemoveIthem(closed);
     showNothing();
-    const int next = nearestText(closed);
+    const int next = documentSession.nearestText(closed);
     if (next >= 0) showDocument(static_cast<std::int16_t>(next));
   }
-  nameUntitled();
+  documentSession.nameUntitled();
   showCaption();
   Treefulen();
   return true;
-}
-
-// The document with text that is at the position or behind it, or else the nearest before it; -1: none.
-int FrmH::nearestText(int position) {
-  const auto usable = [this](int i) { return !isImage(WebProject.Item(static_cast<std::int16_t>(i))); };
-  for (int i = std::max(position, 0); i < WebProject.Count(); ++i) {
-    if (usable(i)) return i;
-  }
-  for (int i = std::min<int>(position, WebProject.Count()) - 1; i >= 0; --i) {
-    if (usable(i)) return i;
-  }
-  return -1;
 }
 
 void FrmH::showDocument(std::int16_t index) {
@@ -183,7 +160,7 @@ void FrmH::showDocument(std::int16_t index) {
   Loading = true;
   switching_ = true;
   try {
-    parkShown();
+    documentSession.park();
     Ithem& record = WebProject.Item(index);
     if (isImage(record)) {
       // The code view keeps the old text, and Loading stays set: typing on below a picture in the tree marks
@@ -205,6 +182,7 @@ void FrmH::showDocument(std::int16_t index) {
     throw;
   }
   Loading = switching_ = false;
+  diskDue_ = true;  // its file may have changed while it was not shown
   showCaption();
   if (hadRecord) {
     // The clicked node stays; a document shown by another way is marked in the tree.
@@ -248,7 +226,7 @@ void FrmH::Treefulen() {
 }
 
 void FrmH::showCaption() {
-  showName(CurrentFilePath.empty() ? titleOf(CurrentItemIndex) : CurrentFilePath);
+  showName(CurrentFilePath.empty() ? documentSession.title(CurrentItemIndex) : CurrentFilePath);
 }
 
 void FrmH::showName(const std::string& name) {
@@ -258,77 +236,22 @@ void FrmH::showName(const std::string& name) {
   showTabs();
 }
 
-std::string FrmH::titleOf(std::int16_t index) {
-  return index >= 0 ? WebProject.Item(index).FileTitle : base::fileName(CurrentFilePath);
-}
-
-std::optional<std::int16_t> FrmH::recordOf(const std::string& path) {
-  for (std::int16_t i = 0; i < WebProject.Count(); ++i) {
-    if (base::samePath(WebProject.Item(i).filepath, path)) return i;
-  }
-  return std::nullopt;
-}
-
-// Into the shown document's own record. A document that has none yet gets one, if there is anything to keep.
-void FrmH::parkShown() {
-  if (CurrentItemIndex < 0) {
-    if (T1.text().empty() && CurrentFilePath.empty()) return;
-    const std::string title =
-        CurrentFilePath.empty() ? untitledName(WebProject.Count(), ".HTML") : base::fileName(CurrentFilePath);
-    CurrentItemIndex = appendRecord(T1.document(), CurrentFilePath, title);
-  }
-  Ithem& record = WebProject.Item(CurrentItemIndex);
-  if (!isImage(record)) {
-    record.Value = T1.document();
-    record.Changed = FileChanged;
-  }
-  record.SStart = T1.selStart();
-  record.SLenth = T1.selLength();
-}
-
-std::int16_t FrmH::appendRecord(const DocumentText& value, const std::string& path,
-                                const std::string& title) {
-  WebProject.AddNewIthem(value, -1, "", "");
-  const auto index = static_cast<std::int16_t>(WebProject.Count() - 1);
-  Ithem& record = WebProject.Item(index);
-  record.FileTitle = title;
-  record.filepath = path;
-  record.saved = !path.empty();
-  record.Changed = false;
-  return index;
-}
-
 void FrmH::showNothing() {
   const LoadingBlock loading(Loading);
   CurrentItemIndex = -1;
   CurrentFilePath.clear();
+  documentSession.shown.file = {};
   showText("", "");
   FileChanged = false;
   showCaption();
 }
 
-// An untitled document's number is its position, so that no two share a name; positions moved. Pages that
-// others refer to by a name (frames) have no file yet either, and keep it.
-void FrmH::nameUntitled() {
-  for (std::int16_t i = 0; i < WebProject.Count(); ++i) {
-    Ithem& record = WebProject.Item(i);
-    const auto extension = untitledExtension(record.FileTitle);
-    if (record.filepath.empty() && extension) record.FileTitle = untitledName(i, *extension);
-  }
-}
-
 std::string_view FrmH::documentText(std::int16_t index) {
-  return isShown(index) ? T1.text() : WebProject.Item(index).Value.view();
+  return documentSession.text(index);
 }
 
 void FrmH::setDocumentText(std::int16_t index, std::string_view text) {
-  if (isShown(index)) {
-    T1.setText(text);
-    return;
-  }
-  Ithem& record = WebProject.Item(index);
-  record.Value.in(T1)->setText(text);
-  record.Changed = true;
+  documentSession.setText(index, text);
 }
 
 }  // namespace app

@@ -29,7 +29,7 @@ constexpr std::int16_t kProjectRecord = -1;
 }  // namespace
 
 bool FrmH::SaveDocument(const std::string& path, std::int16_t index, SaveKind kind) {
-  const bool shown = isShown(index);
+  const bool shown = documentSession.isShown(index);
   const std::int16_t own = shown ? CurrentItemIndex : index;
   std::string target = path;
   if (target.empty() && kind == SaveKind::Plain) {
@@ -40,19 +40,17 @@ bool FrmH::SaveDocument(const std::string& path, std::int16_t index, SaveKind ki
     dialog.title = "Save";
     dialog.filter = kSaveFilter;
     dialog.kind = "documents";
-    dialog.name = base::fileName(titleOf(own));
+    dialog.name = base::fileName(documentSession.title(own));
     const auto chosen = platform_.saveFile(dialog);
     if (!chosen || chosen->empty()) return false;
     target = *chosen;
   }
   if (!mayWriteOver(target, own)) return false;
 
-  base::overwriteFile(target, documentText(index));
+  if (base::samePath(target, documentSession.path(index)) && !settleWithFile(index, Purpose::Save))
+    return false;
 
-  if (shown) {
-    FileChanged = false;
-    CurrentFilePath = target;
-  }
+  writeText(target, index);
   if (own >= 0) {
     Ithem& record = WebProject.Item(own);
     showInTwins(target, own);
@@ -60,9 +58,6 @@ bool FrmH::SaveDocument(const std::string& path, std::int16_t index, SaveKind ki
     const std::string inside = record.IsInWEB ? nameInProject(target) : "";
     const std::string title = inside.empty() ? base::fileName(target) : inside;
     const bool renamed = record.FileTitle != title;
-    record.Changed = false;
-    record.saved = true;
-    record.filepath = target;
     record.FileTitle = title;
     if (renamed) {
       if (record.IsInWEB) {
@@ -94,23 +89,14 @@ std::string FrmH::nameInProject(const std::string& path) const {
   return inside ? path.substr(folder.size()) : "";
 }
 
-std::vector<std::int16_t> FrmH::othersOf(const std::string& path, std::int16_t index) {
-  std::vector<std::int16_t> others;
-  for (std::int16_t i = 0; i < WebProject.Count(); ++i) {
-    if (i != index && base::samePath(WebProject.Item(i).filepath, path)) others.push_back(i);
-  }
-  return others;
-}
-
 // Other documents may have the file too: a project file that names it twice gives it two.
 bool FrmH::mayWriteOver(const std::string& path, std::int16_t index) {
-  for (const std::int16_t i : othersOf(path, index)) {
+  for (const std::int16_t i : documentSession.othersOf(path, index)) {
     if (index < 0 || !base::samePath(WebProject.Item(index).filepath, path)) {
       throw base::Error(base::ErrorNumber::PermissionDenied,
                         "ეს ფაილი სხვა დოკუმენტად უკვე გახსნილია:\r\n" + path);
     }
-    const bool changed = i == CurrentItemIndex ? FileChanged : WebProject.Item(i).Changed;
-    if (!changed || documentText(i) == documentText(index)) continue;
+    if (!documentSession.changed(i) || documentText(i) == documentText(index)) continue;
     const std::string answer = messageBox(platform_,
                                           "ეს ფაილი სიაში ორჯერაა და მეორე დოკუმენტიც შეცვლილია:\r\n" + path +
                                               "\r\n\r\nჩაიწეროს ამ დოკუმენტის ტექსტი?",
@@ -122,10 +108,11 @@ bool FrmH::mayWriteOver(const std::string& path, std::int16_t index) {
 
 // The file's other documents follow what was saved, unless they have changes of their own.
 void FrmH::showInTwins(const std::string& path, std::int16_t index) {
-  for (const std::int16_t i : othersOf(path, index)) {
+  for (const std::int16_t i : documentSession.othersOf(path, index)) {
     Ithem& other = WebProject.Item(i);
+    other.file = documentSession.file(index);
     if (i == CurrentItemIndex) {
-      const FlagBlock loading(Loading);
+      const base::ScopedFlag loading(Loading);
       if (!FileChanged) T1.load(documentText(index));
     } else if (!other.Changed && !isImage(other)) {
       other.Value = documentText(index);
@@ -137,36 +124,33 @@ void FrmH::mnuSaveas_Click() {
   SaveDocument("", WebProject.Count() < 1 ? std::int16_t{-1} : CurrentItemIndex, SaveKind::As);
 }
 
-bool FrmH::unsavedDocuments() {
-  const bool empty = CurrentFilePath.empty() && T1.text().empty();
-  if (FileChanged && !empty) return true;
-  for (std::int16_t i = 0; i < WebProject.Count(); ++i) {
-    if (i == CurrentItemIndex) continue;
-    const Ithem& record = WebProject.Item(i);
-    if (record.Changed && !(record.filepath.empty() && record.Value.empty())) return true;
-  }
-  return false;
+bool FrmH::saveAllChanged() {
+  return saveAll(documentSession.unsaved());
 }
 
-bool FrmH::saveAllChanged() {
-  if (FileChanged && !SaveDocument("", -1)) return false;
-  for (std::int16_t i = 0; i < WebProject.Count(); ++i) {
-    if (i != CurrentItemIndex && WebProject.Item(i).Changed && !SaveDocument("", i)) return false;
+bool FrmH::saveAll(const std::vector<std::int16_t>& documents) {
+  for (const std::int16_t index : documents) {
+    if (!SaveDocument("", index)) return false;
   }
   return true;
 }
 
+bool FrmH::saveProjectWith(const std::vector<std::int16_t>& documents) {
+  documentSession.park();
+  if (!saveAll(documents)) return false;
+  writeProjectFile();
+  return true;
+}
+
 bool FrmH::SaveProject(bool ask) {
-  parkShown();
+  documentSession.park();
   if (!WebProject.WEBopened) {
     if (!ask) return saveAllChanged();
     if (!offerProject()) return false;
     return WebProject.WEBopened ? true : saveAllChanged();
   }
   if (ask && !offerInclusion()) return false;
-  if (!saveAllChanged()) return false;
-  writeProjectFile();
-  return true;
+  return saveProjectWith(documentSession.unsaved());
 }
 
 std::vector<std::int16_t> FrmH::outsideProject() {
@@ -190,7 +174,7 @@ std::optional<std::vector<std::int16_t>> FrmH::chooseFiles(const std::vector<std
 }
 
 bool FrmH::offerInclusion() {
-  parkShown();
+  documentSession.park();
   const auto outside = outsideProject();
   if (outside.empty()) return true;
   const std::string answer = messageBox(platform_,
@@ -223,7 +207,7 @@ bool FrmH::copyIntoProject(std::int16_t index) {
   if (!base::samePath(target, record.filepath) && !base::sameFile(target, record.filepath)) {
     const bool sameData = isImage(record) && base::fileExists(target) &&
                           base::readFile(target) == base::readFile(record.filepath);
-    if (recordOf(target) && !sameData) {
+    if (documentSession.recordOf(target) && !sameData) {
       throw base::Error(base::ErrorNumber::PermissionDenied,
                         "პროექტში ამ სახელის დოკუმენტი უკვე არის:\r\n" + target);
     }
@@ -238,8 +222,7 @@ bool FrmH::copyIntoProject(std::int16_t index) {
       if (!sameData) base::copyFile(record.filepath, target);
     } else {
       base::writeFile(target, documentText(index));
-      record.Changed = false;
-      if (index == CurrentItemIndex) FileChanged = false;
+      documentSession.saved(index, target, base::traceOf(target, documentText(index)));
     }
     record.filepath = target;
     if (index == CurrentItemIndex) CurrentFilePath = target;
@@ -252,16 +235,16 @@ bool FrmH::copyIntoProject(std::int16_t index) {
 }
 
 bool FrmH::offerProject() {
-  parkShown();
+  documentSession.park();
   const std::string answer = messageBox(platform_, "gindaT gaxsnili failebisgan proeqtis Seqmna?"_keyboard,
                                         "New WEB", frmBOXa::Kind::YesNoCancel, ui::IconBox::Sign::Question);
   if (answer == kAnswerCancel) return false;
   if (answer != kAnswerYes) return true;
   std::string name;
   do {
-    const auto typed = inputBox(platform_, "Cawere proeqtis saxeli."_keyboard, "New WEB", name);
-    if (!typed) return false;
-    name = *typed;
+    const auto answer = inputBox(platform_, "Cawere proeqtis saxeli."_keyboard, "New WEB", name);
+    if (!answer) return false;
+    name = *answer;
     if (IsBadFileName(name)) reportBadName(platform_);
   } while (IsBadFileName(name));
   const auto folder = platform_.pickFolder("პროექტის საქაღალდე");
@@ -326,7 +309,7 @@ void FrmH::WEB_Open(const std::string& path) {
     bool dropped = false;
     if (!askForOutside(folder, file.names, dropped)) return;
     std::set<std::string> known;
-    const FlagBlock busy(busy_);
+    const base::ScopedFlag busy(busy_);
     {
       Progress progress(
           platform_, [this](const std::string& line) { setPanel("kMain", line); }, file.names.size());
@@ -351,6 +334,7 @@ void FrmH::WEB_Open(const std::string& path) {
     for (Document& document : found) {
       WebProject.AddNewIthem("", -1, "", "");
       Ithem& record = WebProject.Item(static_cast<std::int16_t>(WebProject.Count() - 1));
+      record.file = base::traceOf(document.path, document.text);
       record.Value = DocumentText(std::move(document.text));
       record.Changed = false;
       record.filepath = document.path;

@@ -45,9 +45,9 @@ void FrmH::load() {
   } else if (Props.RememberPosition) {
     const auto left = registryNumber(platform_.registryValue("winpoze", "X"));
     const auto top = registryNumber(platform_.registryValue("winpoze", "Y"));
-    const auto width = registryNumber(platform_.registryValue("winpoze", "W"));
-    const auto height = registryNumber(platform_.registryValue("winpoze", "H"));
-    if (left && top) window->setPlace({*left, *top, width.value_or(0), height.value_or(0)});
+    const auto wide = registryNumber(platform_.registryValue("winpoze", "W"));
+    const auto high = registryNumber(platform_.registryValue("winpoze", "H"));
+    if (left && top) window->setPlace({*left, *top, wide.value_or(0), high.value_or(0)});
   }
   restorePanes();
 
@@ -100,8 +100,10 @@ void FrmH::comandopen(const std::string& first, const std::string& list) {
       // A file that is there but cannot be read must not be saved over later; one that is missing may be
       // made.
       CurrentFilePath = base::fileExists(path) || base::folderExists(path) ? "" : path;
-      showText(base::readFile(path), base::fileName(path));
+      const std::string text = base::readFile(path);
+      showText(text, base::fileName(path));
       CurrentFilePath = path;
+      documentSession.file(-1) = base::traceOf(path, text);
       FileChanged = false;
       documentShown();
     });
@@ -116,11 +118,11 @@ void FrmH::commandladenforma(const std::string& mode) {
 }
 
 bool FrmH::cvlaprufen() {
-  return WebProject.WEBopened && unsavedDocuments();
+  return WebProject.WEBopened && !documentSession.unsaved().empty();
 }
 
 bool FrmH::NewInWeb() {
-  return !WebProject.WEBopened && unsavedDocuments();
+  return !WebProject.WEBopened && !documentSession.unsaved().empty();
 }
 
 bool FrmH::askAndSave(ui::Text question, ui::Text title, const std::function<bool()>& save) {
@@ -133,17 +135,35 @@ bool FrmH::askAndSave(ui::Text question, ui::Text title, const std::function<boo
   return ui::atGate([&] { saved = save(); }) && saved;
 }
 
+bool FrmH::askWhichToSave(ui::Text question, ui::Text title,
+                          const std::function<bool(const std::vector<std::int16_t>&)>& save) {
+  const std::vector<std::int16_t> unsaved = documentSession.unsaved();
+  std::vector<std::string> names;
+  for (const std::int16_t index : unsaved) names.push_back(documentSession.title(index));
+  const SaveAnswer answer = saveBox(platform_, question, std::move(title), names);
+  if (answer.cancelled) return false;
+  if (!answer.save) return true;
+  std::vector<std::int16_t> chosen;
+  for (const std::size_t row : answer.rows) chosen.push_back(unsaved[row]);
+  // A save that fails or is cancelled keeps the window: the text would be lost.
+  bool saved = false;
+  return guarded(platform_, [&] { saved = save(chosen); }) && saved;
+}
+
 bool FrmH::leaveDocuments() {
   const ui::Text projectTitle = "Sag niemals nie";
   if (WebMode()) {
-    const auto save = [this] { return SaveProject(false); };
+    const auto save = [this](const std::vector<std::int16_t>& chosen) { return saveProjectWith(chosen); };
     if (WebProject.WEBopened && WebProject.WEBChanged) {
-      return askAndSave("proeqti Seicvala.\r\n\r\nginda cvlilebebis damaxsovreba?"_keyboard, projectTitle,
-                        save);
+      return askWhichToSave("proeqti Seicvala.\r\n\r\nginda cvlilebebis damaxsovreba?"_keyboard, projectTitle,
+                            save);
     }
     const auto files = "proeqtis failebi Seicvala.\r\n\r\nginda cvlilebebis damaxsovreba?"_keyboard;
-    if (cvlaprufen()) return askAndSave(files, projectTitle, save);
-    if (NewInWeb()) return askAndSave(files, projectTitle, [this] { return saveAllChanged(); });
+    if (cvlaprufen()) return askWhichToSave(files, projectTitle, save);
+    if (NewInWeb()) {
+      return askWhichToSave(files, projectTitle,
+                            [this](const std::vector<std::int16_t>& chosen) { return saveAll(chosen); });
+    }
     return true;
   }
   if (!FileChanged) return true;

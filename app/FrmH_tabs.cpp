@@ -3,14 +3,15 @@
 
 #include "app/FrmH.h"
 #include "app/document_tree.h"
-#include "base/moved_place.h"
 
 namespace app {
 
 // Also when nothing is known to have changed: unsaved changes come from everywhere.
 void FrmH::idle() {
+  if (!busy_ && std::exchange(diskDue_, false)) ui::atGate([this] { lookAtDisk(); });
   if (FileChanged != shownChanged_) showName(shownName_);
   showTabs();
+  showNotice();
   refreshToolBar();
   Workbench::idle();
 }
@@ -26,12 +27,10 @@ void FrmH::showTabs() {
   };
   for (std::int16_t i = 0; i < WebProject.Count(); ++i) {
     const Ithem& record = WebProject.Item(i);
-    if (!isImage(record)) {
-      add(i, record.FileTitle, record.filepath, i == CurrentItemIndex ? FileChanged : record.Changed);
-    }
+    if (!isImage(record)) add(i, record.FileTitle, record.filepath, documentSession.changed(i));
   }
   if (CurrentItemIndex < 0) {
-    const std::string title = titleOf(-1);
+    const std::string title = documentSession.title(-1);
     add(-1, title.empty() ? "ახალი" : title, CurrentFilePath, FileChanged);
   }
   TS.setTabs(std::move(tabs), selected);
@@ -47,32 +46,13 @@ void FrmH::TS_CloseAsked(int tab) {
 }
 
 void FrmH::TS_Moved(int from, int to) {
-  parkShown();  // a document that has no place yet gets the last one, where its tab already is
+  documentSession.park();  // a document that has no place yet gets the last one, where its tab already is
   showTabs();
   moveDocument(tabbed_[static_cast<std::size_t>(from)], tabbed_[static_cast<std::size_t>(to)]);
 }
 
 void FrmH::moveDocument(std::int16_t from, std::int16_t to) {
-  parkShown();
-  // The list moves the texts alone; whatever else makes a document what it is goes the same way.
-  WebProject.MoveIthem(from, to);
-  const std::int16_t step = from < to ? 1 : -1;
-  for (std::int16_t i = from; i != to; i = static_cast<std::int16_t>(i + step)) {
-    Ithem& here = WebProject.Item(i);
-    Ithem& next = WebProject.Item(static_cast<std::int16_t>(i + step));
-    std::swap(here.saved, next.saved);
-    std::swap(here.Changed, next.Changed);
-    std::swap(here.filepath, next.filepath);
-    std::swap(here.PinListi, next.PinListi);
-    std::swap(here.FileTitle, next.FileTitle);
-    std::swap(here.IsInWEB, next.IsInWEB);
-    std::swap(here.FrameSet, next.FrameSet);
-    std::swap(here.SStart, next.SStart);
-    std::swap(here.SLenth, next.SLenth);
-  }
-  CurrentItemIndex = static_cast<std::int16_t>(base::placeAfterMove(CurrentItemIndex, from, to));
-  if (WebProject.WEBopened) WebProject.WEBChanged = true;  // its file names the documents in their order
-  nameUntitled();
+  documentSession.move(from, to);
   documentMoved(from, to);
   showCaption();
   Treefulen();

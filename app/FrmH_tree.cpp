@@ -45,10 +45,10 @@ void FrmH::mnuwebAdd_Click() {
   dialog.multiple = true;
   const auto chosen = platform_.openFiles(dialog);
   if (chosen.empty()) return;
-  parkShown();
+  documentSession.park();
   std::string failed;
   {
-    const FlagBlock busy(busy_);
+    const base::ScopedFlag busy(busy_);
     Progress progress(
         platform_, [this](const std::string& line) { setPanel("kMain", line); }, chosen.size());
     for (const std::string& path : chosen) {
@@ -62,11 +62,12 @@ void FrmH::mnuwebAdd_Click() {
 }
 
 void FrmH::addFile(const std::string& path, std::string& failed) {
-  if (recordOf(path)) return;
+  if (documentSession.recordOf(path)) return;
   try {
     const bool picture = isPictureFile(path) && base::fileExists(path);
     const std::string text = picture ? kImageValue : base::readFile(path);
-    const std::int16_t added = appendRecord(text, path, base::fileName(path));
+    const std::int16_t added = documentSession.append(text, path, base::fileName(path));
+    if (!picture) documentSession.file(added) = base::traceOf(path, text);
     if (WebProject.WEBopened) copyIntoProject(added);
   } catch (const std::exception& error) {
     failed += base::fileName(path) + ": " + error.what() + "\r\n";
@@ -82,22 +83,23 @@ void FrmH::mnuwebRemove_Click() {
 void FrmH::mnuwebRename_Click() {
   const std::int16_t index = selectedDocument();
   Ithem& record = WebProject.Item(index);
-  const auto typed = inputBox(platform_, "ფაილის ახალი სახელი:", "File", base::fileName(record.FileTitle));
-  if (!typed || *typed == base::fileName(record.FileTitle)) return;
-  if (IsBadFileName(*typed)) {
+  const auto answer = inputBox(platform_, "ფაილის ახალი სახელი:", "File", base::fileName(record.FileTitle));
+  if (!answer || *answer == base::fileName(record.FileTitle)) return;
+  if (IsBadFileName(*answer)) {
     reportBadName(platform_);
     return;
   }
   if (record.filepath.empty()) {
     throw base::Error(base::ErrorNumber::InvalidCall, "ჯერ შეინახეთ დოკუმენტი: ფაილი ჯერ არ აქვს.");
   }
-  const std::string target = base::joinPath(base::folderOf(record.filepath), *typed);
-  if (recordOf(target) || (base::fileExists(target) && !base::sameFile(target, record.filepath))) {
+  const std::string target = base::joinPath(base::folderOf(record.filepath), *answer);
+  if (!documentSession.othersOf(target, index).empty() ||
+      (base::fileExists(target) && !base::sameFile(target, record.filepath))) {
     throw base::Error(base::ErrorNumber::PermissionDenied, "ამ სახელის ფაილი უკვე არსებობს:\r\n" + target);
   }
   base::renameFile(record.filepath, target);
   record.filepath = target;
-  record.FileTitle = base::joinPath(base::folderOf(record.FileTitle), *typed);
+  record.FileTitle = base::joinPath(base::folderOf(record.FileTitle), *answer);
   if (record.IsInWEB) WebProject.WEBChanged = true;
   if (index == CurrentItemIndex) {
     CurrentFilePath = target;

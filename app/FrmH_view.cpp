@@ -118,7 +118,7 @@ void FrmH::chooseView(ui::TextView view) {
 }
 
 void FrmH::followName() {
-  const ui::Language language = languageOf(titleOf(CurrentItemIndex));
+  const ui::Language language = languageOf(documentSession.title(CurrentItemIndex));
   if (std::exchange(T1.document()->language, language) != language) T1.languageChanged();
 }
 

@@ -1,6 +1,8 @@
 #include "app/document_list.h"
 
+#include <algorithm>
 #include <limits>
+#include <vector>
 
 #include "base/error.h"
 
@@ -59,6 +61,17 @@ void ColectionMain::MoveIthem(std::int16_t From, std::int16_t To) {
     std::swap(here.Value, next.Value);
     std::swap(here.Kay, next.Kay);
     std::swap(here.Tag, next.Tag);
+  }
+}
+
+void ColectionMain::moveRecord(std::int16_t from, std::int16_t to) {
+  const int low = std::min(from, to), high = std::max(from, to);
+  std::vector<std::int16_t> positions;
+  for (int i = low; i <= high; ++i) positions.push_back(Item(static_cast<std::int16_t>(i)).Index);
+  const auto first = items_.begin() + low, end = items_.begin() + high + 1;
+  std::rotate(first, from < to ? first + 1 : end - 1, end);
+  for (int i = low; i <= high; ++i) {
+    Item(static_cast<std::int16_t>(i)).Index = positions[static_cast<std::size_t>(i - low)];
   }
 }
 

@@ -7,6 +7,7 @@
 #include <string>
 
 #include "app/document_text.h"
+#include "base/file_trace.h"
 #include "ui/signal.h"
 
 namespace app {
@@ -29,6 +30,7 @@ struct Ithem {
   std::uint8_t FrameSet = 0;
   std::int32_t SStart = 0;  // caret and selection, in bytes
   std::int32_t SLenth = 0;
+  base::FileTrace file = {};  // the file as it was last read or written
 };
 
 class ColectionMain {
@@ -55,8 +57,9 @@ class ColectionMain {
   // fields stay with their positions and are the caller's to set. An index above Count() throws base::Error.
   void AddNewIthem(const DocumentText& Value, std::int16_t Index, const std::string& Kay,
                    const std::string& Tag);
-  void RemoveIthem(std::int16_t Index);                // moves whole records; their Index stays as it was
-  void MoveIthem(std::int16_t From, std::int16_t To);  // moves Value, Kay and Tag alone
+  void RemoveIthem(std::int16_t Index);                 // moves whole records; their Index stays as it was
+  void MoveIthem(std::int16_t From, std::int16_t To);   // moves Value, Kay and Tag alone
+  void moveRecord(std::int16_t from, std::int16_t to);  // moves all but Index, which stays with its position
   void Cler();
 
  private:

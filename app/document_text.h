@@ -24,6 +24,9 @@ class DocumentText {
   operator std::string_view() const { return view(); }  // NOLINT
   bool empty() const { return view().empty(); }
 
+  // Null while it is plain bytes.
+  const std::shared_ptr<ui::CodeDocument>& document() const { return document_; }
+
   // The document, made of the bytes the first time. Throws base::Error(OutOfMemory).
   const std::shared_ptr<ui::CodeDocument>& in(ui::CodeView& codeView) {
     if (!document_) {

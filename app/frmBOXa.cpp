@@ -102,6 +102,26 @@ bool frmBOXa::queryClose() {
   return true;
 }
 
+void frmBOXa::setRows(const std::vector<std::string>& rows) {
+  std::vector<ui::ListView::Item> items;
+  for (const std::string& row : rows) {
+    ui::ListView::Item item;
+    item.text = row;
+    item.checked = true;
+    items.push_back(std::move(item));
+  }
+  LV.setItems(std::move(items));
+  LV.setVisible(!rows.empty());
+}
+
+std::vector<std::size_t> frmBOXa::ticked() const {
+  std::vector<std::size_t> all;
+  for (std::size_t i = 0; i < LV.items().size(); ++i) {
+    if (LV.items()[i].checked) all.push_back(i);
+  }
+  return all;
+}
+
 void frmBOXa::press(const char* answer) {
   answer_ = answer;
   close();

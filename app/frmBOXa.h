@@ -35,6 +35,9 @@ class frmBOXa : public ui::Form {
 
   // An answer of blanks alone is one, too; else it is as good as none.
   bool blanksCount = false;
+  // Below the question, all ticked.
+  void setRows(const std::vector<std::string>& rows);
+  std::vector<std::size_t> ticked() const;
 
   const std::string& answer() const { return answer_; }
   std::string text() const;                      // all of it, as the user reads it; UTF-8

@@ -118,21 +118,19 @@ std::optional<std::string> inputBox(ui::Platform& platform, const ui::Text& prom
 std::optional<std::vector<std::size_t>> choiceBox(ui::Platform& platform, const ui::Text& prompt,
                                                   ui::Text title, const std::vector<std::string>& rows) {
   frmBOXa box(frmBOXa::Kind::Choice, prompt, std::move(title), ui::IconBox::Sign::None);
-  std::vector<ui::ListView::Item> items;
-  for (const std::string& row : rows) {
-    ui::ListView::Item item;
-    item.text = row;
-    item.checked = true;
-    items.push_back(std::move(item));
-  }
-  box.LV.setItems(std::move(items));
+  box.setRows(rows);
   platform.showModal(box);
   if (box.answer() != kAnswerOk) return std::nullopt;
-  std::vector<std::size_t> chosen;
-  for (std::size_t i = 0; i < box.LV.items().size(); ++i) {
-    if (box.LV.items()[i].checked) chosen.push_back(i);
-  }
-  return chosen;
+  return box.ticked();
+}
+
+SaveAnswer saveBox(ui::Platform& platform, const ui::Text& question, ui::Text title,
+                   const std::vector<std::string>& rows) {
+  frmBOXa box(frmBOXa::Kind::YesNoCancel, question, std::move(title), ui::IconBox::Sign::Question);
+  box.setRows(rows);
+  box.copy = [&platform](const std::string& text) { platform.setClipboard({{}, text}); };
+  platform.showModal(box);
+  return {box.answer() == kAnswerCancel, box.answer() == kAnswerYes, box.ticked()};
 }
 
 ErrorText errorText(const std::exception& error) {

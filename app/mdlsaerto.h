@@ -51,6 +51,15 @@ std::optional<std::vector<std::size_t>> choiceBox(
     ui::Platform& platform, const ui::Text& prompt, ui::Text title,
     const std::vector<std::string>& rows);  // all ticked at first
 
+// Yes, No, Cancel below rows that are all ticked at first, where there are any.
+struct SaveAnswer {
+  bool cancelled = true;
+  bool save = false;
+  std::vector<std::size_t> rows;  // the ticked ones
+};
+SaveAnswer saveBox(ui::Platform& platform, const ui::Text& question, ui::Text title,
+                   const std::vector<std::string>& rows);
+
 // Number and sentence of an error, as the error boxes show them.
 struct ErrorText {
   int number;

@@ -57,7 +57,7 @@ struct Read {
 
 PropsRecord defaultProps() {
   PropsRecord props;
-  eachField(props, [](auto& field, auto shipped) { field = shipped; });
+  eachField(props, []<class Value>(Value& field, auto shipped) { field = static_cast<Value>(shipped); });
   return props;
 }
 

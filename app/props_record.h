@@ -7,6 +7,7 @@
 #include <string_view>
 
 #include "base/color.h"
+#include "base/font_names.h"
 #include "ui/code_view.h"
 
 namespace app {
@@ -56,6 +57,9 @@ struct PropsRecord {
   bool ModeOfPage = false;       // a page opens in the typing mode of its letters
   bool NewPageSkeleton = false;  // a new HTML page is a whole one in UTF-8, not "<HTML>" alone
 
+  bool ReopenSession = false;  // all documents of the last run come back at start
+  bool CutOldEnd = false;      // a shorter text saved over a longer file leaves nothing of it
+
   bool operator==(const PropsRecord&) const = default;
 };
 
@@ -65,17 +69,14 @@ void eachField(Record& props, Visit&& visit) {
   visit(props.StartMaximized, false);
   visit(props.RememberPosition, true);
   visit(props.ReopenLastFile, false);
-  visit(props.EditorFontName, "Zervo ISO");
+  visit(props.EditorFontName, base::kIsoFont);
   visit(props.EditorFontSize, kUsualFontSize);
   visit(props.EditorFontBold, false);
   visit(props.EditorFontItalic, false);
   visit(props.EditorBackColor, base::rgb(255, 255, 255));
   visit(props.EditorColorExtra, 0);
   visit(props.ShowAtStart, 0);
-  visit(props.TypingFontName[0], "Zervo RUS");
-  visit(props.TypingFontName[1], "Zervo ISO");
-  visit(props.TypingFontName[2], "Zervo ASCII");
-  visit(props.TypingFontName[3], "Zervo ISO");
+  for (std::size_t i = 0; i < base::kTypingFonts.size(); ++i) visit(props.TypingFontName[i], base::kTypingFonts[i]);
   visit(props.NoBreakSpaceAsReference, true);  // right in a page of any encoding
   visit(props.SelectionPreview, true);
   visit(props.WordWrap, false);
@@ -87,7 +88,7 @@ void eachField(Record& props, Visit&& visit) {
   visit(props.FtpPassive, true);  // works from behind a home router too
   visit(props.PreviewInBrowser, false);
   visit(props.TypingModeAtStart, 0);
-  visit(props.Utf8FontName, "Zervo Mono");
+  visit(props.Utf8FontName, base::kMonoFont);
   visit(props.LiveColours, true);
   visit(props.LineNumbers, true);
   visit(props.CurrentLine, true);
@@ -96,6 +97,8 @@ void eachField(Record& props, Visit&& visit) {
   visit(props.Colours, ColourScheme::System);
   visit(props.ModeOfPage, true);
   visit(props.NewPageSkeleton, false);
+  visit(props.ReopenSession, false);
+  visit(props.CutOldEnd, false);
 }
 
 // The settings that the program is shipped with.

@@ -8,6 +8,7 @@
 
 #include "app/command.h"
 #include "app/document_list.h"
+#include "app/documents/session.h"
 #include "app/props_record.h"
 #include "ui/code_view.h"
 #include "ui/controls.h"
@@ -42,6 +43,11 @@ class Workbench {
   virtual PropsRecord storedProps() const = 0;
   // Writes them to props.ini, then puts them in force. Throws base::Error; then nothing has changed.
   virtual void setProps(const PropsRecord& props) = 0;
+
+  // The same documents, the shown one among them.
+  virtual Session& session() = 0;
+  // With all that belongs to it, to another place in the list.
+  virtual void moveDocument(std::int16_t from, std::int16_t to) = 0;
 
   // Byte text of any document, shown or not; valid until it changes.
   virtual std::string_view documentText(std::int16_t index) = 0;
@@ -91,6 +97,7 @@ class Workbench {
   ui::Signal<int> keyUp;
   ui::Signal<> startUp;  // the start-up action
   ui::Signal<> closing;
+  std::function<int()> inBackground;  // see ui::MainForm::background
   // What enters the code view for a typed character and for what is pasted, and what it gives to the
   // clipboard: the typing's to say.
   std::function<std::string(char32_t character)> typed;

@@ -15,8 +15,9 @@ enum class Kind { Nothing, File, Folder, Other };
 struct Look {
   Kind kind = Kind::Nothing;
   bool readOnly = false;
-  std::uintmax_t size = 0;  // of a file
-  unsigned names = 1;       // of one file, by hard links
+  std::uintmax_t size = 0;   // of a file
+  unsigned names = 1;        // of one file, by hard links
+  std::int64_t changed = 0;  // when it was last written, in the system's own units
 };
 Look look(std::string_view path);
 
@@ -40,11 +41,36 @@ int remove(std::string_view path);  // a file or an empty folder
 int makeFolder(std::string_view path);
 int fileNames(std::string_view folder, std::vector<std::string>& names);  // adds those of its ordinary files
 
+struct Entry {
+  std::string name;
+  Kind kind = Kind::Other;  // of a link: what it leads to
+  bool link = false;        // symbolic links, junctions
+};
+int entries(std::string_view folder, std::vector<Entry>& found);  // adds all but "." and "..", in no order
+bool isLink(std::string_view path);
+
+// When the bytes of a file were last changed, and its marks: the rights of its mode, or the attributes of
+// Windows. Of a link those of what it leads to.
+struct Stamp {
+  std::int64_t seconds = 0;  // since 1970, UTC
+  std::uint32_t nanoseconds = 0;
+  std::uint32_t marks = 0;
+  bool operator==(const Stamp&) const = default;
+};
+int stamp(std::string_view path, Stamp& found);
+int setStamp(std::string_view path, const Stamp& stamp);
+// Names that were made, changed or removed in the folder are on the disk afterwards.
+int flushFolder(std::string_view path);
+
 bool same(std::string_view a, std::string_view b);  // one existing file, whatever the spelling
+// What names an existing file among all, whatever the path; empty where it is not there or cannot be told.
+std::string identity(std::string_view path);
+// The full path without links, "." and ".."; what of its end is not there yet stays as it is spelt.
+std::string realPath(std::string_view path);
 std::string tempFolder();
-std::string fullPath(std::string_view path);  // a relative one begins at the working folder
-std::string ownFolder();                      // of the program, for this user; made when it is missing
-std::string newName();                        // no other run of the program makes the same
+std::string fullPath(std::string_view path);   // a relative one begins at the working folder
+std::string ownFolder(std::string_view part);  // of the program, for this user; made when it is missing
+std::string newName();                         // no other run of the program makes the same
 void pause(int milliseconds);
 
 }  // namespace base::disk

@@ -1,8 +1,10 @@
 // Writing whole files.
 #include <algorithm>
 #include <cerrno>
+#include <functional>
 #include <iterator>
 #include <optional>
+#include <utility>
 
 #include "base/disk.h"
 #include "base/file_errors.h"
@@ -26,7 +28,8 @@ class TemporaryFile {
   }
   const std::string& path() const { return path_; }
 
-  int write(std::string_view bytes) {
+  // `more` gives the next bytes, none at the end; what it throws ends the writing.
+  int write(const std::function<std::string_view()>& more) {
     std::FILE* file = nullptr;
     for (int code = EEXIST; code == EEXIST;) {
       // Short, whatever the target is called.
@@ -39,10 +42,21 @@ class TemporaryFile {
     made_ = true;
     errno = 0;
     int code = 0;
-    if (std::fwrite(bytes.data(), 1, bytes.size(), file) != bytes.size()) code = errno != 0 ? errno : ENOSPC;
+    try {
+      for (std::string_view bytes = more(); !bytes.empty() && code == 0; bytes = more()) {
+        if (std::fwrite(bytes.data(), 1, bytes.size(), file) != bytes.size())
+          code = errno != 0 ? errno : ENOSPC;
+      }
+    } catch (...) {
+      std::fclose(file);
+      throw;
+    }
     if (code == 0) code = disk::flush(file);
     if (std::fclose(file) != 0 && code == 0) code = errno != 0 ? errno : EIO;
     return code;
+  }
+  int write(std::string_view bytes) {
+    return write([&] { return std::exchange(bytes, {}); });
   }
 
  private:
@@ -109,12 +123,33 @@ void writeFile(std::string_view path, std::string_view bytes) {
   if (code != 0) throwFileError(code, path);
 }
 
-void overwriteFile(std::string_view path, std::string_view bytes) {
-  if (!fileExists(path)) return writeFile(path, bytes);
-  const std::string old = readFile(path);
-  if (old.size() <= bytes.size()) return writeFile(path, bytes);
-  std::string whole(bytes);
-  writeFile(path, whole.append(old, bytes.size()));
+std::string overwriteFile(std::string_view path, std::string_view bytes) {
+  std::string tail;
+  if (fileExists(path)) {
+    const std::string old = readFile(path);
+    if (old.size() > bytes.size()) tail = old.substr(bytes.size());
+  }
+  if (tail.empty()) {
+    writeFile(path, bytes);
+  } else {
+    writeFile(path, std::string(bytes) + tail);
+  }
+  return tail;
+}
+
+void copyInPieces(std::string_view from, std::string_view to) {
+  constexpr std::size_t kPiece = 1U << 18U;
+  std::FILE* const source = disk::open(from, disk::Mode::Read);
+  if (source == nullptr) throwFileError(errno, from);
+  std::string piece(kPiece, '\0');
+  TemporaryFile temporary(to);
+  int code = temporary.write(
+      [&] { return std::string_view(piece).substr(0, std::fread(piece.data(), 1, kPiece, source)); });
+  const bool read = std::ferror(source) == 0;
+  std::fclose(source);
+  if (!read) throwFileError(EIO, from);
+  if (code == 0) code = disk::rename(temporary.path(), to);
+  if (code != 0) throwFileError(code, to);
 }
 
 }  // namespace base

@@ -30,11 +30,14 @@ std::string readFile(std::string_view path);
 // which finishInterruptedWrites() makes it whole if the program dies meanwhile. Missing folders are not made.
 void writeFile(std::string_view path, std::string_view bytes);
 
-// Like writing over the file from its first byte without truncating it: a longer old file keeps its tail.
-void overwriteFile(std::string_view path, std::string_view bytes);
+// Like writing over the file from its first byte without truncating it: a longer old file keeps its tail,
+// which is returned.
+std::string overwriteFile(std::string_view path, std::string_view bytes);
 
 // Replaces an existing target; copying a file onto itself does nothing.
 void copyFile(std::string_view from, std::string_view to);
+// The same for a file of any size, with little memory. `to` is whole or not there at every moment.
+void copyInPieces(std::string_view from, std::string_view to);
 void renameFile(std::string_view from, std::string_view to);  // replaces an existing target
 void removeFile(std::string_view path);                       // a missing file is no error
 

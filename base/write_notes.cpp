@@ -81,7 +81,7 @@ int WriteNote::rewriting(std::string_view path, std::string_view before, std::st
 
 int WriteNote::keep(std::string_view bytes, bool flush) {
   for (int code = EEXIST; code == EEXIST;) {
-    path_ = joinPath(disk::ownFolder(), disk::newName() + kNoteEnd);
+    path_ = joinPath(disk::ownFolder("Writing"), disk::newName() + kNoteEnd);
     file_ = disk::open(path_, disk::Mode::Create);
     code = file_ == nullptr ? errno : 0;
     if (code != 0 && code != EEXIST) return code;
@@ -109,7 +109,7 @@ int rewriteInPlace(std::string_view path, std::string_view before, std::string_v
 }
 
 void finishInterruptedWrites() {
-  const std::string folder = disk::ownFolder();
+  const std::string folder = disk::ownFolder("Writing");
   for (const std::string& name : fileNames(folder)) {
     if (!name.ends_with(kNoteEnd)) continue;
     const std::string path = joinPath(folder, name);

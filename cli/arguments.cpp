@@ -1,5 +1,9 @@
 #include "cli/arguments.h"
 
+#include <algorithm>
+#include <charconv>
+#include <thread>
+
 namespace cli {
 namespace {
 
@@ -8,18 +12,21 @@ class Parser {
   Parser(const std::vector<std::string>& words, std::string& fault) : words_(words), fault_(fault) {}
 
   std::optional<Arguments> run() {
-    if (words_.empty()) return bad("nothing to do: say detect or convert (--help tells more)");
+    if (words_.empty()) return bad("nothing to do: say detect, convert, site or publish (--help tells more)");
     const std::string& first = words_[next_++];
     if (first == "--help" || first == "-h") return made_;
     if (first == "--version") {
       made_.task = Task::Version;
       return made_;
     }
+    if (first == "publish") return made_;  // asks for help
     if (first == "detect")
       made_.task = Task::Detect;
     else if (first == "convert")
       made_.task = Task::Convert;
-    else
+    else if (first == "site") {
+      if (!siteTask()) return std::nullopt;
+    } else
       return bad("unknown command: " + first);
     while (next_ < words_.size()) {
       const std::string& word = words_[next_++];
@@ -55,12 +62,21 @@ class Parser {
   }
 
   bool option(const std::string& word) {
-    const std::string name = word.substr(0, word.find('='));
+    // "-j4" as make has it.
+    const std::string name = word.starts_with("-j") ? "-j" : word.substr(0, word.find('='));
     const bool flag = name.size() == word.size();
     const auto unknown = [&] {
       fault_ = "unknown option: " + word;
       return false;
     };
+    if (made_.task >= Task::SitePlan) {
+      if (siteOption(word, name, flag)) return true;
+      if (!fault_.empty()) return false;
+      if (made_.task >= Task::SiteRestore) return unknown();
+      if (name == "-o" || name == "--output" || name == "--in-place" || name == "--text" ||
+          name == "--backup")
+        return unknown();
+    }
     if (name == "--text" && flag) return made_.text = true;
     if (name == "--fonts") return take(made_.fonts, word, name);
     if (made_.task == Task::Detect) {
@@ -80,6 +96,66 @@ class Parser {
     if (name == "--from") return from(word);
     if (name == "--old-fonts") return oldFonts(word);
     return unknown();
+  }
+
+  bool siteTask() {
+    const std::string what = next_ < words_.size() ? words_[next_++] : std::string();
+    if (what == "plan")
+      made_.task = Task::SitePlan;
+    else if (what == "apply")
+      made_.task = Task::SiteApply;
+    else if (what == "restore")
+      made_.task = Task::SiteRestore;
+    else if (what == "report")
+      made_.task = Task::SiteReport;
+    else
+      fault_ = "site is followed by plan, apply, restore or report";
+    return fault_.empty();
+  }
+
+  bool number(const std::string& word, std::string_view name, std::size_t most, std::size_t& into) {
+    std::string given;
+    if (name == "-j" && word.size() > 2)
+      given = word.substr(word[2] == '=' ? 3 : 2);
+    else if (!take(given, word, name))
+      return false;
+    const auto read = std::from_chars(given.data(), given.data() + given.size(), into);
+    if (read.ec != std::errc() || read.ptr != given.data() + given.size() || into > most)
+      fault_ = std::string(name) + " is a number from 0 to " + std::to_string(most) + ", not " + given;
+    return fault_.empty();
+  }
+
+  // Those of site alone. False with no fault where the word is none of them.
+  bool siteOption(const std::string& word, const std::string& name, bool flag) {
+    const bool plan = made_.task == Task::SitePlan;
+    const bool apply = made_.task == Task::SiteApply;
+    const bool restore = made_.task == Task::SiteRestore;
+    const auto text = [&](std::string& into) { return take(into, word, name) && notEmpty(into, name); };
+    const auto further = [&](std::vector<std::string>& into) { return text(into.emplace_back()); };
+    if (name == "--report" && !restore) return text(made_.report);
+    if (name == "--jsonl") return text(made_.jsonl);
+    if (name == "--force" && flag && (apply || restore)) return made_.force = true;
+    if (name == "--folder" && restore) return text(made_.folder);
+    if (made_.task == Task::SiteReport) return false;
+    if (name == "--progress" && flag) return made_.progress = true;
+    if (name == "-j") {
+      std::size_t threads = 1;
+      constexpr std::size_t kMostThreads = 256;
+      if (!number(word, name, kMostThreads, threads)) return false;
+      made_.threads =
+          threads > 0 ? static_cast<unsigned>(threads) : std::max(1U, std::thread::hardware_concurrency());
+      return true;
+    }
+    if (restore) return false;
+    if (name == "--plan") return further(made_.plans);
+    if (name == "--include") return further(made_.include);
+    if (name == "--exclude") return further(made_.exclude);
+    if (name == "--files") return text(made_.list);
+    if (name == "--differences") return number(word, name, 1000000, made_.differences);
+    if (name == "--out" && apply) return text(made_.out);
+    if (name == "--backup" && apply) return text(made_.backup);
+    if (plan && (name == "--out" || name == "--backup")) fault_ = name + " is for apply: plan writes nothing";
+    return false;
   }
 
   bool take(std::string& into, const std::string& word, std::string_view name) {
@@ -133,6 +209,7 @@ class Parser {
   }
 
   std::optional<Arguments> checked() {
+    if (made_.task >= Task::SitePlan) return siteChecked();
     if (made_.files.empty()) return bad("no file is named (- is the standard input)");
     if (made_.task == Task::Detect) return made_;
     if (made_.files.size() > 1) return bad("convert takes one file, not also " + made_.files[1]);
@@ -141,6 +218,23 @@ class Parser {
     if (!made_.backup.empty() && !made_.inPlace) return bad("--backup is for --in-place");
     if (made_.backup.find_first_of("/\\") != std::string::npos)
       return bad("the suffix of --backup holds a slash");
+    return made_;
+  }
+
+  std::optional<Arguments> siteChecked() {
+    if (made_.task == Task::SiteReport) {
+      if (made_.files.empty()) return bad("no file of JSON Lines is named (- is the standard input)");
+      if (made_.report.empty() && made_.jsonl.empty()) made_.report = "-";
+    } else {
+      const bool restore = made_.task == Task::SiteRestore;
+      if (made_.files.empty()) return bad(restore ? "no backup folder is named" : "no folder is named");
+      if (made_.files.size() > 1) return bad("one folder, not also " + made_.files[1]);
+      if (made_.fromUtf16) return bad("--from utf-16 is for convert");
+    }
+    if (made_.report == "-" && made_.jsonl == "-")
+      return bad("either --report or --jsonl to the standard output");
+    if (made_.task == Task::SiteApply && made_.out.empty() == made_.backup.empty())
+      return bad("apply needs --out DIR, a new folder, or --backup DIR, to change the files themselves");
     return made_;
   }
 
@@ -160,6 +254,11 @@ std::string_view helpText() {
   return R"(Usage:
   zervo-cli detect [--json] [--fonts FILE] [--text] FILE...
   zervo-cli convert [OPTION...] FILE
+  zervo-cli site plan FOLDER [--report FILE.html] [--jsonl FILE] [OPTION...]
+  zervo-cli site apply FOLDER --out DIR | --backup DIR [--plan FILE.jsonl] [--report FILE.html] [--jsonl FILE] [OPTION...]
+  zervo-cli site restore DIR [--folder FOLDER] [--force]
+  zervo-cli site report FILE.jsonl... [--report FILE.html] [--jsonl FILE]
+  zervo-cli publish [OPTION...] ADDRESS FOLDER
   zervo-cli --help | --version
 
 detect tells in what form the letters of each file are:
@@ -180,10 +279,39 @@ Options:
   --comments              convert comments too
   --no-scripts            leave the strings of scripts
 
+site does the same for a whole folder, or the documents of a *.WEB project: HTML, SHTML, PHP, ASP, XML, TXT, and the style
+sheets and scripts, which take their form from the pages that link them where they do not tell it. plan only tells what
+would change. apply does it: into the new folder DIR with all other files of the site, or in place, with the old files and
+a journal in the folder DIR; started again it goes on where it was stopped. restore gives every file of a backup its old
+bytes, time and attributes. report makes one report of the JSON Lines of several runs. With the options above but -o,
+--in-place and --text, and:
+  --report FILE           an HTML page with totals and, file by file, what changes
+  --jsonl FILE            the same as JSON Lines, one for each file; - is the standard output
+  --plan FILE             JSON Lines of an earlier plan (may be repeated). apply does only what was planned, and leaves
+                          files that changed since; plan takes from it what pages link a style sheet or script
+  --files LIST            only the files that LIST names, one a line (or NUL between them); - is the standard input
+  --include GLOB, --exclude GLOB   only these are converted; these are passed over. May be repeated: "*.htm", "old/**"
+  -j N                    N threads; 0: as many as there are processors (1)
+  --differences N         changes of a file that are shown, at most (40)
+  --force                 apply --out: over other files in DIR; restore: also what others changed since
+  --progress              tell on the standard error how far it is
+
 FORM: utf-8 ascii legacy academy keyboard references russian western double-utf-8, of a page also mixed unknown.
 
-Exit: 0 done; 1 done, but texts were left whose form is uncertain (they are listed); 2 wrong usage; 3 a file cannot be
-read or written, or is no page.
+publish sends what has changed in FOLDER to sftp://USER@HOST:PORT/DIR, ftps://USER@HOST/DIR or ftp://USER@HOST/DIR and
+lists each file: new, changed, same, gone (no longer in FOLDER) or conflict (the server's is not what was sent last).
+The password is read from ZERVO_PASSWORD or asked. Options:
+  --dry-run               only list
+  --delete                remove at the server what is gone
+  --overwrite             send over what is in conflict, too
+  --key FILE              private key for sftp; without it those of a running agent
+  --known-hosts FILE      keys of sftp servers, in OpenSSH's format
+  --ca FILE               certificates in PEM that are trusted for ftps, instead of the system's
+  --timeout SECONDS       until a silent server is given up (30)
+  --verbose               show the conversation
+
+Exit: 0 done; 1 done, but texts were left whose form is uncertain (they are listed), or conflicts; 2 wrong usage; 3 a file
+cannot be read or written, is no page, was not published, or (of a site) was left because it is not what it was.
 )";
 }
 

@@ -11,7 +11,7 @@
 
 namespace cli {
 
-enum class Task { Help, Version, Detect, Convert };
+enum class Task { Help, Version, Detect, Convert, SitePlan, SiteApply, SiteRestore, SiteReport };
 
 struct Arguments {
   Task task = Task::Help;
@@ -28,7 +28,19 @@ struct Arguments {
   std::string fonts;  // path of a table; empty: only the built-in one
   std::string output;
   bool inPlace = false;
-  std::string backup;  // suffix
+  std::string backup;  // suffix; of a site a folder
+
+  // Of a site.
+  std::string out;                 // new folder
+  std::string folder;              // where a restored site is now
+  std::string report, jsonl;       // files; "-" is the standard output
+  std::string list;                // file with names of files; "-" is the standard input
+  std::vector<std::string> plans;  // of earlier runs
+  std::vector<std::string> include, exclude;
+  unsigned threads = 1;
+  std::size_t differences = 40;
+  bool force = false;
+  bool progress = false;
 };
 
 // Nothing, and a sentence in `fault`, when the words cannot be understood.

@@ -11,6 +11,9 @@
 #include "base/utf8.h"
 #include "cli/arguments.h"
 #include "cli/json.h"
+#include "cli/publish.h"
+#include "cli/shared.h"
+#include "cli/site.h"
 #include "convert/font_table.h"
 #include "convert/page_plan.h"
 
@@ -27,25 +30,6 @@ struct Fault {
   std::string sentence;
 };
 
-std::string sentenceOf(const base::Error& error) {
-  switch (error.number()) {
-    case base::ErrorNumber::FileNotFound:
-      return "there is no such file";
-    case base::ErrorNumber::PathNotFound:
-      return "there is no such folder";
-    case base::ErrorNumber::PathAccess:
-      return "this is a folder";
-    case base::ErrorNumber::PermissionDenied:
-      return "access is denied";
-    case base::ErrorNumber::DiskFull:
-      return "the disk is full";
-    case base::ErrorNumber::OutOfMemory:
-      return "there is not enough memory";
-    default:
-      return "it cannot be read or written";
-  }
-}
-
 convert::PageKind kindOf(const std::string& file, bool text) {
   if (text) return convert::PageKind::PlainText;
   const std::string extension = base::extensionOf(base::fileName(file));
@@ -58,7 +42,7 @@ class Program {
   Program(const Arguments& arguments, const Streams& streams) : arguments_(arguments), streams_(streams) {}
 
   int run() {
-    if (!arguments_.fonts.empty() && !readFonts()) return kNoReadWrite;
+    if (!readFonts(arguments_.fonts, fonts_, streams_)) return kNoReadWrite;
     int worst = kDone;
     for (const std::string& file : arguments_.files) {
       const int code = arguments_.task == Task::Detect ? guarded(file, &Program::detect)
@@ -83,10 +67,7 @@ class Program {
     return kNoReadWrite;
   }
 
-  void complain(const std::string& file, std::string_view what) const {
-    const std::string line = file + ": " + std::string(what) + "\n";
-    std::fwrite(line.data(), 1, line.size(), streams_.err);
-  }
+  void complain(const std::string& file, std::string_view what) const { cli::complain(streams_, file, what); }
 
   void put(std::string_view bytes) const {
     if (std::fwrite(bytes.data(), 1, bytes.size(), streams_.out) != bytes.size()) {
@@ -96,34 +77,9 @@ class Program {
 
   std::string read(const std::string& file) const {
     if (file != "-") return base::readFile(file);
-    std::string bytes;
-    constexpr std::size_t kBlock = 1U << 20U;
-    for (std::size_t done = 0;;) {
-      bytes.resize(std::max(done + kBlock, bytes.size()));
-      const std::size_t size = std::fread(bytes.data() + done, 1, kBlock, streams_.in);
-      done += size;
-      if (size < kBlock) {
-        bytes.resize(done);
-        break;
-      }
-    }
-    if (std::ferror(streams_.in) != 0) throw Fault{"the input cannot be read"};
-    return bytes;
-  }
-
-  bool readFonts() {
-    fonts_ = convert::FontTable::builtIn();
-    std::string lines;
-    try {
-      lines = base::readFile(arguments_.fonts);
-    } catch (const base::Error& error) {
-      complain(arguments_.fonts, sentenceOf(error));
-      return false;
-    }
-    for (const std::size_t line : fonts_.add(lines)) {
-      complain(arguments_.fonts, std::to_string(line) + ": this line names no form");
-    }
-    return true;
+    auto bytes = readAll(streams_.in);
+    if (!bytes) throw Fault{"the input cannot be read"};
+    return std::move(*bytes);
   }
 
   convert::DetectorOptions detectorOptions(const std::string& file) const {
@@ -227,10 +183,14 @@ class Program {
 
 }  // namespace
 
-int run(const std::vector<std::string>& words, const Streams& streams) {
+int run(const std::vector<std::string>& words, const Streams& streams, const Machine& machine) {
   const auto say = [](std::FILE* file, std::string_view text) {
     std::fwrite(text.data(), 1, text.size(), file);
   };
+  const bool asksHelp = std::find(words.begin(), words.end(), "--help") != words.end();
+  if (!words.empty() && words[0] == "publish" && !asksHelp) {
+    return publish({words.begin() + 1, words.end()}, streams, machine);
+  }
   std::string fault;
   const auto arguments = parse(words, fault);
   if (!arguments) {
@@ -245,6 +205,7 @@ int run(const std::vector<std::string>& words, const Streams& streams) {
     say(streams.out, "zervo-cli " ZERVO_VERSION "\n");
     return kDone;
   }
+  if (arguments->task >= Task::SitePlan) return runSite(*arguments, streams);
   return Program(*arguments, streams).run();
 }
 

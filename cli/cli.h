@@ -20,7 +20,9 @@ enum ExitCode : int {
   kNoReadWrite = 3  // a file cannot be read, is no page, or cannot be written
 };
 
+struct Machine;
+
 // `arguments` are UTF-8, without the program's name. Throws nothing.
-int run(const std::vector<std::string>& arguments, const Streams& streams);
+int run(const std::vector<std::string>& arguments, const Streams& streams, const Machine& machine);
 
 }  // namespace cli

@@ -1,32 +1,14 @@
 #include "cli/json.h"
 
 #include <algorithm>
-#include <array>
 
+#include "base/json.h"
 #include "convert/page_plan.h"
 
 namespace cli {
 namespace {
 
 constexpr std::size_t kShownBytes = 200;
-constexpr std::array<std::string_view, 6> kPlaces = {"text",   "title",      "attribute",
-                                                     "script", "css string", "comment"};
-
-std::string quoted(std::string_view utf8) {
-  std::string out = "\"";
-  for (const char c : utf8) {
-    const auto byte = static_cast<std::uint8_t>(c);
-    if (byte < 0x20) {
-      out += "\\u00";
-      out += "0123456789abcdef"[byte >> 4];
-      out += "0123456789abcdef"[byte & 15];
-    } else {
-      if (c == '"' || c == '\\') out += '\\';
-      out += c;
-    }
-  }
-  return out + '"';
-}
 
 }  // namespace
 
@@ -54,11 +36,11 @@ std::string oneLine(std::string_view bytes, convert::Form form) {
 void writeJson(std::string_view file, std::string_view page, const convert::Detection& found,
                const std::function<void(std::string_view)>& write) {
   const auto number = [](std::size_t n) { return std::to_string(n); };
-  std::string line = "{\"file\":" + quoted(file) + ",\"form\":\"" + std::string(nameOf(found.page.form)) +
-                     "\",\"confidence\":" + share(found.page.confidence) +
-                     ",\"letters\":" + number(found.page.letters);
+  std::string line =
+      "{\"file\":" + base::jsonQuoted(file) + ",\"form\":\"" + std::string(nameOf(found.page.form)) +
+      "\",\"confidence\":" + share(found.page.confidence) + ",\"letters\":" + number(found.page.letters);
   if (found.page.trouble != convert::Trouble::None) {
-    line += ",\"trouble\":" + quoted(sentenceOf(found.page.trouble));
+    line += ",\"trouble\":" + base::jsonQuoted(sentenceOf(found.page.trouble));
   }
   line += ",\"runs\":[";
   convert::LineCounter lines(page);
@@ -68,13 +50,13 @@ void writeJson(std::string_view file, std::string_view page, const convert::Dete
     if (i++ > 0) line += ',';
     const std::size_t size = std::min<std::size_t>(piece.end - piece.begin, kShownBytes);
     line += "{\"line\":" + number(lines.lineOf(piece.begin)) + ",\"begin\":" + number(piece.begin) +
-            ",\"end\":" + number(piece.end) + ",\"place\":\"" +
-            std::string(kPlaces[static_cast<std::size_t>(piece.place)]) + "\",\"form\":\"" +
-            std::string(nameOf(verdict.form)) + "\",\"confidence\":" + share(verdict.confidence) +
-            ",\"reason\":\"" + std::string(nameOf(verdict.reason)) +
+            ",\"end\":" + number(piece.end) + ",\"place\":\"" + std::string(nameOf(piece.place)) +
+            "\",\"form\":\"" + std::string(nameOf(verdict.form)) +
+            "\",\"confidence\":" + share(verdict.confidence) + ",\"reason\":\"" +
+            std::string(nameOf(verdict.reason)) +
             "\",\"uncertain\":" + (verdict.uncertain ? "true" : "false") +
             ",\"letters\":" + number(verdict.letters) +
-            ",\"text\":" + quoted(oneLine(page.substr(piece.begin, size), verdict.form)) + "}";
+            ",\"text\":" + base::jsonQuoted(oneLine(page.substr(piece.begin, size), verdict.form)) + "}";
     write(line);
     line.clear();
   }

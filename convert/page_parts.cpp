@@ -516,6 +516,12 @@ class Walk {
 
 }  // namespace
 
+std::string_view nameOf(Place place) {
+  constexpr std::array<std::string_view, 6> kNames = {"text",   "title",      "attribute",
+                                                      "script", "css string", "comment"};
+  return kNames[static_cast<std::size_t>(place)];
+}
+
 PageParts partsOf(std::string_view page, const PartsWanted& wanted) {
   return Walk(page, wanted).run();
 }

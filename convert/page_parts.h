@@ -23,6 +23,7 @@ enum class PageKind : std::uint8_t {
 };
 
 enum class Place : std::uint8_t { Text, Title, Attribute, ScriptString, CssString, Comment };
+std::string_view nameOf(Place place);
 
 // Offsets are 32-bit: a page is smaller than 4 GB, and there are many of these.
 struct PagePiece {

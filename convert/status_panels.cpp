@@ -49,10 +49,7 @@ StatusPanels::StatusPanels(app::Workbench& bench, const Conversions& conversions
   bench.propsInForce.connect([this] { showPreview(); });
   bench.selectionChanged.connect([this] { showPreview(); });
   bench.textChanged.connect([this] { countsStale_ = true; });
-  bench.viewChanged.connect([this] {
-    showPreview();
-    showCounts();
-  });
+  bench.viewChanged.connect([this] { showPreview(); });
   bench.pause.connect([this] { showCounts(); });
 }
 

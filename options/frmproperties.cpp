@@ -5,6 +5,7 @@
 
 #include "app/code_look.h"
 #include "app/mdlsaerto.h"
+#include "base/font_names.h"
 #include "base/text.h"
 
 namespace options {
@@ -17,11 +18,9 @@ constexpr int kMostSize = 200;
 constexpr base::Color kWhite = base::rgb(255, 255, 255);
 constexpr int kLatinMode = 3;
 
-const std::array<std::string, 5> kBundled = {"Zervo ISO", "Zervo ASCII", "Zervo RUS", "Zervo Mono",
-                                             "Zervo Sans"};
-const std::string& kUtf8Font = kBundled[3];
-// Of the typing modes, by number: the font where the settings name none, and a few words in the mode's bytes.
-const std::array<std::string, 4> kTypingFonts = {"Zervo RUS", "Zervo ISO", "Zervo ASCII", "Zervo ISO"};
+const std::array<std::string, 5> kBundled = {base::kIsoFont, base::kAsciiFont, base::kRussianFont, base::kMonoFont,
+                                             base::kSansFont};
+// A few words in the bytes of each typing mode.
 const std::array<ui::Text, 4> kTypingWords = {"Ðóññêèé òåêñò"_legacy, "ØÀÒÈÖËÉ ÔÄØÓÔÉ"_legacy,
                                               "qarTuli teqsti", "Latin <BR>"};
 const std::string kUtf8Words = "ქართული Аб é";
@@ -133,9 +132,9 @@ void frmproperties::fill(const app::PropsRecord& props) {
   text_ = static_cast<base::Color>(props.EditorColorExtra);
   for (std::size_t i = 0; i < CBtyping.size(); ++i) {
     const std::string& name = props.TypingFontName[i];
-    selectFont(*CBtyping[i], name.empty() ? kTypingFonts[i] : name);
+    selectFont(*CBtyping[i], name.empty() ? base::kTypingFonts[i] : name);
   }
-  selectFont(CButf8font, props.Utf8FontName.empty() ? kUtf8Font : props.Utf8FontName);
+  selectFont(CButf8font, props.Utf8FontName.empty() ? base::kMonoFont : props.Utf8FontName);
   CBcolours.setSelected(static_cast<int>(props.Colours));
   (props.NoBreakSpaceAsReference ? OPreference : OPbytes).choose();
   Theader.setText(props.HeaderText);

@@ -11,6 +11,7 @@
 #include "program/about.h"
 #include "project/project_commands.h"
 #include "recent/recent_commands.h"
+#include "recovery/attach.h"
 #include "search/attach.h"
 
 namespace program {
@@ -30,6 +31,7 @@ struct Program::Parts {
   std::unique_ptr<editor::Editor> editing = editor::attach(window);
   std::unique_ptr<generators::Generators> generating = generators::attach(window);
   preview::Preview previewing{window};
+  std::unique_ptr<recovery::Recovery> recovering = recovery::attach(window);
 };
 
 Program::Program(ui::Platform& platform, ui::CodeView& codeView)
@@ -44,6 +46,7 @@ ui::MainForm& Program::window() {
 void Program::start(const std::string& commandLine) {
   base::finishInterruptedWrites();
   parts_->window.entry(commandLine);
+  parts_->recovering->start(commandLine.empty());
 }
 
 }  // namespace program

@@ -19,9 +19,12 @@
 #define IDC_FrmH_T1 1001
 #define IDC_FrmH_TV 1002
 #define IDC_FrmH_Status 1003
-#define IDC_FrmH_TS 1004     // tabs of the open documents
-#define IDC_FrmH_Ttags 1005  // groups of the tag palette
-#define IDC_FrmH_Ltags 1006  // the codes of the chosen group
+#define IDC_FrmH_TS 1004       // tabs of the open documents
+#define IDC_FrmH_Ttags 1005    // groups of the tag palette
+#define IDC_FrmH_Ltags 1006    // the codes of the chosen group
+#define IDC_FrmH_Lnotice 1007  // the line of news above the text, and
+#define IDC_FrmH_Cnotice 1008  // its buttons
+#define IDC_FrmH_CnoticeClose 1009
 
 // Template formats
 #define mnuDesign 40801

@@ -5,10 +5,11 @@
 #include "app/document_tree.h"
 #include "app/mdlsaerto.h"
 #include "app/progress.h"
+#include "base/scoped_flag.h"
 #include "base/line_ends.h"
 #include "base/moved_place.h"
 #include "base/text.h"
-#include "search/busy.h"
+#include "base/utf8.h"
 #include "search/insert_menu.h"
 #include "search/terms.h"
 
@@ -202,7 +203,7 @@ void frmsuch::step(Direction direction) {
   }
   remember();
   {
-    const Busy busy(busy_);
+    const base::ScopedFlag busy(busy_);
     findindex();
     followEdits();
     const std::string_view text = T1_.text();
@@ -281,7 +282,7 @@ bool frmsuch::suchen() {
   hits.clear();
   stopped_ = false;
   if (splitTerms(Text1.text()).empty()) return false;
-  const Busy busy(busy_);
+  const base::ScopedFlag busy(busy_);
   try {
     setRange(T1_.text().size());
     targets_ = targets();
@@ -431,8 +432,15 @@ Comparison frmsuch::comparison() const {
 // The fields end lines with CR LF. One that is read as UTF-8 holds it already.
 std::string frmsuch::searched(const std::string& field, std::string_view document) {
   const std::string text = base::withLineEndsOf(document, field);
+  const convert::ReadAs written = convert::readAs(bench_);
   const bool utf8 = Text1.font().characterSet == ui::CharacterSet::Utf8;
-  return CKutf8.checked() && !utf8 ? utf8FromLegacy(text, tables()) : text;
+  if (CKutf8.checked() && !utf8) return utf8FromLegacy(text, tables());
+  if (document.data() == T1_.text().data()) return text;
+  // The fields are read as the shown document is; another one may be read otherwise.
+  convert::ReadAs there{base::readsAsUtf8(document) ? ui::TextView::Utf8 : ui::TextView::EightBit};
+  if (there.view == written.view) return text;
+  there.mode = convert::modeOfText(document).value_or(convert::TypingMode::GeorgianISO);
+  return convert::reencoded(text, written, there, tables()).value_or(text);
 }
 
 std::vector<Term> frmsuch::terms(std::string_view document) {

@@ -4,7 +4,8 @@
 # In a folder a file is a rule, which knows bytes and data alone, or speaks to the user. The speakers are named attach,
 # frm* and *_commands, or after SPEAKERS; "*": all files of the folder are. The rules are the library
 # zervo_FOLDER_rules, which may include the rules of RULES_NEED; the speakers are zervo_FOLDER, which may include the
-# folder's rules, all that they may include, and NEED. A folder without NEED has no speakers.
+# folder's rules, all that they may include, and NEED. A folder without NEED has no speakers. MORE: other sources of the
+# rules, LINK: libraries of others.
 set(ZERVO_FOLDERS "")
 set(ZERVO_PORTABLE "")
 file(WRITE ${CMAKE_BINARY_DIR}/folders.new "")
@@ -21,7 +22,7 @@ function(zervo_library name sources)
 endfunction()
 
 function(zervo_folder folder)
-  cmake_parse_arguments(PARSE_ARGV 1 this "" "" "RULES_NEED;NEED;SPEAKERS;MORE")
+  cmake_parse_arguments(PARSE_ARGV 1 this "" "" "RULES_NEED;NEED;SPEAKERS;MORE;LINK")
   list(JOIN this_SPEAKERS "|" names)
   set(speakers "^${folder}/(.*/)?(attach|frm[^/]*|[^/]*_commands|${names})\\.(h|cpp)$")
   if("*" IN_LIST this_SPEAKERS)
@@ -36,6 +37,7 @@ function(zervo_folder folder)
   list(TRANSFORM rules PREPEND ${CMAKE_SOURCE_DIR}/)
   list(TRANSFORM sources PREPEND ${CMAKE_SOURCE_DIR}/)
   list(TRANSFORM this_RULES_NEED REPLACE "(.+)" "zervo_\\1_rules" OUTPUT_VARIABLE needed)
+  list(APPEND needed ${this_LINK})
   list(APPEND rules ${this_MORE})
   set(made "")
   if(rules)
@@ -62,11 +64,15 @@ endfunction()
 # With what base/disk.h asks of the system, and the letters' statistics.
 zervo_folder(base MORE ${CMAKE_SOURCE_DIR}/platform/${ZERVO_DISK}/disk.cpp)
 zervo_folder(markup RULES_NEED base)
+zervo_folder(publish RULES_NEED base)
 zervo_folder(ui RULES_NEED base)
 zervo_folder(app SPEAKERS "*" NEED base ui)
 zervo_folder(convert RULES_NEED base markup NEED ui app SPEAKERS status_panels typing_mode
              MORE ${CMAKE_BINARY_DIR}/convert/letter_data.cpp)
-zervo_folder(cli RULES_NEED base markup convert)
+# A whole site in one go.
+find_package(Threads REQUIRED)
+zervo_folder(site RULES_NEED base markup convert LINK Threads::Threads)
+zervo_folder(cli RULES_NEED base markup convert site publish)
 zervo_folder(editor RULES_NEED base markup NEED ui app convert
              SPEAKERS editor colour_ranges colouring document_reference entities insertion list_keys pair_grid
                       shown_bytes tag_palette)
@@ -78,6 +84,7 @@ zervo_folder(recent RULES_NEED base NEED ui app)
 zervo_folder(print RULES_NEED base NEED ui app SPEAKERS print_settings print_sheet printing scaled_canvas)
 zervo_folder(preview RULES_NEED base markup NEED ui app SPEAKERS preview)
 zervo_folder(options SPEAKERS "*" NEED base ui app)
+zervo_folder(recovery RULES_NEED base NEED ui app)
 zervo_folder(program SPEAKERS "*"
-             NEED base ui app convert editor search project generators recent print preview options)
+             NEED base ui app convert editor search project generators recent print preview options recovery)
 file(COPY_FILE ${CMAKE_BINARY_DIR}/folders.new ${CMAKE_BINARY_DIR}/folders.txt ONLY_IF_DIFFERENT)

@@ -58,11 +58,19 @@ class CodeDocument {
   virtual std::string_view text() const = 0;
   // One undoable step, also while another document is shown.
   virtual void setText(std::string_view text) = 0;
+  // Without making the whole text one row of bytes, which takes a while after an edit of a large one.
+  virtual std::size_t size() const { return text().size(); }
+  virtual std::string piece(std::size_t start, std::size_t length) const {  // all inside the text
+    return std::string(text().substr(start, length));
+  }
 
   const std::uint64_t number = nextNumber();  // its own in this run of the program
-  bool viewDecided = false;                   // by its text, when it was first shown
-  bool viewChosen = false;                    // by the user: it is not decided by the text any more
-  int typingMode = -1;                        // -1: none chosen yet
+  std::uint64_t edits = 0;                    // so far, undoing and redoing among them
+  std::uint64_t savedEdits = 0;               // as many as there were when it was what its file holds
+  TextView view = TextView::EightBit;
+  bool viewDecided = false;  // by its text, when it was first shown
+  bool viewChosen = false;   // by the user: it is not decided by the text any more
+  int typingMode = -1;       // -1: none chosen yet
   Language language = Language::None;
 
  protected:
@@ -75,6 +83,13 @@ class CodeDocument {
     static std::uint64_t last = 0;
     return ++last;
   }
+};
+
+// One change of a document's text: `removed` bytes at `position` went and `added` came in their place.
+struct TextEdit {
+  std::size_t position;
+  std::size_t removed;
+  std::string_view added;  // not longer than the call
 };
 
 struct ColourRange {  // of a colour's number, from 0: those of the F12 rule
@@ -156,6 +171,8 @@ class CodeView {
 
   // Any change of the text, by the user or by the calls above.
   Signal<> changed;
+  // Each piece of it, of hidden documents too, at once: nothing may be changed from there.
+  Signal<const CodeDocument&, const TextEdit&> edited;
   Signal<> selectionChanged;
   // The whole text, or what a step() touched, has another form: by setText(), step(), and undo and redo of
   // one.

@@ -55,6 +55,10 @@ class MainForm : public Form {
   Control* above = nullptr;      // as high as it wants to be
   Control* rightTabs = nullptr;  // above the right pane, hidden and shown with it
   Control* rightPane = nullptr;
+  // A line of news above the code view with its buttons, from left to right; shown while `notice` is visible.
+  // Null: there is never one.
+  Label* notice = nullptr;
+  std::vector<Button*> noticeButtons;
 
   // Menu bar; each top item has items. Enabled and checked are brought up to date by menuOpening().
   std::vector<MenuItem> menus;
@@ -71,6 +75,9 @@ class MainForm : public Form {
   virtual void idle() = 0;
   // The user has done nothing for half a second, once after each time that they did.
   virtual void pause() = 0;
+  // A small piece of work that can wait, while no event is waiting: after how many milliseconds there is more
+  // to do, -1: when something has happened.
+  virtual int background() = 0;
   // Another theme, or other colours of the system.
   virtual void systemColoursChanged() = 0;
 

@@ -1,6 +1,8 @@
 // The system's disk where the rules and their tests run without Windows.
 #include "base/disk.h"
 
+#include <dirent.h>
+#include <fcntl.h>
 #include <sys/file.h>
 #include <sys/stat.h>
 #include <sys/xattr.h>
@@ -59,7 +61,10 @@ Look look(std::string_view path) {
     const auto size = fs::file_size(native(path), error);
     if (!error) found.size = size;
     struct stat known {};
-    if (stat(native(path).c_str(), &known) == 0) found.names = static_cast<unsigned>(known.st_nlink);
+    if (stat(native(path).c_str(), &known) == 0) {
+      found.names = static_cast<unsigned>(known.st_nlink);
+      found.changed = std::int64_t{known.st_mtim.tv_sec} * 1'000'000'000 + known.st_mtim.tv_nsec;
+    }
   } else if (fs::exists(status)) {
     found.kind = Kind::Other;
   }
@@ -147,9 +152,76 @@ int fileNames(std::string_view folder, std::vector<std::string>& names) {
   return error.value();
 }
 
+int entries(std::string_view folder, std::vector<Entry>& found) {
+  const fs::path path = native(folder);
+  DIR* const opened = opendir(path.c_str());
+  if (opened == nullptr) return errno;
+  errno = 0;
+  while (const dirent* const entry = readdir(opened)) {
+    const std::string_view name = entry->d_name;
+    if (name == "." || name == "..") continue;
+    Entry one{std::string(name)};
+    unsigned char type = entry->d_type;
+    struct stat known {};
+    if (type == DT_UNKNOWN && lstat((path / name).c_str(), &known) == 0) type = IFTODT(known.st_mode);
+    one.link = type == DT_LNK;
+    if (one.link) {
+      one.kind = look((path / name).string()).kind;
+    } else if (type == DT_REG) {
+      one.kind = Kind::File;
+    } else if (type == DT_DIR) {
+      one.kind = Kind::Folder;
+    }
+    found.push_back(std::move(one));
+    errno = 0;
+  }
+  const int code = errno;
+  closedir(opened);
+  return code;
+}
+
+bool isLink(std::string_view path) {
+  struct stat known {};
+  return lstat(native(path).c_str(), &known) == 0 && S_ISLNK(known.st_mode);
+}
+
+int stamp(std::string_view path, Stamp& found) {
+  struct stat known {};
+  if (stat(native(path).c_str(), &known) != 0) return errno;
+  found = {known.st_mtim.tv_sec, static_cast<std::uint32_t>(known.st_mtim.tv_nsec), known.st_mode & 07777};
+  return 0;
+}
+
+int setStamp(std::string_view path, const Stamp& stamp) {
+  const fs::path file = native(path);
+  const timespec times[2] = {{0, UTIME_OMIT}, {stamp.seconds, static_cast<long>(stamp.nanoseconds)}};
+  if (utimensat(AT_FDCWD, file.c_str(), times, 0) != 0 || chmod(file.c_str(), stamp.marks) != 0) return errno;
+  return 0;
+}
+
+int flushFolder(std::string_view path) {
+  const int folder = ::open(native(path).c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
+  if (folder < 0) return errno;
+  const int code = fsync(folder) == 0 ? 0 : errno;
+  close(folder);
+  return code;
+}
+
+std::string realPath(std::string_view path) {
+  std::error_code error;
+  const fs::path found = fs::weakly_canonical(fs::absolute(native(path)), error);
+  return error ? fullPath(path) : found.string();
+}
+
 bool same(std::string_view a, std::string_view b) {
   std::error_code error;
   return fs::equivalent(native(a), native(b), error) && !error;
+}
+
+std::string identity(std::string_view path) {
+  struct stat known {};
+  if (stat(native(path).c_str(), &known) != 0) return {};
+  return std::to_string(known.st_dev) + ":" + std::to_string(known.st_ino);
 }
 
 std::string tempFolder() {
@@ -161,13 +233,13 @@ std::string fullPath(std::string_view path) {
   return fs::absolute(native(path)).string();
 }
 
-std::string ownFolder() {
+std::string ownFolder(std::string_view part) {
   const char* const state = std::getenv("XDG_STATE_HOME");
   const char* const home = std::getenv("HOME");
   fs::path folder = state != nullptr && *state != '\0' ? fs::path(state)
                     : home != nullptr                  ? fs::path(home) / ".local/state"
                                                        : fs::temp_directory_path();
-  folder /= "zervo";
+  folder /= fs::path("zervo") / part;
   std::error_code error;
   fs::create_directories(folder, error);
   return folder.string();

@@ -32,8 +32,9 @@ int run() {
   program::Program program(platform, codeView);
   const win32::MainWindow window(program.window(), codeView);
   program.start(win32::utf8FromWide(commandLine()));
-  const int result = win32::runMessageLoop([&program] { program.window().idle(); },
-                                           [&program] { program.window().pause(); });
+  const int result =
+      win32::runMessageLoop([&program] { program.window().idle(); }, [&program] { program.window().pause(); },
+                            [&program] { return program.window().background(); });
   platform.closeModeless();
   return result;
 }

@@ -240,7 +240,7 @@ TEST(Files, TheNextRunEndsWhatADeadOneHadBegun) {
   EXPECT_EQ(base::readFile(torn), "NEW text");
   EXPECT_EQ(base::readFile(foreign), "somebody else's");
   EXPECT_TRUE(base::fileExists(mine));
-  EXPECT_EQ(base::fileNames(folder.path() + "/zervo").size(), 1U) << "the note of the run that lives";
+  EXPECT_EQ(base::fileNames(folder.path() + "/zervo/Writing").size(), 1U) << "the note of the run that lives";
   unsetenv("XDG_STATE_HOME");
 }
 

@@ -67,6 +67,7 @@ class SampleMain : public ui::MainForm {
   void filesDropped(const std::vector<std::string>&) override {}
   void idle() override {}
   void pause() override {}
+  int background() override { return -1; }
   void systemColoursChanged() override {}
 };
 

@@ -280,6 +280,16 @@ TEST_F(FrmsuchTest, StepsOverTheOpenDocumentsInTreeOrder) {
   EXPECT_EQ(selected(), "8+3");
 }
 
+TEST_F(FrmsuchTest, SearchesEachDocumentWithTheBytesOfItsOwnView) {
+  open(folder.make("a.html", "\xC2\xC0 \xC2\xC0"));
+  open(folder.make("b.html", "და-გა"));
+  open(folder.make("c.html", "\xC3\xC0 \xC2\xC0"));
+  clickNode("a.html");
+  find("\xC2\xC0");
+  D.CKalfil.userSet(true);
+  EXPECT_EQ(walk(), (Steps{"a.html 0+2", "a.html 3+2", "b.html 7+6", "c.html 3+2"}));
+}
+
 TEST_F(FrmsuchTest, StepsBackward) {
   showText("x.x.x");
   find("x");

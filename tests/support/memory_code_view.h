@@ -24,10 +24,15 @@ class MemoryCodeView : public ui::CodeView {
     };
     State now;
     std::vector<State> undo, redo;
-    ui::TextView view = ui::TextView::EightBit;
+    ui::Signal<const ui::CodeDocument&, const ui::TextEdit&>* edited = nullptr;  // of hidden ones
 
     std::string_view text() const override { return now.text; }
-    void setText(std::string_view text) override { become({std::string(text), 0, 0, true}); }
+    void setText(std::string_view text) override {
+      const std::size_t before = now.text.size();
+      become({std::string(text), 0, 0, true});
+      ++edits;
+      if (edited != nullptr) (*edited)(*this, {0, before, now.text});
+    }
     void become(State next) {
       undo.push_back(now);
       redo.clear();
@@ -39,6 +44,7 @@ class MemoryCodeView : public ui::CodeView {
     if (text.size() > limit) throw base::Error(base::ErrorNumber::OutOfMemory, "too long");
     auto made = std::make_shared<Document>();
     made->now.text = text;
+    made->edited = &edited;
     return made;
   }
   std::shared_ptr<ui::CodeDocument> document() const override { return shown_; }
@@ -161,15 +167,24 @@ class MemoryCodeView : public ui::CodeView {
     selectionChanged();
   }
   void edit(Document::State next) {
+    const std::size_t before = now().text.size();
     shown_->become(std::move(next));
+    tellEdit(before);
     tell();
+  }
+  // As one piece, whatever the edit was.
+  void tellEdit(std::size_t before) {
+    ++shown_->edits;
+    edited(*shown_, {0, before, now().text});
   }
   void travel(std::vector<Document::State>& from, std::vector<Document::State>& to) {
     if (from.empty()) return;
     const bool formed = from.back().formed || now().formed;
     to.push_back(now());
+    const std::size_t before = now().text.size();
     now() = from.back();
     from.pop_back();
+    tellEdit(before);
     tell();
     if (formed) reformed();
   }

@@ -3,10 +3,13 @@
 #include <io.h>
 
 #include <cstdio>
+#include <cstdlib>
 #include <string>
 #include <vector>
 
 #include "cli/cli.h"
+#include "cli/machine.h"
+#include "platform/curl/curl_transport.h"
 #include "platform/win32/system/windows_api.h"
 
 namespace {
@@ -31,6 +34,26 @@ class Utf8Console {
   UINT before_ = GetConsoleOutputCP();
 };
 
+std::optional<std::string> ask(const std::string& prompt, bool echo) {
+  const HANDLE console = GetStdHandle(STD_INPUT_HANDLE);
+  DWORD before = 0;
+  if (GetConsoleMode(console, &before) == FALSE) return std::nullopt;
+  std::fputs(prompt.c_str(), stderr);
+  SetConsoleMode(console, ENABLE_LINE_INPUT | ENABLE_PROCESSED_INPUT | (echo ? ENABLE_ECHO_INPUT : 0U));
+  std::wstring line;
+  bool whole = false;
+  wchar_t piece[128];
+  for (DWORD read = 0; !whole && ReadConsoleW(console, piece, 128, &read, nullptr) != FALSE && read > 0;) {
+    line.append(piece, read);
+    whole = line.ends_with(L'\n');
+  }
+  SetConsoleMode(console, before);
+  if (!echo) std::fputc('\n', stderr);
+  if (!whole) return std::nullopt;
+  line.resize(line.find_first_of(L"\r\n"));
+  return utf8(line.c_str());
+}
+
 }  // namespace
 
 int wmain(int count, wchar_t** words) {
@@ -39,5 +62,9 @@ int wmain(int count, wchar_t** words) {
   _setmode(_fileno(stdout), _O_BINARY);
   std::vector<std::string> arguments;
   for (int i = 1; i < count; ++i) arguments.push_back(utf8(words[i]));
-  return cli::run(arguments, {stdin, stdout, stderr});
+  cli::Machine machine;
+  machine.connect = platform::makeCurlTransport;
+  machine.ask = ask;
+  if (const wchar_t* const password = _wgetenv(L"ZERVO_PASSWORD")) machine.password = utf8(password);
+  return cli::run(arguments, {stdin, stdout, stderr}, machine);
 }

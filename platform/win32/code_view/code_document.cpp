@@ -46,8 +46,14 @@ void Workshop::release(sptr_t document) {
   control_.call(SCI_RELEASEDOCUMENT, 0, document);
 }
 
+std::string ScintillaDocument::piece(std::size_t start, std::size_t length) const {
+  const sptr_t bytes = workshop_->with(handle_).call(SCI_GETRANGEPOINTER, start, static_cast<sptr_t>(length));
+  return {reinterpret_cast<const char*>(bytes), length};
+}
+
 void ScintillaDocument::setText(std::string_view text) {
   const Scintilla& control = workshop_->with(handle_);
+  const auto before = static_cast<std::size_t>(control.length());
   Scintilla::Replaced result = Scintilla::Replaced::Nothing;
   {
     const UndoGroup group(control);
@@ -59,6 +65,7 @@ void ScintillaDocument::setText(std::string_view text) {
     throwTooLong();
   }
   control.followLineEnds();
+  if (result == Scintilla::Replaced::Done && workshop_->replaced) workshop_->replaced(*this, before);
 }
 
 }  // namespace win32

@@ -1,6 +1,7 @@
 // A document of the code view, and the hidden control that reads and changes documents which are not shown.
 #pragma once
 
+#include <functional>
 #include <memory>
 #include <string_view>
 
@@ -9,6 +10,8 @@
 #include "ui/code_view.h"
 
 namespace win32 {
+
+class ScintillaDocument;
 
 class Workshop {
  public:
@@ -22,6 +25,9 @@ class Workshop {
   // A new document, owned by the caller once; throws base::Error(OutOfMemory).
   sptr_t make(std::string_view text);
   void release(sptr_t document);
+
+  // A document was given another text, from here; of the bytes that it had before.
+  std::function<void(ScintillaDocument& document, std::size_t before)> replaced;
 
  private:
   UniqueWindow window_;
@@ -39,11 +45,12 @@ class ScintillaDocument final : public ui::CodeDocument {
 
   std::string_view text() const override { return workshop_->with(handle_).text(); }
   void setText(std::string_view text) override;
+  std::size_t size() const override { return static_cast<std::size_t>(workshop_->with(handle_).length()); }
+  std::string piece(std::size_t start, std::size_t length) const override;
 
   sptr_t handle() const { return handle_; }
 
   // Kept while it is not shown.
-  ui::TextView view = ui::TextView::EightBit;
   struct Place {
     sptr_t anchor = 0;
     sptr_t caret = 0;

@@ -33,12 +33,17 @@ CodeView::CodeView()
   sci_.call(SCI_SETMARGINTYPEN, 0, SC_MARGIN_NUMBER);
   sci_.call(SCI_SETMARGINLEFT, 0, 4);
   show(makeDocument(""));
+  // The shown one says it itself.
+  workshop_->replaced = [this](ScintillaDocument& document, std::size_t before) {
+    if (&document != document_.get()) tellEdit(document, {0, before, document.text()});
+  };
   applyLook();
 }
 
 CodeView::~CodeView() {
   if (IsWindow(parent_) != 0) unwatch(parent_);
   document_.reset();
+  workshop_->replaced = nullptr;
   workshop_.reset();
   if (IsWindow(hwnd()) != 0) {
     unwatch(hwnd());
@@ -97,7 +102,7 @@ void CodeView::show(const std::shared_ptr<ui::CodeDocument>& document) {
     keepPlace();
     if (coloured_) resetColours();
   }
-  const std::shared_ptr<ScintillaDocument> last = std::exchange(document_, next);
+  document_ = next;
   {
     const Edits edits(*this);
     sci_.call(SCI_SETSCROLLWIDTH, 1);
@@ -105,8 +110,6 @@ void CodeView::show(const std::shared_ptr<ui::CodeDocument>& document) {
     changedInside_ = true;
   }
   lastTypedEnd_ = -1;
-  if (!last || last->view != document_->view) applyFont();
-  applyRepresentations();
   applyLanguage();
   applyMargin();
   restorePlace();
@@ -119,12 +122,16 @@ void CodeView::setView(ui::TextView view) {
   document_->view = view;
   keepPlace();
   applyFont();
-  applyRepresentations();
   restorePlace();
   selectionChanged();
 }
 
 // Text ---------------------------------------------------------------------------------------------------
+
+void CodeView::tellEdit(ui::CodeDocument& document, const ui::TextEdit& edit) {
+  ++document.edits;
+  edited(document, edit);
+}
 
 void CodeView::finishEdits() {
   if (edits_ > 0) return;

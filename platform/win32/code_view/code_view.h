@@ -79,6 +79,7 @@ class CodeView final : public ui::CodeView, private Subclass<CodeView> {
 
   bool isUtf8() const { return document_->view == ui::TextView::Utf8; }
   void travel(unsigned message);
+  void tellEdit(ui::CodeDocument& document, const ui::TextEdit& edit);
   void finishEdits();  // raises what happened since the outermost Edits began
   void keepPlace() const;
   void restorePlace() const;
@@ -86,6 +87,7 @@ class CodeView final : public ui::CodeView, private Subclass<CodeView> {
   // Looks (code_view_looks.cpp)
   void applyLook();
   void applyFont();
+  void applyStyles();
   void applyLanguage();
   void applyMargin() const;
   void applyRepresentations() const;
@@ -116,7 +118,15 @@ class CodeView final : public ui::CodeView, private Subclass<CodeView> {
   ui::Font font_;
   ui::Font utf8Font_;
   ui::CodeLook look_;
-  bool coloured_ = false;  // by showColours()
+  struct Styles {
+    ui::Font font;
+    ui::CodeLook look;
+    bool utf8;
+    ui::Language language;
+    bool operator==(const Styles&) const = default;
+  };
+  std::optional<Styles> styles_;  // in force
+  bool coloured_ = false;         // by showColours()
 
   int edits_ = 0;
   bool changedInside_ = false;

@@ -213,6 +213,13 @@ void CodeView::handleNotification(const SCNotification& notification) {
     case SCN_MODIFIED:
       if ((notification.modificationType & (SC_MOD_INSERTTEXT | SC_MOD_DELETETEXT)) != 0) {
         changedInside_ = true;
+        const auto at = static_cast<std::size_t>(notification.position);
+        const auto length = static_cast<std::size_t>(notification.length);
+        if ((notification.modificationType & SC_MOD_INSERTTEXT) != 0) {
+          tellEdit(*document_, {at, 0, {notification.text, length}});
+        } else {
+          tellEdit(*document_, {at, length, {}});
+        }
         if (notification.linesAdded != 0) applyMargin();
       }
       if ((notification.modificationType & SC_MOD_CONTAINER) != 0) reformedInside_ = true;

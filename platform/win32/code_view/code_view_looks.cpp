@@ -48,9 +48,6 @@ void CodeView::setStyle(int style, base::Color color) const {
 }
 
 void CodeView::applyLook() {
-  const auto color = [this](ui::CodeColour which) {
-    return static_cast<sptr_t>(ui::codeColour(which, look_.dark));
-  };
   // The element colours carry their opacity in the highest byte.
   const auto element = [&](int which, ui::CodeColour as) {
     sci_.call(SCI_SETELEMENTCOLOUR, static_cast<uptr_t>(which),
@@ -77,14 +74,20 @@ void CodeView::applyLook() {
   sci_.call(SCI_SETVIEWWS, look_.whiteSpace ? SCWS_VISIBLEALWAYS : SCWS_INVISIBLE);
   sci_.call(SCI_SETVIEWEOL, look_.lineEnds ? 1 : 0);
   applyFont();
-  sci_.call(SCI_STYLESETFORE, STYLE_LINENUMBER, color(ui::CodeColour::LineNumber));
-  sci_.call(SCI_STYLESETBACK, STYLE_LINENUMBER, color(ui::CodeColour::LineNumberBack));
   applyMargin();
 }
 
 // The code page is the document's and goes with it; fonts and colours are the view's.
 void CodeView::applyFont() {
   sci_.call(SCI_SETCODEPAGE, isUtf8() ? SC_CP_UTF8 : 0);
+  applyStyles();
+  applyRepresentations();
+}
+
+void CodeView::applyStyles() {
+  const Styles wanted{currentFont(), look_, isUtf8(), document_->language};
+  if (styles_ == wanted) return;  // setting them makes every line be measured anew
+  styles_ = wanted;
   const ui::Font font = withDefaults(currentFont());
   sci_.call(SCI_STYLESETFONT, STYLE_DEFAULT, font.name.c_str());
   sci_.call(SCI_STYLESETSIZE, STYLE_DEFAULT, font.size);
@@ -101,7 +104,6 @@ void CodeView::applyFont() {
   setStyle(STYLE_LINENUMBER, color(ui::CodeColour::LineNumber));
   sci_.call(SCI_STYLESETBACK, STYLE_LINENUMBER, static_cast<sptr_t>(color(ui::CodeColour::LineNumberBack)));
   sci_.call(SCI_STYLESETCHARACTERSET, STYLE_LINENUMBER, SC_CHARSET_ANSI);
-  applyRepresentations();
 }
 
 void CodeView::applyLanguage() {

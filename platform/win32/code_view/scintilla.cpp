@@ -57,13 +57,15 @@ Scintilla::Replaced Scintilla::exchange(sptr_t from, sptr_t to, std::string_view
 Scintilla::Replaced Scintilla::replaceAll(std::string_view to) const {
   if (holds(to)) return replaceAll(std::string(to));
   const std::string_view now = text();
-  const auto head = static_cast<std::size_t>(
-      std::mismatch(now.begin(), now.end(), to.begin(), to.end()).first - now.begin());
+  auto head = static_cast<std::size_t>(std::mismatch(now.begin(), now.end(), to.begin(), to.end()).first -
+                                       now.begin());
   if (head == now.size() && head == to.size()) return Replaced::Nothing;
   const std::size_t most = std::min(now.size(), to.size()) - head;
   std::size_t tail = 0;
   while (tail < most && now[now.size() - 1 - tail] == to[to.size() - 1 - tail]) ++tail;
 
+  // A whole text goes at once, a part of it line by line.
+  if (head + tail < now.size() / 8) head = tail = 0;
   return exchange(static_cast<sptr_t>(head), static_cast<sptr_t>(now.size() - tail),
                   to.substr(head, to.size() - head - tail));
 }

@@ -89,6 +89,20 @@ bool isFile(DWORD attributes) {
   return (attributes & (FILE_ATTRIBUTE_DIRECTORY | FILE_ATTRIBUTE_DEVICE)) == 0;
 }
 
+// Symbolic links and junctions; other reparse points are files of some storage.
+bool leadsElsewhere(const WIN32_FIND_DATAW& entry) {
+  return (entry.dwFileAttributes & FILE_ATTRIBUTE_REPARSE_POINT) != 0 &&
+         (entry.dwReserved0 == IO_REPARSE_TAG_SYMLINK || entry.dwReserved0 == IO_REPARSE_TAG_MOUNT_POINT);
+}
+
+// Of the system's time: since 1601, in steps of 100 ns.
+constexpr std::int64_t kTicksASecond = 10000000;
+constexpr std::int64_t kSecondsTo1970 = 11644473600;
+constexpr std::uint32_t kNanosecondsATick = 100;
+// What SetFileAttributes can give back.
+constexpr DWORD kMarksToKeep = FILE_ATTRIBUTE_READONLY | FILE_ATTRIBUTE_HIDDEN | FILE_ATTRIBUTE_SYSTEM |
+                               FILE_ATTRIBUTE_ARCHIVE | FILE_ATTRIBUTE_NOT_CONTENT_INDEXED;
+
 // For what a file is and where, not for what it holds.
 HANDLE openToAsk(std::string_view path) {
   return CreateFileW(native(path).c_str(), 0, FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE, nullptr,
@@ -136,6 +150,9 @@ Look look(std::string_view path) {
   } else if (isFile(data.dwFileAttributes)) {
     found.kind = Kind::File;
     found.size = (static_cast<std::uintmax_t>(data.nFileSizeHigh) << 32U) | data.nFileSizeLow;
+    found.changed =
+        static_cast<std::int64_t>((static_cast<std::uint64_t>(data.ftLastWriteTime.dwHighDateTime) << 32U) |
+                                  data.ftLastWriteTime.dwLowDateTime);
     const Identity known(path);
     if (known.found) found.names = std::max<unsigned>(1, known.information.nNumberOfLinks);
   } else {
@@ -238,23 +255,111 @@ int makeFolder(std::string_view path) {
   return result(CreateDirectoryW(native(path).c_str(), nullptr));
 }
 
-int fileNames(std::string_view folder, std::vector<std::string>& names) {
+namespace {
+
+// Every entry of a folder; an error of <cerrno>, or 0.
+template <class Visit>
+int visitEntries(std::string_view folder, Visit visit) {
   if (folder.empty()) return ENOENT;
   WIN32_FIND_DATAW entry{};
   const HANDLE search = FindFirstFileW(native(std::string(folder) + "\\*").c_str(), &entry);
   // A drive's root without any file has not even the entries "." and "..".
   if (search == INVALID_HANDLE_VALUE) return GetLastError() == ERROR_FILE_NOT_FOUND ? 0 : lastError();
   do {
-    std::string name = isFile(entry.dwFileAttributes) ? utf8(entry.cFileName) : std::string();
-    if (!name.empty()) names.push_back(std::move(name));
+    std::string name = utf8(entry.cFileName);
+    if (!name.empty()) visit(entry, std::move(name));
   } while (FindNextFileW(search, &entry) != FALSE);
   const int code = GetLastError() == ERROR_NO_MORE_FILES ? 0 : lastError();
   FindClose(search);
   return code;
 }
 
+}  // namespace
+
+int fileNames(std::string_view folder, std::vector<std::string>& names) {
+  return visitEntries(folder, [&](const WIN32_FIND_DATAW& entry, std::string name) {
+    if (isFile(entry.dwFileAttributes)) names.push_back(std::move(name));
+  });
+}
+
+int entries(std::string_view folder, std::vector<Entry>& found) {
+  return visitEntries(folder, [&](const WIN32_FIND_DATAW& entry, std::string name) {
+    if (name == "." || name == "..") return;
+    const DWORD attributes = entry.dwFileAttributes;
+    found.push_back({std::move(name),
+                     (attributes & FILE_ATTRIBUTE_DIRECTORY) != 0 ? Kind::Folder
+                     : isFile(attributes)                         ? Kind::File
+                                                                  : Kind::Other,
+                     leadsElsewhere(entry)});
+  });
+}
+
+bool isLink(std::string_view path) {
+  WIN32_FIND_DATAW entry{};
+  const HANDLE search = FindFirstFileW(native(path).c_str(), &entry);
+  if (search == INVALID_HANDLE_VALUE) return false;
+  FindClose(search);
+  return leadsElsewhere(entry);
+}
+
+int stamp(std::string_view path, Stamp& found) {
+  WIN32_FILE_ATTRIBUTE_DATA data{};
+  if (GetFileAttributesExW(native(path).c_str(), GetFileExInfoStandard, &data) == FALSE) return lastError();
+  const std::int64_t ticks =
+      static_cast<std::int64_t>((static_cast<std::uint64_t>(data.ftLastWriteTime.dwHighDateTime) << 32U) |
+                                data.ftLastWriteTime.dwLowDateTime);
+  found.seconds = ticks / kTicksASecond - kSecondsTo1970;
+  found.nanoseconds = static_cast<std::uint32_t>(ticks % kTicksASecond) * kNanosecondsATick;
+  found.marks = data.dwFileAttributes & kMarksToKeep;
+  return 0;
+}
+
+int setStamp(std::string_view path, const Stamp& stamp) {
+  const std::wstring name = native(path);
+  const HANDLE file =
+      CreateFileW(name.c_str(), FILE_WRITE_ATTRIBUTES, FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE,
+                  nullptr, OPEN_EXISTING, FILE_FLAG_BACKUP_SEMANTICS, nullptr);
+  if (file == INVALID_HANDLE_VALUE) return lastError();
+  const auto ticks = static_cast<std::uint64_t>((stamp.seconds + kSecondsTo1970) * kTicksASecond +
+                                                stamp.nanoseconds / kNanosecondsATick);
+  const FILETIME time{static_cast<DWORD>(ticks), static_cast<DWORD>(ticks >> 32U)};
+  const int code = result(SetFileTime(file, nullptr, nullptr, &time));
+  CloseHandle(file);
+  if (code != 0) return code;
+  return result(SetFileAttributesW(name.c_str(), stamp.marks != 0 ? stamp.marks : FILE_ATTRIBUTE_NORMAL));
+}
+
+int flushFolder(std::string_view) {
+  return 0;  // the file system notes changes of names by itself, in their order
+}
+
+std::string realPath(std::string_view path) {
+  // Of what is there the system knows the true name; the rest is added as it stands.
+  std::string known = fullPath(path);
+  std::wstring whole(GetFullPathNameW(native(known).c_str(), 0, nullptr, nullptr), L'\0');
+  whole.resize(
+      GetFullPathNameW(native(known).c_str(), static_cast<DWORD>(whole.size()), whole.data(), nullptr));
+  if (!whole.empty()) known = utf8(whole);
+  std::string rest;
+  while (look(known).kind == Kind::Nothing) {
+    const std::size_t at = known.find_last_of('\\');
+    if (at == std::string::npos || at < 3) break;
+    rest = known.substr(at) + rest;
+    known.resize(at);
+  }
+  return target(known) + rest;
+}
+
 bool same(std::string_view a, std::string_view b) {
   return Identity(a) == Identity(b);
+}
+
+std::string identity(std::string_view path) {
+  const Identity known(path);
+  const auto& information = known.information;
+  if (!known.found) return {};
+  return std::to_string(information.dwVolumeSerialNumber) + ":" + std::to_string(information.nFileIndexHigh) +
+         ":" + std::to_string(information.nFileIndexLow);
 }
 
 std::string tempFolder() {
@@ -271,12 +376,12 @@ std::string fullPath(std::string_view path) {
   return full.empty() ? std::string(path) : utf8(full);
 }
 
-std::string ownFolder() {
+std::string ownFolder(std::string_view part) {
   std::wstring folder(GetEnvironmentVariableW(L"LOCALAPPDATA", nullptr, 0), L'\0');
   folder.resize(GetEnvironmentVariableW(L"LOCALAPPDATA", folder.data(), static_cast<DWORD>(folder.size())));
   std::string path = folder.empty() ? tempFolder() : utf8(folder);
-  for (const char* part : {"\\Zervo", "\\Writing"}) {
-    path += part;
+  for (const std::string_view name : {std::string_view("Zervo"), part}) {
+    path.append("\\").append(name);
     makeFolder(path);
   }
   return path;

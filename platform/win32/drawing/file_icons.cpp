@@ -7,14 +7,12 @@
 namespace win32 {
 
 UniqueImages fileIcons(int dpi) {
-  const int size = scaled(16, dpi);
-  UniqueImages images(ImageList_Create(size, size, ILC_COLOR32, ui::kFileIcons, 0));
   const IconColors colors = systemIconColors(COLOR_WINDOWTEXT, COLOR_WINDOW);
+  std::vector<Icon> icons;
   for (int icon = 0; icon < ui::kFileIcons; ++icon) {
-    const UniqueBitmap bitmap = iconBitmap(ui::fileDrawing(static_cast<ui::FileIcon>(icon)), size, colors);
-    ImageList_Add(images.get(), bitmap.get(), nullptr);
+    icons.push_back({ui::fileDrawing(static_cast<ui::FileIcon>(icon)), colors});
   }
-  return images;
+  return iconImages(icons, scaled(16, dpi));
 }
 
 int imageOf(const ui::FileIcons& icons, int number) {

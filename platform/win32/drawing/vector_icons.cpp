@@ -1,6 +1,8 @@
 #include "platform/win32/drawing/vector_icons.h"
 
 #include <algorithm>
+#include <array>
+#include <bit>
 #include <cmath>
 #include <cstdint>
 #include <map>
@@ -19,32 +21,37 @@ constexpr int kFine = 8;       // drawn so many times as large, for smooth edges
 constexpr int kFull = kFine * kFine;
 constexpr std::size_t kKept = 400;  // pictures
 
-// A bitmap that can be drawn on and read. Its bytes live as long as it does.
+// A bitmap that can be drawn on and read, of 32 bits or of one (black and white). Its bytes live as long as
+// it does.
 class Surface {
  public:
-  explicit Surface(int size) : canvas_(CreateCompatibleDC(nullptr)) {
-    BITMAPINFO info{};
-    info.bmiHeader.biSize = sizeof info.bmiHeader;
-    info.bmiHeader.biWidth = size;
-    info.bmiHeader.biHeight = -size;  // the first row is on top
-    info.bmiHeader.biPlanes = 1;
-    info.bmiHeader.biBitCount = 32;
-    void* bits = nullptr;
-    bitmap_.reset(CreateDIBSection(canvas_.get(), &info, DIB_RGB_COLORS, &bits, nullptr, 0));
-    if (!bitmap_) return;
-    pixels = static_cast<std::uint32_t*>(bits);
-    old_ = SelectObject(canvas_.get(), bitmap_.get());
+  Surface(int width, int height, WORD bits) : canvas_(CreateCompatibleDC(nullptr)) {
+    struct {
+      BITMAPINFOHEADER header;
+      std::array<RGBQUAD, 2> palette;
+    } info{};
+    info.header.biSize = sizeof info.header;
+    info.header.biWidth = width;
+    info.header.biHeight = -height;  // the first row is on top
+    info.header.biPlanes = 1;
+    info.header.biBitCount = bits;
+    info.palette[1] = {255, 255, 255, 0};
+    bitmap_.reset(CreateDIBSection(canvas_.get(), reinterpret_cast<const BITMAPINFO*>(&info), DIB_RGB_COLORS,
+                                   &bytes, nullptr, 0));
+    if (bitmap_) old_ = SelectObject(canvas_.get(), bitmap_.get());
   }
   Surface(const Surface&) = delete;
   Surface& operator=(const Surface&) = delete;
-  ~Surface() { SelectObject(canvas_.get(), old_); }
+  ~Surface() {
+    if (bitmap_) SelectObject(canvas_.get(), old_);
+  }
 
   HDC canvas() const { return canvas_.get(); }
   UniqueBitmap take() {
     SelectObject(canvas_.get(), old_);
     return std::move(bitmap_);
   }
-  std::uint32_t* pixels = nullptr;  // null: no memory
+  void* bytes = nullptr;  // null: no memory
 
  private:
   UniqueCanvas canvas_;
@@ -156,15 +163,40 @@ class Pencil {
   double pixel_;  // pixels a unit
 };
 
-// How many of the fine points of a pixel are covered, 0..kFull.
-int coverage(const std::uint32_t* fine, int size, int x, int y) {
-  int covered = 0;
-  for (int row = 0; row < kFine; ++row) {
-    const std::uint32_t* at = fine + (y * kFine + row) * size * kFine + x * kFine;
-    for (int i = 0; i < kFine; ++i) covered += (at[i] & 1) != 0 ? 1 : 0;
+// One shape after the other, at first so many times as large and in black and white.
+class Sketch {
+ public:
+  explicit Sketch(int size)
+      : size_(size),
+        row_((size + 3) / 4 * 4),
+        fine_(row_ * kFine, size * kFine, 1),
+        pencil_(fine_.canvas(), size) {}
+  explicit operator bool() const { return fine_.bytes != nullptr; }
+
+  // For every pixel that the shape touches: its place, and how many of its fine points are covered, 1..kFull.
+  template <typename Pixel>
+  void draw(const ui::Shape& shape, Pixel pixel) const {
+    static_assert(kFine == 8, "a row of a pixel's fine points is one byte");
+    auto* const rows = static_cast<std::uint8_t*>(fine_.bytes);
+    GdiFlush();
+    std::fill_n(rows, row_ * size_ * kFine, std::uint8_t{0});
+    pencil_.draw(shape);
+    GdiFlush();
+    for (int y = 0; y < size_; ++y) {
+      for (int x = 0; x < size_; ++x) {
+        int covered = 0;
+        for (int i = 0; i < kFine; ++i) covered += std::popcount(rows[(y * kFine + i) * row_ + x]);
+        if (covered != 0) pixel(x, y, covered);
+      }
+    }
   }
-  return covered;
-}
+
+ private:
+  int size_;
+  int row_;  // in bytes, which are pixels of the picture; a bitmap's rows are whole words
+  Surface fine_;
+  Pencil pencil_;
+};
 
 std::uint32_t laidOver(std::uint32_t below, COLORREF color, int covered) {
   const auto part = [&](int shift, int value) {
@@ -188,27 +220,32 @@ IconColors systemIconColors(int textColor, int backColor) {
   return {GetSysColor(textColor), GetSysColor(backColor), highContrast()};
 }
 
-UniqueBitmap iconBitmap(std::string_view drawing, int size, const IconColors& colors) {
-  Surface picture(size);
-  Surface fine(size * kFine);
-  if (picture.pixels == nullptr || fine.pixels == nullptr) return {};
-  std::fill_n(picture.pixels, size * size, 0U);
-  const Pencil pencil(fine.canvas(), size);
-  for (const ui::Shape& shape : ui::shapesOf(drawing)) {
-    GdiFlush();
-    std::fill_n(fine.pixels, size * size * kFull, 0U);
-    pencil.draw(shape);
-    GdiFlush();
-    const COLORREF color = colorOf(shape.ink, colors);
-    for (int y = 0; y < size; ++y) {
-      for (int x = 0; x < size; ++x) {
-        const int covered = coverage(fine.pixels, size, x, y);
-        std::uint32_t& pixel = picture.pixels[y * size + x];
-        if (covered != 0) pixel = laidOver(pixel, color, covered);
-      }
+UniqueBitmap iconStrip(const std::vector<Icon>& icons, int size) {
+  const int width = size * static_cast<int>(icons.size());
+  const Sketch sketch(size);
+  Surface strip(width, size, 32);
+  if (!sketch || strip.bytes == nullptr) return {};
+  auto* const pixels = static_cast<std::uint32_t*>(strip.bytes);
+  std::fill_n(pixels, width * size, 0U);
+  int left = 0;
+  for (const Icon& icon : icons) {
+    for (const ui::Shape& shape : ui::shapesOf(icon.drawing)) {
+      const COLORREF color = colorOf(shape.ink, icon.colors);
+      sketch.draw(shape, [&](int x, int y, int covered) {
+        std::uint32_t& pixel = pixels[y * width + left + x];
+        pixel = laidOver(pixel, color, covered);
+      });
     }
+    left += size;
   }
-  return picture.take();
+  return strip.take();
+}
+
+UniqueImages iconImages(const std::vector<Icon>& icons, int size) {
+  UniqueImages images(ImageList_Create(size, size, ILC_COLOR32, static_cast<int>(icons.size()), 0));
+  const UniqueBitmap strip = iconStrip(icons, size);
+  ImageList_Add(images.get(), strip.get(), nullptr);
+  return images;
 }
 
 void drawIcon(HDC canvas, std::string_view drawing, POINT at, int size, const IconColors& colors) {
@@ -216,7 +253,7 @@ void drawIcon(HDC canvas, std::string_view drawing, POINT at, int size, const Ic
   static std::map<Key, UniqueBitmap> kept;
   if (kept.size() > kKept) kept.clear();
   UniqueBitmap& bitmap = kept[{drawing, size, colors.text, colors.back, colors.plain}];
-  if (!bitmap) bitmap = iconBitmap(drawing, size, colors);
+  if (!bitmap) bitmap = iconStrip({{drawing, colors}}, size);
   const UniqueCanvas memory(CreateCompatibleDC(canvas));
   const HGDIOBJ old = SelectObject(memory.get(), bitmap.get());
   constexpr BLENDFUNCTION kOver = {AC_SRC_OVER, 0, 255, AC_SRC_ALPHA};

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <string_view>
+#include <vector>
 
 #include "platform/win32/system/handles.h"
 
@@ -19,8 +20,14 @@ struct IconColors {
 IconColors systemIconColors(int textColor, int backColor);
 bool highContrast();
 
-// A bitmap of 32 bits with premultiplied transparency, of `size` pixels square.
-UniqueBitmap iconBitmap(std::string_view drawing, int size, const IconColors& colors);
+struct Icon {
+  std::string_view drawing;
+  IconColors colors;
+};
+// Side by side, in a bitmap of 32 bits with premultiplied transparency; each `size` pixels square. Null: no
+// memory.
+UniqueBitmap iconStrip(const std::vector<Icon>& icons, int size);
+UniqueImages iconImages(const std::vector<Icon>& icons, int size);
 // Over what is there; `at` is the left top corner. Pictures are kept for the next time.
 void drawIcon(HDC canvas, std::string_view drawing, POINT at, int size, const IconColors& colors);
 

@@ -20,6 +20,7 @@ namespace {
 // In 1/96 inch.
 constexpr SIZE kFirstSize = {960, 680};
 constexpr SIZE kLeastSize = {420, 260};
+constexpr int kNoticeHeight = 30, kNoticeMargin = 6;
 
 }  // namespace
 
@@ -45,7 +46,6 @@ MainWindow::MainWindow(ui::MainForm& form, CodeView& view) : form_(form), view_(
   form_.open(this);
   form_.window = this;
   captionChanged();
-  menusChanged();
 }
 
 MainWindow::~MainWindow() {
@@ -81,6 +81,12 @@ void MainWindow::makeChildren() {
         add(STATUSCLASSNAMEW, SBARS_SIZEGRIP, 0);
         status_ = static_cast<StatusPeer*>(peers_.back().get());
         break;
+      case ui::ControlKind::Label:
+        add(WC_STATICW, SS_LEFT | SS_CENTERIMAGE | SS_ENDELLIPSIS | SS_NOPREFIX, 0);
+        break;
+      case ui::ControlKind::Button:
+        add(WC_BUTTONW, WS_TABSTOP | BS_PUSHBUTTON, 0);
+        break;
       default:
         throw std::logic_error("the main window has no room for a control of this kind");
     }
@@ -99,11 +105,10 @@ void MainWindow::makeChildren() {
 void MainWindow::setFonts() {
   UniqueFont font = interfaceFont(dpi_);
   for (const auto& peer : peers_) {
-    SendMessageW(peer->window(), WM_SETFONT, reinterpret_cast<WPARAM>(font.get()), TRUE);
+    SendMessageW(peer->window(), WM_SETFONT, reinterpret_cast<WPARAM>(font.get()), shown_ ? TRUE : FALSE);
     peer->dpiChanged(dpi_);
   }
   font_ = std::move(font);  // the old one goes when nobody uses it any more
-  if (toolBar_) toolBar_->setDpi(dpi_);
 }
 
 Columns MainWindow::columns() const {
@@ -120,6 +125,32 @@ Columns MainWindow::columns() const {
   return columnsOf(area, dpi_, widths_, shown(form_.leftPane), shown(form_.rightPane));
 }
 
+// In the first row of the text's place, whose rest is left; the buttons stand at the right.
+void MainWindow::layOutNotice(RECT& rest) {
+  const ControlPeer* label = peerOf(form_.notice);
+  if (label == nullptr) return;
+  const bool visible = form_.notice->visible();
+  const int margin = scaled(kNoticeMargin, dpi_);
+  const int height = scaled(kNoticeHeight, dpi_);
+  LONG right = rest.right - margin;
+  for (auto at = form_.noticeButtons.rbegin(); at != form_.noticeButtons.rend(); ++at) {
+    const ControlPeer* button = peerOf(*at);
+    SIZE ideal{};
+    SendMessageW(button->window(), BCM_GETIDEALSIZE, 0, reinterpret_cast<LPARAM>(&ideal));
+    const LONG width = std::max<LONG>(ideal.cx + 2 * margin, scaled(kNoticeHeight, dpi_));
+    if (visible) {
+      MoveWindow(button->window(), right - width, rest.top + margin / 2, width, height - margin, TRUE);
+    }
+    ShowWindow(button->window(), visible ? SW_SHOWNA : SW_HIDE);
+    right -= width + margin;
+  }
+  ShowWindow(label->window(), visible ? SW_SHOWNA : SW_HIDE);
+  if (!visible) return;
+  MoveWindow(label->window(), rest.left + margin, rest.top, std::max<LONG>(0, right - rest.left - margin),
+             height, TRUE);
+  rest.top = std::min(rest.bottom, rest.top + height);
+}
+
 // The tabs, as high as they need, and below them what takes the rest; null: the code view.
 void MainWindow::layOutColumn(const RECT& column, ControlPeer* tabs, HWND below) {
   const int width = static_cast<int>(column.right - column.left);
@@ -129,6 +160,7 @@ void MainWindow::layOutColumn(const RECT& column, ControlPeer* tabs, HWND below)
     MoveWindow(tabs->window(), column.left, column.top, width, rest.top - column.top, TRUE);
   }
   if (below == nullptr) {
+    layOutNotice(rest);
     view_.setBounds(rest);
   } else {
     MoveWindow(below, rest.left, rest.top, width, rest.bottom - rest.top, TRUE);
@@ -136,6 +168,7 @@ void MainWindow::layOutColumn(const RECT& column, ControlPeer* tabs, HWND below)
 }
 
 void MainWindow::layOut() {
+  if (!shown_) return;  // once, when it is shown
   if (status_ != nullptr) status_->fit();
   if (toolBar_) toolBar_->fit();
   const Columns place = columns();
@@ -235,7 +268,7 @@ std::optional<LRESULT> MainWindow::handleMenu(UINT message, WPARAM wParam, LPARA
   switch (message) {
     case WM_INITMENU:
       form_.menuOpening();
-      menu_->refresh(form_.menus);
+      if (menu_) menu_->refresh(form_.menus);
       return 0;
     case WM_ENTERMENULOOP:
       inMenu_ = true;
@@ -362,6 +395,7 @@ LRESULT MainWindow::handle(UINT message, WPARAM wParam, LPARAM lParam) {
       const auto& wanted = *reinterpret_cast<const RECT*>(lParam);
       dpi_ = HIWORD(wParam);
       setFonts();
+      if (toolBar_) toolBar_->setDpi(dpi_);
       SetWindowPos(hwnd(), nullptr, wanted.left, wanted.top, wanted.right - wanted.left,
                    wanted.bottom - wanted.top, SWP_NOZORDER | SWP_NOACTIVATE);
       menusChanged();  // the bar is measured once
@@ -407,6 +441,8 @@ void MainWindow::close() {
 
 void MainWindow::show() {
   if (IsWindowVisible(hwnd()) != 0) return;
+  shown_ = true;
+  layOut();
   ShowWindow(hwnd(), state_ == ui::WindowState::Maximized ? SW_SHOWMAXIMIZED : SW_SHOWNORMAL);
   SetForegroundWindow(hwnd());
   UpdateWindow(hwnd());
@@ -452,7 +488,7 @@ void MainWindow::menusChanged() {
   auto next = std::make_unique<Menu>(form_.menus, Menu::Kind::Bar);
   SetMenu(hwnd(), next->handle());
   menu_ = std::move(next);
-  DrawMenuBar(hwnd());
+  if (shown_) DrawMenuBar(hwnd());
 }
 
 }  // namespace win32

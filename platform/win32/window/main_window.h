@@ -41,6 +41,7 @@ class MainWindow final : public WindowBase<MainWindow>, private ui::FormPeer, pr
   Splitter splitterAt(POINT point) const;
   void dragSplitter(int x);
   void layOutColumn(const RECT& column, ControlPeer* tabs, HWND below);
+  void layOutNotice(RECT& rest);
   std::vector<HWND> panes() const;
   void showContextMenu(POINT screen);
   void showHiddenTools();
@@ -71,6 +72,7 @@ class MainWindow final : public WindowBase<MainWindow>, private ui::FormPeer, pr
   std::unique_ptr<Menu> menu_;
   std::vector<std::unique_ptr<ControlPeer>> peers_;
   StatusPeer* status_ = nullptr;
+  bool shown_ = false;
   bool inMenu_ = false;
   bool menusStale_ = false;
   std::unique_ptr<ToolBar> toolBar_;

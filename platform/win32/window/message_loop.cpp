@@ -92,10 +92,19 @@ void pumpMessages() {
   }
 }
 
-int runMessageLoop(const std::function<void()>& idle, const std::function<void()>& pause) {
+int runMessageLoop(const std::function<void()>& idle, const std::function<void()>& pause,
+                   const std::function<int()>& background) {
   MSG message;
   UINT_PTR timer = SetTimer(nullptr, 0, kPause, nullptr);
-  while (GetMessageW(&message, nullptr, 0, 0) > 0) {
+  for (;;) {
+    while (PeekMessageW(&message, nullptr, 0, 0, PM_NOREMOVE) == 0) {
+      const int wait = background();
+      if (wait < 0) break;
+      if (wait > 0) {
+        MsgWaitForMultipleObjectsEx(0, nullptr, static_cast<DWORD>(wait), QS_ALLINPUT, MWMO_INPUTAVAILABLE);
+      }
+    }
+    if (GetMessageW(&message, nullptr, 0, 0) <= 0) break;
     if (message.hwnd == nullptr && message.message == WM_TIMER && message.wParam == timer) {
       KillTimer(nullptr, std::exchange(timer, 0));
       pause();

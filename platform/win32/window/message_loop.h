@@ -47,7 +47,9 @@ class ModalRun {
 
 void pumpMessages();  // what is pending now; a request to end stays pending
 // Until the program is told to end. `idle` runs each time the queue has become empty, `pause` once when it
-// has then been empty for half a second.
-int runMessageLoop(const std::function<void()>& idle, const std::function<void()>& pause);
+// has then been empty for half a second. `background` is called while it is empty, after as many milliseconds
+// as it has answered, and after each event; -1: not until the next one.
+int runMessageLoop(const std::function<void()>& idle, const std::function<void()>& pause,
+                   const std::function<int()>& background);
 
 }  // namespace win32

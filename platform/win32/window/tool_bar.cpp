@@ -31,16 +31,15 @@ int idOf(const ui::ToolBarButton& button, int index) {
 }
 
 UniqueImages makePictures(const std::vector<ui::ToolBarButton>& buttons, int size) {
-  UniqueImages pictures(ImageList_Create(size, size, ILC_COLOR32, static_cast<int>(buttons.size()) + 1, 0));
   IconColors colors = systemIconColors(COLOR_BTNTEXT, COLOR_BTNFACE);
+  std::vector<Icon> icons;
   const auto add = [&](const ui::ToolBarButton& button) {
     colors.own = button.color;
-    const UniqueBitmap picture = iconBitmap(ui::toolDrawing(button.icon), size, colors);
-    ImageList_Add(pictures.get(), picture.get(), nullptr);
+    icons.push_back({ui::toolDrawing(button.icon), colors});
   };
   for (const ui::ToolBarButton& button : buttons) add(button);
   add(chevronButton());
-  return pictures;
+  return iconImages(icons, size);
 }
 
 }  // namespace
@@ -56,9 +55,9 @@ ToolBar::ToolBar(HWND parent, const std::vector<ui::ToolBarButton>& buttons, int
                           0, 0, 0, 0, parent, nullptr, nullptr, nullptr)) {
   send(TB_BUTTONSTRUCTSIZE, sizeof(TBBUTTON));
   send(TB_SETMAXTEXTROWS, 0);  // the buttons' names are for screen readers alone
-  setDpi(dpi);
-  for (int i = 0; i < chevron(); ++i) add(buttons_[static_cast<std::size_t>(i)], i);
-  add(chevronButton(), chevron());
+  gap_ = scaled(kGap, dpi);
+  addButtons();
+  setDpi(dpi);  // behind the buttons: their coming makes the bar forget the size
   send(TB_HIDEBUTTON, mnuToolMore, TRUE);
   watch(bar_);
 }
@@ -69,16 +68,25 @@ ToolBar::~ToolBar() {
   DestroyWindow(bar_);
 }
 
-void ToolBar::add(const ui::ToolBarButton& wanted, int index) {
-  const std::wstring name = wideFromText(wanted.hint);
-  const bool gap = wanted.command == 0;
-  TBBUTTON button{};
-  button.iBitmap = gap ? gap_ : index;
-  button.idCommand = idOf(wanted, index);
-  button.fsState = static_cast<BYTE>(wanted.enabled ? TBSTATE_ENABLED : 0);
-  button.fsStyle = gap ? BTNS_SEP : BTNS_BUTTON;
-  button.iString = gap ? 0 : reinterpret_cast<INT_PTR>(name.c_str());  // the bar keeps a copy
-  send(TB_ADDBUTTONSW, 1, reinterpret_cast<LPARAM>(&button));
+// At once: the bar measures all of them whenever one comes.
+void ToolBar::addButtons() {
+  std::vector<std::wstring> names;
+  std::vector<TBBUTTON> made;
+  names.reserve(buttons_.size() + 1);  // their texts stay where they are
+  const auto add = [&](const ui::ToolBarButton& wanted) {
+    const int index = static_cast<int>(made.size());
+    const bool gap = wanted.command == 0;
+    names.push_back(wideFromText(wanted.hint));
+    TBBUTTON& button = made.emplace_back();
+    button.iBitmap = gap ? gap_ : index;
+    button.idCommand = idOf(wanted, index);
+    button.fsState = static_cast<BYTE>(wanted.enabled ? TBSTATE_ENABLED : 0);
+    button.fsStyle = gap ? BTNS_SEP : BTNS_BUTTON;
+    button.iString = gap ? 0 : reinterpret_cast<INT_PTR>(names.back().c_str());  // the bar keeps a copy
+  };
+  for (const ui::ToolBarButton& button : buttons_) add(button);
+  add(chevronButton());
+  send(TB_ADDBUTTONSW, made.size(), reinterpret_cast<LPARAM>(made.data()));
 }
 
 void ToolBar::setDpi(int dpi) {

@@ -39,7 +39,7 @@ class ToolBar final : private Subclass<ToolBar> {
   std::size_t roomFor(int width) const;
   std::vector<int> stops() const;
   void goTo(std::size_t stop) const;
-  void add(const ui::ToolBarButton& button, int index);
+  void addButtons();
   int chevron() const { return static_cast<int>(buttons_.size()); }
   LRESULT send(UINT message, WPARAM wParam = 0, LPARAM lParam = 0) const {
     return SendMessageW(bar_, message, wParam, lParam);

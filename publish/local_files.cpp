@@ -1,0 +1,48 @@
+#include "publish/local_files.h"
+
+#include <algorithm>
+#include <utility>
+
+#include "base/disk.h"
+#include "base/file_errors.h"
+#include "base/path.h"
+#include "base/text.h"
+
+namespace publish {
+namespace {
+
+bool isLeftOut(const std::string& name, bool folder) {
+  if (name.starts_with(".zervo-")) return true;
+  const auto is = [&](std::string_view other) { return base::equalNoCase(name, other); };
+  if (folder) return is(".git") || is(".svn") || is(".hg") || is("CVS") || is("__MACOSX");
+  return is("Thumbs.db") || is("desktop.ini") || is(".DS_Store");
+}
+
+void walk(const std::string& folder, const std::string& path, std::vector<LocalFile>& found) {
+  std::vector<base::disk::Entry> entries;
+  if (const int code = base::disk::entries(folder, entries)) base::throwFileError(code, folder);
+  for (const base::disk::Entry& entry : entries) {
+    const bool below = entry.kind == base::disk::Kind::Folder;
+    if (isLeftOut(entry.name, below) || (below && entry.link)) continue;
+    const std::string whole = path.empty() ? entry.name : path + "/" + entry.name;
+    const std::string source = base::joinPath(folder, entry.name);
+    if (below) {
+      walk(source, whole, found);
+    } else if (entry.kind == base::disk::Kind::File) {
+      const base::disk::Look look = base::disk::look(source);
+      found.push_back({whole, source, static_cast<std::int64_t>(look.size), look.changed});
+    }
+  }
+}
+
+}  // namespace
+
+std::vector<LocalFile> localFiles(std::string_view folder) {
+  std::vector<LocalFile> found;
+  walk(std::string(folder), {}, found);
+  std::sort(found.begin(), found.end(),
+            [](const LocalFile& a, const LocalFile& b) { return a.path < b.path; });
+  return found;
+}
+
+}  // namespace publish
