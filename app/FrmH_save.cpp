@@ -242,9 +242,9 @@ bool FrmH::offerProject() {
   if (answer != kAnswerYes) return true;
   std::string name;
   do {
-    const auto answer = inputBox(platform_, "Cawere proeqtis saxeli."_keyboard, "New WEB", name);
-    if (!answer) return false;
-    name = *answer;
+    const auto wanted = inputBox(platform_, "Cawere proeqtis saxeli."_keyboard, "New WEB", name);
+    if (!wanted) return false;
+    name = *wanted;
     if (IsBadFileName(name)) reportBadName(platform_);
   } while (IsBadFileName(name));
   const auto folder = platform_.pickFolder("პროექტის საქაღალდე");

@@ -147,7 +147,7 @@ bool FrmH::askWhichToSave(ui::Text question, ui::Text title,
   for (const std::size_t row : answer.rows) chosen.push_back(unsaved[row]);
   // A save that fails or is cancelled keeps the window: the text would be lost.
   bool saved = false;
-  return guarded(platform_, [&] { saved = save(chosen); }) && saved;
+  return ui::atGate([&] { saved = save(chosen); }) && saved;
 }
 
 bool FrmH::leaveDocuments() {

@@ -76,7 +76,8 @@ void eachField(Record& props, Visit&& visit) {
   visit(props.EditorBackColor, base::rgb(255, 255, 255));
   visit(props.EditorColorExtra, 0);
   visit(props.ShowAtStart, 0);
-  for (std::size_t i = 0; i < base::kTypingFonts.size(); ++i) visit(props.TypingFontName[i], base::kTypingFonts[i]);
+  for (std::size_t i = 0; i < base::kTypingFonts.size(); ++i)
+    visit(props.TypingFontName[i], base::kTypingFonts[i]);
   visit(props.NoBreakSpaceAsReference, true);  // right in a page of any encoding
   visit(props.SelectionPreview, true);
   visit(props.WordWrap, false);

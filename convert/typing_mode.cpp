@@ -7,8 +7,8 @@
 
 #include "app/mdlsaerto.h"
 #include "app/menus.h"
-#include "base/font_names.h"
 #include "base/cp1252.h"
+#include "base/font_names.h"
 #include "base/line_ends.h"
 #include "base/utf8.h"
 #include "convert/frmrusaso.h"

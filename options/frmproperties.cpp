@@ -18,8 +18,8 @@ constexpr int kMostSize = 200;
 constexpr base::Color kWhite = base::rgb(255, 255, 255);
 constexpr int kLatinMode = 3;
 
-const std::array<std::string, 5> kBundled = {base::kIsoFont, base::kAsciiFont, base::kRussianFont, base::kMonoFont,
-                                             base::kSansFont};
+const std::array<std::string, 5> kBundled = {base::kIsoFont, base::kAsciiFont, base::kRussianFont,
+                                             base::kMonoFont, base::kSansFont};
 // A few words in the bytes of each typing mode.
 const std::array<ui::Text, 4> kTypingWords = {"Ðóññêèé òåêñò"_legacy, "ØÀÒÈÖËÉ ÔÄØÓÔÉ"_legacy,
                                               "qarTuli teqsti", "Latin <BR>"};

@@ -6,11 +6,11 @@
 #include "app/mdlsaerto.h"
 #include "app/progress.h"
 #include "app/web_file.h"
-#include "base/scoped_flag.h"
 #include "base/cp1252.h"
 #include "base/error.h"
 #include "base/files.h"
 #include "base/path.h"
+#include "base/scoped_flag.h"
 #include "base/text.h"
 #include "project/html_header.h"
 

@@ -43,7 +43,7 @@ const std::map<std::string, Folder>& folders() {
       std::getline(in, need, '@');
       read[name] = {std::regex(speakers), words(rulesNeed), words(need)};
     }
-    read["platform"] = {std::regex("^platform/"), {}, {"base", "ui"}};
+    read["platform"] = {std::regex("^platform/"), {}, {"base", "ui", "publish"}};
     return read;
   }();
   return all;

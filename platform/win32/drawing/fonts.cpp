@@ -1,10 +1,10 @@
-#include "base/font_names.h"
 #include "platform/win32/drawing/fonts.h"
 
 #include <array>
 #include <set>
 
 #include "base/error.h"
+#include "base/font_names.h"
 #include "platform/win32/drawing/dpi.h"
 #include "platform/win32/system/strings.h"
 #include "resources/ids.h"
