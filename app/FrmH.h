@@ -31,6 +31,7 @@ class FrmH final : public ui::MainForm, public Workbench {
                        {{"kMain", -1, {}, false},
                         {"kPreview", 200, {}, true},
                         {"kCounts", 250, {}, false},
+                        {"kForm", 130, {}, false},
                         {"kMode", 110, {}, false},
                         {"kPosition", 170, {}, false},
                         {"kView", 60, {}, false},

@@ -122,8 +122,7 @@ void FrmH::addNotice() {
 void FrmH::showNotice() {
   const std::uintmax_t bytes = documentSession.file(-1).oldEnd;
   if (bytes > 0) {
-    const std::string text = "ძველი ფაილი უფრო გრძელი იყო: შენახული ტექსტის შემდეგ მისი " +
-                             std::to_string(bytes) + " ბაიტი დარჩა.";
+    const std::string text = "ფაილის ბოლოში დარჩა ძველის " + std::to_string(bytes) + " ბაიტი.";
     if (Lnotice.caption() != ui::Text(text)) Lnotice.setCaption(text);
   }
   if (Lnotice.visible() == (bytes > 0)) return;

@@ -71,7 +71,8 @@ class Workbench {
   virtual bool runCommand(int id) = 0;                            // false: unknown or disabled
   virtual bool commandChecked(int id) = 0;                        // its menu item bears a check mark
 
-  // A panel of the status bar: "kMain", "kPreview", "kCounts", "kMode", "kPosition", "kView", "kLineEnds".
+  // A panel of the status bar: "kMain", "kPreview", "kCounts", "kForm", "kMode", "kPosition", "kView",
+  // "kLineEnds".
   virtual void setPanel(std::string_view key, ui::Text text) = 0;
 
   // What the user did without a command, as a command does it: not while one runs, and errors are shown.

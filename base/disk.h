@@ -29,6 +29,7 @@ std::string target(std::string_view path);
 enum class Mode { Read, Create, Change };
 // Of bytes; without a buffer, but for reading. Null and errno where it fails.
 std::FILE* open(std::string_view path, Mode mode);
+int write(std::FILE* file, std::string_view bytes);  // all of them, or an error
 int resize(std::FILE* file, std::uintmax_t size);
 int flush(std::FILE* file);          // down to the disk
 bool isFree(std::string_view path);  // an existing file that nobody has made with Create and still holds

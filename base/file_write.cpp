@@ -20,7 +20,7 @@ namespace {
 class TemporaryFile {
  public:
   explicit TemporaryFile(std::string_view target)
-      : folder_(target.substr(0, target.size() - fileName(target).size())) {}
+      : target_(target), folder_(target.substr(0, target.size() - fileName(target).size())) {}
   TemporaryFile(const TemporaryFile&) = delete;
   TemporaryFile& operator=(const TemporaryFile&) = delete;
   ~TemporaryFile() {
@@ -34,18 +34,16 @@ class TemporaryFile {
     for (int code = EEXIST; code == EEXIST;) {
       // Short, whatever the target is called.
       path_ = folder_ + ".zervo-" + disk::newName() + ".tmp";
-      note_.emplace().temporary(path_);  // without it the file may stay behind, no worse
+      note_.emplace().temporary(path_, target_, bytes);  // without it the file may stay behind, no worse
       file = disk::open(path_, disk::Mode::Create);
       code = file == nullptr ? errno : 0;
       if (code != 0 && code != EEXIST) return code;
     }
     made_ = true;
-    errno = 0;
     int code = 0;
     try {
       for (std::string_view bytes = more(); !bytes.empty() && code == 0; bytes = more()) {
-        if (std::fwrite(bytes.data(), 1, bytes.size(), file) != bytes.size())
-          code = errno != 0 ? errno : ENOSPC;
+        code = disk::write(file, bytes);
       }
     } catch (...) {
       std::fclose(file);
@@ -60,7 +58,7 @@ class TemporaryFile {
   }
 
  private:
-  std::string folder_, path_;
+  std::string target_, folder_, path_;
   bool made_ = false;
   std::optional<WriteNote> note_;
 };

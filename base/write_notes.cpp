@@ -7,21 +7,16 @@
 #include "base/binary.h"
 #include "base/disk.h"
 #include "base/error.h"
+#include "base/file_trace.h"
 #include "base/files.h"
 #include "base/path.h"
 
 namespace base {
 namespace {
 
-constexpr std::uint32_t kTemporary = 0x315A5654;  // the first bytes of the two kinds of note
+constexpr std::uint32_t kTemporary = 0x325A5654;  // the first bytes of the two kinds of note
 constexpr std::uint32_t kRewriting = 0x315A5652;
 constexpr const char* kNoteEnd = ".note";
-
-int writeAll(std::FILE* file, std::string_view bytes) {
-  errno = 0;
-  if (std::fwrite(bytes.data(), 1, bytes.size(), file) == bytes.size()) return 0;
-  return errno != 0 ? errno : ENOSPC;
-}
 
 // Whether a run that wrote `after` over `before` can have died with `now` in the file.
 bool isBetween(std::string_view now, std::string_view before, std::string_view after) {
@@ -42,7 +37,16 @@ void finish(std::string_view note) {
   const std::uint32_t kind = reader.u32();
   const std::string path = reader.text();
   if (kind == kTemporary) {
-    disk::remove(path);
+    const std::string target = reader.text();
+    const std::uint64_t low = reader.u32();
+    const std::uint64_t sum = low | (static_cast<std::uint64_t>(reader.u32()) << 32U);
+    // The system takes the old file away before it puts the new one there, and a run can die in between.
+    const bool gone = disk::look(target).kind == disk::Kind::Nothing;
+    if (gone && fileExists(path) && sumOf(readFile(path)) == sum) {
+      disk::rename(path, target);
+    } else {
+      disk::remove(path);
+    }
   } else if (kind == kRewriting) {
     const std::string before = reader.text();
     const std::string after = reader.text();
@@ -62,10 +66,14 @@ WriteNote::~WriteNote() {
   disk::remove(path_);
 }
 
-int WriteNote::temporary(std::string_view path) {
+int WriteNote::temporary(std::string_view path, std::string_view target, std::string_view bytes) {
   BinaryWriter note;
   note.u32(kTemporary);
   note.text(path);
+  note.text(target);
+  const std::uint64_t sum = sumOf(bytes);
+  note.u32(static_cast<std::uint32_t>(sum));
+  note.u32(static_cast<std::uint32_t>(sum >> 32U));
   return keep(note.bytes(), false);
 }
 
@@ -86,7 +94,7 @@ int WriteNote::keep(std::string_view bytes, bool flush) {
     code = file_ == nullptr ? errno : 0;
     if (code != 0 && code != EEXIST) return code;
   }
-  const int code = writeAll(file_, bytes);
+  const int code = disk::write(file_, bytes);
   if (code != 0) return code;
   return flush ? disk::flush(file_) : std::fflush(file_) == 0 ? 0 : EIO;
 }
@@ -96,12 +104,12 @@ int rewriteInPlace(std::string_view path, std::string_view before, std::string_v
   if (file == nullptr) return errno;
   // Room first: a disk that has none leaves the file as it was.
   int code = after.size() > before.size() ? disk::resize(file, after.size()) : 0;
-  if (code == 0) code = writeAll(file, after);
+  if (code == 0) code = disk::write(file, after);
   if (code == 0) code = disk::flush(file);
   if (code == 0 && after.size() < before.size()) code = disk::resize(file, after.size());
   if (code != 0) {
     std::rewind(file);
-    if (writeAll(file, before) == 0) disk::flush(file);
+    if (disk::write(file, before) == 0) disk::flush(file);
     disk::resize(file, before.size());
   }
   std::fclose(file);
@@ -118,9 +126,10 @@ void finishInterruptedWrites() {
     try {
       finish(readFile(path));
       disk::remove(path);
-    } catch (const Error&) {
-      // Not whole: the run had not begun with the file itself. Or the file cannot be read now: it waits.
-      if (fileSize(path) < sizeof(std::uint32_t)) disk::remove(path);
+    } catch (const Error& error) {
+      // Not whole: the run had not begun with the file itself. Where the file cannot be read now the note
+      // waits.
+      if (error.number() == ErrorNumber::BadFileFormat) disk::remove(path);
     }
   }
 }

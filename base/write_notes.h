@@ -16,8 +16,8 @@ class WriteNote {
   WriteNote& operator=(const WriteNote&) = delete;
   ~WriteNote();
 
-  // A file that is to go. An error of <cerrno>, or 0.
-  int temporary(std::string_view path);
+  // A file that will hold `bytes` and be put in the place of `target`, or go. An error of <cerrno>, or 0.
+  int temporary(std::string_view path, std::string_view target, std::string_view bytes);
   // A file that is about to be written over, from its first byte on: its bytes before and after. On the disk
   // when the call returns 0.
   int rewriting(std::string_view path, std::string_view before, std::string_view after);

@@ -8,7 +8,8 @@ Attached::Attached(app::Workbench& bench)
     : tables(loadLetterTables([&](std::string_view name) { return bench.platform().resource(name); })),
       conversions(tables),
       typing(bench, tables),
-      panels(bench, conversions) {
+      panels(bench, conversions),
+      letters(bench) {
   addConversionCommands(bench, conversions);
 }
 

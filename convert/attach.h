@@ -6,6 +6,7 @@
 #include "app/workbench.h"
 #include "convert/conversions.h"
 #include "convert/letter_tables.h"
+#include "convert/letters_commands.h"
 #include "convert/status_panels.h"
 #include "convert/typing_mode.h"
 
@@ -19,6 +20,7 @@ class Attached {
   const Conversions conversions;
   const Typing typing;
   const StatusPanels panels;
+  const LettersCommands letters;
 };
 
 // Reads the tables from the program's resources; call it before documents are opened. The result and `bench`

@@ -126,6 +126,12 @@ class Planner {
            (range.begin >= options_.selection->begin && range.end <= options_.selection->end);
   }
 
+  const Choice* choiceOf(Range range) const {
+    if (options_.choices == nullptr || options_.choices->empty()) return nullptr;
+    const auto found = options_.choices->find(static_cast<std::uint32_t>(range.begin));
+    return found == options_.choices->end() ? nullptr : &found->second;
+  }
+
   void addCharset(std::size_t begin, std::size_t end) {
     Change change;
     change.begin = static_cast<std::uint32_t>(begin);
@@ -135,9 +141,8 @@ class Planner {
     plan_.changes.push_back(change);
   }
 
-  void text(const PagePiece& piece, const Verdict& verdict) {
+  void text(const PagePiece& piece, Verdict verdict) {
     FontUse& font = plan_.detection.parts.fonts[piece.font];
-    const bool changes = options_.to == Target::Utf8 ? verdict.changesToUtf8 : verdict.changesToReferences;
     Range range{piece.begin, piece.end};
     if (options_.selection) {
       range = {std::max(range.begin, options_.selection->begin),
@@ -145,6 +150,13 @@ class Planner {
       if (range.begin >= range.end || range.size() < piece.end - piece.begin) font.left += verdict.letters;
       if (range.begin >= range.end) return;
     }
+    const Choice* const choice = choiceOf(range);
+    if (choice != nullptr && choice->form) {
+      const std::uint16_t letters = verdict.letters;
+      PagePlan::choose(verdict, *choice->form);
+      verdict.letters = letters;
+    }
+    const bool changes = options_.to == Target::Utf8 ? verdict.changesToUtf8 : verdict.changesToReferences;
     if (!changes && !verdict.uncertain) {
       if (font.form == Form::Keyboard && verdict.form == Form::Ascii) font.left += verdict.letters;
       return;
@@ -155,6 +167,12 @@ class Planner {
     change.place = piece.place;
     change.references = piece.references;
     change.verdict = verdict;
+    if (choice != nullptr && choice->leave) {
+      change.apply = false;
+      font.left += std::max<std::uint32_t>(1, verdict.letters);
+      plan_.changes.push_back(change);
+      return;
+    }
     change.verdict.afterwards = repairsAfterwards(range, piece, verdict);
     if (verdict.keyboard) {
       const KeyboardWords words = keyboardWords(page_.substr(range.begin, range.size()), verdict);
@@ -168,7 +186,7 @@ class Planner {
       const bool others = std::ranges::any_of(page_.substr(range.begin, range.size()), [](char c) {
         return static_cast<std::uint8_t>(c) >= 0x80 || c == '&';
       });
-      if (words.converted == 0 && !change.verdict.uncertain && !others) return;
+      if (words.converted == 0 && !change.verdict.uncertain && !others && choice == nullptr) return;
     } else if (verdict.uncertain) {
       font.left += verdict.letters;
     } else if (isOldForm(verdict.form)) {

@@ -9,6 +9,7 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <unordered_map>
 #include <vector>
 
 #include "convert/detector.h"
@@ -21,12 +22,20 @@ enum class Target : std::uint8_t { Utf8, References };
 // converted.
 enum class OldFonts : std::uint8_t { TakeAway, Keep, Exchange };
 
+// What the user says of a text.
+struct Choice {
+  std::optional<Form> form;  // none: as it was found
+  bool leave = false;        // it is not converted
+};
+using Choices = std::unordered_map<std::uint32_t, Choice>;  // by Change::begin
+
 struct PlanOptions {
   Target to = Target::Utf8;
   DetectorOptions detector;
   OldFonts fonts = OldFonts::TakeAway;
   std::string newFonts;                    // names between commas, for Exchange
   bool declareAnyway = false;              // UTF-8, even where nothing else changes: it comes from UTF-16
+  const Choices* choices = nullptr;        // needed for this call alone
   std::optional<markup::Range> selection;  // only what stands in it; the declaration stays as it is then
 };
 

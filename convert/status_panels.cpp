@@ -12,6 +12,7 @@ namespace convert {
 namespace {
 
 constexpr std::size_t kPreviewBytes = 200;
+constexpr std::size_t kCountedAtOnce = 256 * std::size_t{1024};  // bytes; longer texts in the next pause
 
 }  // namespace
 
@@ -49,7 +50,11 @@ StatusPanels::StatusPanels(app::Workbench& bench, const Conversions& conversions
   bench.propsInForce.connect([this] { showPreview(); });
   bench.selectionChanged.connect([this] { showPreview(); });
   bench.textChanged.connect([this] { countsStale_ = true; });
-  bench.viewChanged.connect([this] { showPreview(); });
+  bench.viewChanged.connect([this] {
+    showPreview();
+    // A command must not wait for the letters of a long text.
+    if (bench_.codeView().text().size() <= kCountedAtOnce) showCounts();
+  });
   bench.pause.connect([this] { showCounts(); });
 }
 

@@ -16,8 +16,8 @@
 namespace recovery {
 namespace {
 
-constexpr std::size_t kPiece = 512 * 1024;             // bytes copied at a time: well below a millisecond
-constexpr std::size_t kMostWaiting = 8 * 1024 * 1024;  // for the disk
+constexpr std::size_t kPiece = 64 * 1024;              // bytes copied at a time: a fraction of a millisecond
+constexpr std::size_t kMostWaiting = 2 * 1024 * 1024;  // for the disk
 constexpr int kWait = 20;                              // milliseconds, while that much is waiting
 constexpr std::size_t kMostLogged = 1024 * 1024;       // bytes of changes before a fresh copy is made
 constexpr std::size_t kMostList = 1024 * 1024;         // bytes of the list of documents

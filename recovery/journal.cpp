@@ -23,22 +23,23 @@ std::uint32_t checksum(std::string_view bytes) {
   return static_cast<std::uint32_t>(sum ^ (sum >> 32U));
 }
 
-std::string record(Kind kind, std::string_view content) {
-  base::BinaryWriter inside;
-  inside.u8(static_cast<std::uint8_t>(kind));
-  inside.raw(content);
-  base::BinaryWriter framed;
-  framed.u32(static_cast<std::uint32_t>(inside.bytes().size()));
-  framed.u32(checksum(inside.bytes()));
-  framed.raw(inside.bytes());
-  return framed.bytes();
+constexpr std::size_t kFrame = 2 * sizeof(std::uint32_t);
+
+std::string record(Kind kind, std::string_view content, std::string_view more = {}) {
+  std::string made(kFrame, '\0');
+  made.reserve(kFrame + 1 + content.size() + more.size());
+  made += static_cast<char>(kind);
+  made.append(content).append(more);
+  base::BinaryWriter frame;
+  frame.u32(static_cast<std::uint32_t>(made.size() - kFrame));
+  frame.u32(checksum(std::string_view(made).substr(kFrame)));
+  return made.replace(0, kFrame, frame.bytes());
 }
 
 // Calls `take` for each whole record from the first one on.
 template <class Take>
 void eachRecord(std::string_view file, Take take) {
   base::BinaryReader reader(file);
-  constexpr std::size_t kFrame = 2 * sizeof(std::uint32_t);
   while (reader.left() > kFrame) {
     const std::uint32_t size = reader.u32();
     const std::uint32_t sum = reader.u32();
@@ -103,8 +104,7 @@ std::string Journal::change(std::size_t position, std::size_t removed, std::stri
   base::BinaryWriter out;
   out.u32(static_cast<std::uint32_t>(position));
   out.u32(static_cast<std::uint32_t>(inside));
-  out.raw(added);
-  std::string made = record(Kind::Change, out.bytes());
+  std::string made = record(Kind::Change, out.bytes(), added);
   logged_ += made.size();
   return made;
 }

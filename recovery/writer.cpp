@@ -11,6 +11,8 @@ namespace {
 
 // What comes together goes to the disk together.
 constexpr std::chrono::milliseconds kGathering{400};
+constexpr int kMostUnflushed = 16;          // such portions
+constexpr std::size_t kMuch = 1024 * 1024;  // bytes that go at once
 
 }  // namespace
 
@@ -71,7 +73,7 @@ void Writer::run() {
   for (;;) {
     given_.wait(lock, [this] { return !tasks_.empty() || ending_; });
     if (tasks_.empty()) return;
-    given_.wait_for(lock, kGathering, [this] { return hurry_ || ending_; });
+    given_.wait_for(lock, kGathering, [this] { return hurry_ || ending_ || waiting_ > kMuch; });
     std::vector<Task> tasks;
     tasks.swap(tasks_);
     busy_ = true;
@@ -84,7 +86,6 @@ void Writer::run() {
 }
 
 void Writer::work(std::vector<Task>& tasks) {
-  std::map<std::string, std::FILE*> touched;
   int error = 0;
   const auto failed = [&error](int code) {
     if (error == 0) error = code;
@@ -93,7 +94,7 @@ void Writer::work(std::vector<Task>& tasks) {
     const auto at = files_.find(path);
     if (at == files_.end()) return;
     std::fclose(at->second);
-    touched.erase(path);
+    touched_.erase(path);
     files_.erase(at);
   };
   for (Task& task : tasks) {
@@ -108,14 +109,13 @@ void Writer::work(std::vector<Task>& tasks) {
       }
     } else if (task.kind == Task::Kind::Append) {
       const auto at = files_.find(task.path);
-      errno = 0;
       if (at != files_.end()) {
-        if (std::fwrite(task.bytes.data(), 1, task.bytes.size(), at->second) == task.bytes.size()) {
-          touched.insert(*at);
-        } else {
+        if (const int code = base::disk::write(at->second, task.bytes)) {
           // The rest would follow a gap, and count for nothing.
-          failed(errno != 0 ? errno : ENOSPC);
+          failed(code);
           close(task.path);
+        } else {
+          touched_.insert(*at);
         }
       }
     } else {
@@ -126,10 +126,16 @@ void Writer::work(std::vector<Task>& tasks) {
     waiting_ -= task.bytes.size();
     task.bytes = std::string();
   }
-  for (const auto& [path, file] : touched) {
-    if (const int code = base::disk::flush(file)) failed(code);
+  std::unique_lock lock(mutex_);
+  if (tasks_.empty() || ++unflushed_ > kMostUnflushed) {
+    lock.unlock();
+    for (const auto& [path, file] : touched_) {
+      if (const int code = base::disk::flush(file)) failed(code);
+    }
+    touched_.clear();
+    unflushed_ = 0;
+    lock.lock();
   }
-  const std::lock_guard lock(mutex_);
   if (error_ == 0) error_ = error;
 }
 

@@ -44,7 +44,9 @@ class Writer {
   std::size_t waiting_ = 0;
   int error_ = 0;
   bool busy_ = false, hurry_ = false, ending_ = false;
-  std::map<std::string, std::FILE*> files_;  // of the thread alone
+  // Of the thread alone: open files, and those of them that are not on the disk yet.
+  std::map<std::string, std::FILE*> files_, touched_;
+  int unflushed_ = 0;
   std::thread thread_;
 };
 

@@ -89,6 +89,7 @@
 #define mnuQUTFIH 40164
 #define mnuQHIUTF 40165
 #define mnuxuc 40166
+#define mnuletters 40170
 
 #define mnuens0 40201
 #define mnuens1 40202

@@ -122,6 +122,7 @@ void ListView::userSelect(int row) {
 
 void ListView::userCheck(int row, bool checked) {
   setChecked(row, checked);
+  if (rowIn(items_, row) >= 0) rowChecked(row);
 }
 
 void ListView::userEdit(int row, std::string text) {

@@ -189,6 +189,8 @@ class ListView : public Control {
     std::string tag;  // the owner's, not shown
     int icon = 0;     // image number, 0: none
     bool checked = false;
+    bool heading = false;  // of the rows below it: stands out
+    bool boxed = true;     // has a tick box, in a list with check boxes
   };
   struct Column {
     Text caption;
@@ -200,6 +202,7 @@ class ListView : public Control {
   Event<> selectionChanged;
   Event<> doubleClicked;
   Event<> contextMenu;
+  Event<int> rowChecked;  // the user ticked a row, or took its tick away
   // In-place editing of row texts: off without a handler. `text` is UTF-8 and may be changed; false refuses
   // it.
   std::function<bool(int row, std::string& text)> labelEdited;

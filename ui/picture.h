@@ -77,6 +77,7 @@ class PictureBox : public Control {
   Event<Point> mouseUp;
   Event<Point> otherMouseUp;  // a button that is neither the left nor the right one
   Event<Point> doubleClicked;
+  Event<int> wheel;   // turned: lines to go down (up: less than 0)
   Event<> mouseLeft;  // the pointer is elsewhere
   // A virtual-key number pressed while the picture has the keyboard; true: used, else the dialog has it
   // (arrows then move the focus). Pictures without a handler take no focus.

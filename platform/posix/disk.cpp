@@ -18,6 +18,7 @@
 #include <thread>
 
 #include "base/text.h"
+#include "platform/posix/disk_faults.h"
 
 namespace base::disk {
 namespace {
@@ -48,6 +49,39 @@ bool copyAttributes(const fs::path& from, const fs::path& to) {
 }
 
 }  // namespace
+
+namespace faults {
+namespace {
+
+struct Plan {
+  int left = 0;  // operations until it happens; 0: none is planned, or it has happened
+  int code = 0;
+  bool struck = false;
+};
+Plan plan;
+
+}  // namespace
+
+void planAt(int nth, int code) {
+  plan = {nth, code, false};
+}
+
+bool happened() {
+  plan.left = 0;
+  return plan.struck;
+}
+
+int due() {
+  return plan.left > 0 && --plan.left == 0 ? plan.code : 0;
+}
+
+int strike(int code) {
+  if (code == kDie) _exit(0);
+  plan.struck = true;
+  return code;
+}
+
+}  // namespace faults
 
 Look look(std::string_view path) {
   std::error_code error;
@@ -84,6 +118,12 @@ std::string target(std::string_view path) {
 }
 
 std::FILE* open(std::string_view path, Mode mode) {
+  if (mode != Mode::Read) {
+    if (const int code = faults::due()) {
+      errno = faults::strike(code);
+      return nullptr;
+    }
+  }
   std::FILE* const file = std::fopen(native(path).c_str(), mode == Mode::Read     ? "rb"
                                                            : mode == Mode::Create ? "wbx"
                                                                                   : "r+b");
@@ -93,7 +133,19 @@ std::FILE* open(std::string_view path, Mode mode) {
   return file;
 }
 
+int write(std::FILE* file, std::string_view bytes) {
+  if (const int code = faults::due()) {
+    // As much as a full disk takes.
+    std::fwrite(bytes.data(), 1, bytes.size() / 2, file);
+    return faults::strike(code);
+  }
+  errno = 0;
+  if (std::fwrite(bytes.data(), 1, bytes.size(), file) == bytes.size()) return 0;
+  return errno != 0 ? errno : ENOSPC;
+}
+
 int resize(std::FILE* file, std::uintmax_t size) {
+  if (const int code = faults::due()) return faults::strike(code);
   struct stat known {};
   if (fstat(fileno(file), &known) != 0) return errno;
   if (static_cast<std::uintmax_t>(known.st_size) < size) {
@@ -111,10 +163,12 @@ bool isFree(std::string_view path) {
 }
 
 int flush(std::FILE* file) {
+  if (const int code = faults::due()) return faults::strike(code);
   return std::fflush(file) == 0 && fsync(fileno(file)) == 0 ? 0 : errno;
 }
 
 int rename(std::string_view from, std::string_view to) {
+  if (const int code = faults::due()) return faults::strike(code);
   std::error_code error;
   fs::rename(native(from), native(to), error);
   return error.value();

@@ -186,7 +186,7 @@ TEST_F(Panes, TheStatusBarNamesTheViewAndSwitchesIt) {
   open(folder.make("u.html", "\xE1\x83\x90"));
   EXPECT_EQ(view(), "UTF-8");
   EXPECT_TRUE(H->commandChecked(mnuViewUtf8));
-  H->Status.userClick(5);  // of its seven panels
+  H->Status.userClick(6);  // of its eight panels
   EXPECT_EQ(T1.view(), ui::TextView::EightBit);
   EXPECT_EQ(view(), "8-ბიტი");
   T1.setText("\xE1\x83\x91");

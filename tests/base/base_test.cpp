@@ -1,6 +1,5 @@
 #include <fcntl.h>
 #include <gtest/gtest.h>
-#include <sys/mount.h>
 #include <sys/stat.h>
 #include <sys/wait.h>
 #include <unistd.h>
@@ -13,12 +12,16 @@
 #include "base/cp1252.h"
 #include "base/error.h"
 #include "base/files.h"
+#include "base/hash.h"
+#include "base/json.h"
 #include "base/line_ends.h"
 #include "base/path.h"
 #include "base/text.h"
 #include "base/utf8.h"
 #include "base/write_notes.h"
+#include "platform/posix/disk_faults.h"
 #include "tests/support/iconv.h"
+#include "tests/support/small_disk.h"
 #include "tests/support/temp_folder.h"
 
 namespace {
@@ -65,23 +68,6 @@ TEST(Addresses, AreFromThePageToTheFile) {
   EXPECT_EQ(base::addressOf("", "D:\\x.gif"), "file:///D:/x.gif");
 }
 
-// 64 KB that fill up.
-struct SmallDisk {
-  SmallDisk() {
-    std::filesystem::create_directory(path);
-    made = mount("none", path.c_str(), "tmpfs", 0, "size=64k") == 0;
-  }
-  SmallDisk(const SmallDisk&) = delete;
-  SmallDisk& operator=(const SmallDisk&) = delete;
-  ~SmallDisk() {
-    if (made) umount(path.c_str());
-  }
-
-  tests::TempFolder folder;
-  std::string path = folder.path() + "/disk";
-  bool made = false;
-};
-
 TEST(Files, OverwritingKeepsALongerTail) {
   const tests::TempFolder folder;
   const std::string path = folder.make("გვერდი.html", "0123456789");
@@ -112,7 +98,7 @@ TEST(Files, AFailureIsNamedAndLeavesTheOldFileAndNoOther) {
 }
 
 TEST(Files, AFullDiskLeavesTheOldFileWhole) {
-  const SmallDisk disk;
+  const tests::SmallDisk disk;
   if (!disk.made) GTEST_SKIP() << "cannot mount a small disk here";
   const std::string path = disk.path + "\\a";
   base::writeFile(path, "old");
@@ -204,7 +190,7 @@ TEST(Files, ADeviceOrPipeTakesTheBytesAndStaysWhatItIs) {
 }
 
 TEST(Files, WhereThereIsNoRoomForASecondFileTheFirstIsWrittenOver) {
-  const SmallDisk disk;
+  const tests::SmallDisk disk;
   if (!disk.made) GTEST_SKIP() << "cannot mount a small disk here";
   const std::string path = disk.path + "\\a";
   base::writeFile(path, std::string(40000, 'o'));
@@ -223,10 +209,13 @@ TEST(Files, TheNextRunEndsWhatADeadOneHadBegun) {
   const std::string left = folder.make(".zervo-1-1.tmp", "half");
   const std::string torn = folder.make("torn", "NEW bytes of the o");
   const std::string foreign = folder.make("foreign", "somebody else's");
+  const std::string whole = folder.make(".zervo-1-2.tmp", "the new text"), gone = folder.file("gone");
   const pid_t dying = fork();
   if (dying == 0) {
-    auto* const notes = new base::WriteNote[3];
-    _exit(notes[0].temporary(left) != 0 || notes[1].rewriting(torn, "the bytes of the o", "NEW text") != 0 ||
+    auto* const notes = new base::WriteNote[4];
+    _exit(notes[0].temporary(left, torn, "whole") != 0 ||
+          notes[3].temporary(whole, gone, "the new text") != 0 ||
+          notes[1].rewriting(torn, "the bytes of the o", "NEW text") != 0 ||
           notes[2].rewriting(foreign, "a", "b") != 0);
   }
   int status = -1;
@@ -234,13 +223,65 @@ TEST(Files, TheNextRunEndsWhatADeadOneHadBegun) {
   ASSERT_EQ(status, 0);
   base::WriteNote living;
   const std::string mine = folder.make("mine", "x");
-  ASSERT_EQ(living.temporary(mine), 0);
+  ASSERT_EQ(living.temporary(mine, torn, "x"), 0);
   base::finishInterruptedWrites();
   EXPECT_FALSE(base::fileExists(left));
+  EXPECT_FALSE(base::fileExists(whole));
+  EXPECT_EQ(base::readFile(gone), "the new text") << "it died while the old file was exchanged for the new";
   EXPECT_EQ(base::readFile(torn), "NEW text");
   EXPECT_EQ(base::readFile(foreign), "somebody else's");
   EXPECT_TRUE(base::fileExists(mine));
   EXPECT_EQ(base::fileNames(folder.path() + "/zervo/Writing").size(), 1U) << "the note of the run that lives";
+  unsetenv("XDG_STATE_HOME");
+}
+
+// Every operation of a save in turn: it fails, or the program dies there. A file whose folder takes a second
+// one, and one that is written over in its place since it has two names.
+TEST(Files, AtEveryFaultTheFileIsWholeOldOrWholeNew) {
+  const std::string before = "the old text, which is longer", text = "the new text";
+  const std::string after = text + before.substr(text.size());
+  for (const bool linked : {false, true}) {
+    for (const int code : {ENOSPC, EIO, base::disk::faults::kDie}) {
+      int faults = 0;
+      for (bool happened = true; happened;) {
+        SCOPED_TRACE(std::to_string(code) + " at " + std::to_string(++faults) + (linked ? ", linked" : ""));
+        const tests::TempFolder folder;
+        setenv("XDG_STATE_HOME", folder.path().c_str(), 1);
+        const tests::TempFolder place;
+        const std::string file = place.make("page.html", before);
+        if (linked) std::filesystem::create_hard_link(place.path() + "/page.html", place.path() + "/link");
+        bool refused = false;
+        if (code == base::disk::faults::kDie) {
+          const pid_t dying = fork();
+          if (dying == 0) {
+            base::disk::faults::planAt(faults, code);
+            base::overwriteFile(file, text);
+            _exit(1);
+          }
+          int status = 0;
+          waitpid(dying, &status, 0);
+          happened = WEXITSTATUS(status) == 0;
+        } else {
+          base::disk::faults::planAt(faults, code);
+          try {
+            base::overwriteFile(file, text);
+          } catch (const base::Error& error) {
+            refused = true;
+            EXPECT_NE(std::string(error.what()).find("page.html"), std::string::npos);
+          }
+          happened = base::disk::faults::happened();
+        }
+        base::finishInterruptedWrites();
+        const std::string now = base::readFile(file);
+        EXPECT_TRUE(now == before || now == after) << now;
+        EXPECT_TRUE(code == base::disk::faults::kDie || refused == (now == before));
+        EXPECT_EQ(base::fileNames(place.path()).size(), linked ? 2U : 1U);
+        EXPECT_TRUE(base::fileNames(folder.path() + "/zervo/Writing").empty());
+        ASSERT_LT(faults, 40);
+      }
+      EXPECT_GT(faults, 4);
+    }
+  }
   unsetenv("XDG_STATE_HOME");
 }
 
@@ -250,6 +291,32 @@ TEST(Binary, ReaderStopsAtTheEnd) {
   base::BinaryReader reader(writer.bytes());
   EXPECT_THROW(reader.text(), base::Error);
   EXPECT_EQ(base::crc32("123456789"), 0xCBF43926U);  // the check value that the algorithm is published with
+}
+
+// What `xxhsum -H64` says of the same bytes.
+TEST(Hash, IsThePublishedOne) {
+  std::string bytes;
+  for (int i = 0; i < 79; ++i) bytes += static_cast<char>(i * 7);
+  EXPECT_EQ(base::hexOf(base::hash64("")), "ef46db3751d8e999");
+  EXPECT_EQ(base::hexOf(base::hash64("abc")), "44bc2cf5ad770999");
+  EXPECT_EQ(base::hexOf(base::hash64(bytes)), "e4e589158e6e0c1a");
+}
+
+TEST(Json, ReadsWhatItWritesAndRefusesAllElse) {
+  const std::string hard = std::string("\"\\/\n\x01\x7F", 6) + "გ\xF0\x9F\x98\x80\xFF";
+  const auto read =
+      base::parseJson(" {\"a\" : [1, -2.5e3, true, null, " + base::jsonQuoted(hard) + "] , \"\":{}}\r\n");
+  ASSERT_TRUE(read);
+  EXPECT_EQ((*read)["a"].items[4].text, std::string("\"\\/\n\x01\x7F", 6) + "გ\xF0\x9F\x98\x80\xEF\xBF\xBD");
+  EXPECT_EQ((*read)["a"].items[0].number(), 1U);
+  EXPECT_EQ((*read)["a"].items[1].number(), 0U);
+  EXPECT_EQ(base::parseJson("\"\\u10d2\\ud83d\\ude00\\udc00\"")->text, "გ\xF0\x9F\x98\x80\xEF\xBF\xBD");
+  for (const std::string& bad :
+       {std::string(), std::string("{"), std::string("[1,]"), std::string("{\"a\"}"), std::string("1 2"),
+        std::string("\"\\u12\""), std::string("\"\\ud800\\u0041\""), std::string("\"a"),
+        std::string(1000, '[')}) {
+    EXPECT_FALSE(base::parseJson(bad)) << bad;
+  }
 }
 
 }  // namespace

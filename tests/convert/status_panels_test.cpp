@@ -85,6 +85,8 @@ TEST_F(StatusPanels, CountsFollowTheTextWhenNothingElseIsToDo) {
   EXPECT_EQ(panel("kCounts"), "ISO 0  UTF8 1  HEX 0  ASCII 2");
   T1.type("c");
   EXPECT_EQ(panel("kCounts"), "ISO 0  UTF8 1  HEX 0  ASCII 2");
+  H->runCommand(T1.view() == ui::TextView::Utf8 ? mnuView8Bit : mnuViewUtf8);
+  EXPECT_EQ(panel("kCounts"), "ISO 0  UTF8 1  HEX 0  ASCII 3") << "and when a document comes to be shown";
   T1.load("\xC0&#4304;");
   H->pause();
   EXPECT_EQ(panel("kCounts"), "ISO 1  UTF8 0  HEX 1  ASCII 0");

@@ -251,7 +251,7 @@ TEST_F(Lines, TheStatusBarNamesTheEndsAndExchangesThem) {
   EXPECT_EQ(panel(), "შერეული");
   T1.select(7, 4);  // "o", a lone CR and "th"
   platform.popupAnswers.push_back(mnuToLf);
-  H->Status.userClick(6);  // the last of its panels
+  H->Status.userClick(7);  // the last of its panels
   ASSERT_EQ(platform.popup.size(), 3U);
   EXPECT_TRUE(platform.popup[1].enabled && !platform.popup[1].checked);
   EXPECT_EQ(T1.text(), "one\ntwo\nthree\nfour\n");

@@ -77,6 +77,38 @@ TEST_F(Killed, WhileTypingLosesTheLastTwoSecondsAtMost) {
   EXPECT_TRUE(std::filesystem::is_empty(folder / L"Recovery"));
 }
 
+// The file is whole old or whole new after the next start, and nothing else lies in its folder.
+TEST_F(Killed, WhileSavingLeavesTheFileWholeOldOrWholeNew) {
+  const auto pages = folder / L"pages";
+  std::filesystem::create_directory(pages);
+  const auto path = pages / L"page.txt";
+  std::string before(300'000, 'o');
+  writeBytes(path, before);
+  std::mt19937 random(19);
+  int saved = 0;
+  for (int round = 0; round < rounds(); ++round) {
+    SCOPED_TRACE(round);
+    std::optional<Zervo> zervo(open({path}));
+    zervo->waitForText(before);
+    zervo->waitUntilFree();
+    const auto letter = static_cast<wchar_t>(L'a' + round % 26);
+    zervo->type(letter);
+    const std::string after = static_cast<char>(letter) + before;
+    zervo->waitForText(after);
+    zervo->command(mnuSave);
+    Sleep(random() % 60);
+    zervo.reset();
+    open();  // what the start does is done when the window is there
+    const std::string now = readBytes(path);
+    ASSERT_TRUE(now == before || now == after) << now.size();
+    ASSERT_EQ(std::distance(std::filesystem::directory_iterator(pages), {}), 1);
+    saved += now == after ? 1 : 0;
+    before = now;
+    std::filesystem::remove_all(folder / L"Recovery");
+  }
+  std::printf("%d of %d saves were done\n", saved, rounds());
+}
+
 // A large page is kept by what changes; nobody waits for it. Untitled ones come back, too.
 TEST_F(Killed, ALargePageIsKeptWhileTypingGoesOn) {
   std::string page;
@@ -87,21 +119,27 @@ TEST_F(Killed, ALargePageIsKeptWhileTypingGoesOn) {
   zervo->waitForText(page);
   zervo->select(0, 0);
   const HWND T1 = zervo->control(IDC_FrmH_T1);
-  double worst = 0;
-  LARGE_INTEGER frequency, before, after;
-  QueryPerformanceFrequency(&frequency);
-  constexpr int kKeys = 150;
-  for (int i = 0; i < kKeys; ++i) {
-    QueryPerformanceCounter(&before);
-    SendMessageW(T1, WM_CHAR, L'x', 1);
-    QueryPerformanceCounter(&after);
-    if (i > 0)
-      worst =
-          std::max(worst, static_cast<double>(after.QuadPart - before.QuadPart) * 1000 / frequency.QuadPart);
-    Sleep(20);
-  }
-  RecordProperty("worst_key_ms", static_cast<int>(worst));
-  std::printf("worst key while 20 MB are kept: %.1f ms\n", worst);
+  constexpr int kKeys = 100;
+  // Milliseconds of the longest key, while the page is copied and, as a yardstick, afterwards.
+  const auto slowest = [&] {
+    LARGE_INTEGER frequency, before, after;
+    QueryPerformanceFrequency(&frequency);
+    double worst = 0;
+    for (int i = 0; i < kKeys; ++i) {
+      QueryPerformanceCounter(&before);
+      SendMessageW(T1, WM_CHAR, L'x', 1);
+      QueryPerformanceCounter(&after);
+      const auto ticks = static_cast<double>(after.QuadPart - before.QuadPart);
+      if (i > 0) worst = std::max(worst, ticks * 1000 / static_cast<double>(frequency.QuadPart));
+      Sleep(15);
+    }
+    return worst;
+  };
+  const double copying = slowest();
+  allow(2000);
+  const double copied = slowest();
+  std::printf("longest key of %d: %.1f ms while 20 MB are copied, %.1f ms afterwards\n", kKeys, copying,
+              copied);
   allow(2000);
   zervo->command(mnunewT);
   zervo->waitForText("");
@@ -113,7 +151,7 @@ TEST_F(Killed, ALargePageIsKeptWhileTypingGoesOn) {
   takeBack();
   zervo->waitForText("new");
   zervo->clickNode("large.html");
-  zervo->waitForText(std::string(kKeys, 'x') + page);
+  zervo->waitForText(std::string(2 * kKeys, 'x') + page);
 }
 
 }  // namespace

@@ -180,6 +180,7 @@ TEST_F(Window, EveryDialogNamesItsControlsAndCanDoWithoutAMouse) {
                   {mnuasos, L"frmasos"},
                   {mnuabzac, L"frmabzac"},
                   {mnuparzuch, L"frmxascvla"},
+                  {mnuletters, L"frmletters"},
                   {mnuPrintPreview, L"frmprintpreview"}};
   Zervo zervo = open({file(L"page.html", "<P ALIGN=left STYLE=\"color: red\">one</P>")});
   zervo.waitUntilFree();

@@ -104,7 +104,9 @@ std::vector<std::string> complaints(const std::string& path, const std::string& 
     std::transform(lower.begin(), lower.end(), lower.begin(),
                    [](unsigned char c) { return std::tolower(c); });
     const bool known = included.find('/') != std::string::npos && folders().contains(topFolder(included));
-    if (windows.contains(lower) && !mayKnowWindows(path)) {
+    if (lower.starts_with("curl/") && !path.starts_with("platform/curl/")) {
+      result.push_back(path + " includes <" + included + ">");
+    } else if (windows.contains(lower) && !mayKnowWindows(path)) {
       result.push_back(path + " includes <" + included + ">");
     } else if (ships && isHeavy(included) && path != "platform/posix/disk.cpp") {
       result.push_back(path + " includes <" + included + ">, which is heavy");
@@ -172,6 +174,7 @@ TEST(IncludeRules, ComplainAboutWhatTheyForbid) {
   EXPECT_TRUE(complaints("convert/status_panels.cpp", "#include \"app/workbench.h\"").empty());
   EXPECT_EQ(complaints("platform/win32/peer.cpp", "#include \"app/FrmH.h\"").size(), 1u);
   EXPECT_EQ(complaints("tests/app/a.cpp", "#include <CommCtrl.h>").size(), 1u);
+  EXPECT_EQ(complaints("publish/a.cpp", "#include <curl/curl.h>\n#include \"ui/text.h\"").size(), 2u);
   EXPECT_EQ(complaints("app/a.cpp", "#include <sstream>\n#include <string>").size(), 1u);
   EXPECT_TRUE(
       complaints("platform/win32/main.cpp", "#include \"program/program.h\"\n#include <commctrl.h>").empty());

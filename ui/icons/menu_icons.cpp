@@ -171,6 +171,7 @@ constexpr MenuIconDrawing kDrawings[] = {
      "y F 1 4 6 4 7 6 14 6 14 14 1 14 t C 1.5 4.5 5.5 4.5 7 6.5 13.5 6.5 13.5 13.5 1.5 13.5"},
     {MenuIcon::Check, "t W 2 L 3 8.5 6.5 12 13 4"},
     {MenuIcon::Bullet, "t D 8 8 3"},
+    {MenuIcon::Letters, "t T 3.5 5 9 2 À b T 12 11 10 1 ა r L 7 3.5 11.5 3.5 F 9.5 1 14 3.5 9.5 6"},
 };
 static_assert(std::ranges::is_sorted(kDrawings, {}, &MenuIconDrawing::icon));
 

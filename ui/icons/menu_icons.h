@@ -100,6 +100,7 @@ enum class MenuIcon {
   Folder = 89,
   Check = 90,  // the marks of checked items
   Bullet = 91,
+  Letters = 92,
 };
 
 struct MenuIconDrawing {

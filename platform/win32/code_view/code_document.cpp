@@ -47,7 +47,8 @@ void Workshop::release(sptr_t document) {
 }
 
 std::string ScintillaDocument::piece(std::size_t start, std::size_t length) const {
-  const sptr_t bytes = workshop_->with(handle_).call(SCI_GETRANGEPOINTER, start, static_cast<sptr_t>(length));
+  const sptr_t bytes =
+      workshop_->reading(handle_).call(SCI_GETRANGEPOINTER, start, static_cast<sptr_t>(length));
   return {reinterpret_cast<const char*>(bytes), length};
 }
 

@@ -22,6 +22,12 @@ class Workshop {
 
   // The control with the document in it, until put(0).
   const Scintilla& with(sptr_t document);
+  // The control that shows the document, or the hidden one with it in: to put a large one in takes a while.
+  const Scintilla& reading(sptr_t document) { return document == shown_ ? *shownIn_ : with(document); }
+  void setShown(sptr_t document, const Scintilla& control) {
+    shown_ = document;
+    shownIn_ = &control;
+  }
   // A new document, owned by the caller once; throws base::Error(OutOfMemory).
   sptr_t make(std::string_view text);
   void release(sptr_t document);
@@ -34,6 +40,8 @@ class Workshop {
   Scintilla control_;
   sptr_t own_ = 0;  // the empty document it began with
   sptr_t in_ = 0;
+  sptr_t shown_ = 0;
+  const Scintilla* shownIn_ = nullptr;
 };
 
 class ScintillaDocument final : public ui::CodeDocument {
@@ -43,9 +51,9 @@ class ScintillaDocument final : public ui::CodeDocument {
       : workshop_(std::move(workshop)), handle_(handle) {}
   ~ScintillaDocument() override { workshop_->release(handle_); }
 
-  std::string_view text() const override { return workshop_->with(handle_).text(); }
+  std::string_view text() const override { return workshop_->reading(handle_).text(); }
   void setText(std::string_view text) override;
-  std::size_t size() const override { return static_cast<std::size_t>(workshop_->with(handle_).length()); }
+  std::size_t size() const override { return static_cast<std::size_t>(workshop_->reading(handle_).length()); }
   std::string piece(std::size_t start, std::size_t length) const override;
 
   sptr_t handle() const { return handle_; }

@@ -42,6 +42,7 @@ CodeView::CodeView()
 
 CodeView::~CodeView() {
   if (IsWindow(parent_) != 0) unwatch(parent_);
+  workshop_->setShown(0, sci_);
   document_.reset();
   workshop_->replaced = nullptr;
   workshop_.reset();
@@ -107,6 +108,7 @@ void CodeView::show(const std::shared_ptr<ui::CodeDocument>& document) {
     const Edits edits(*this);
     sci_.call(SCI_SETSCROLLWIDTH, 1);
     sci_.call(SCI_SETDOCPOINTER, 0, document_->handle());
+    workshop_->setShown(document_->handle(), sci_);
     changedInside_ = true;
   }
   lastTypedEnd_ = -1;

@@ -80,6 +80,7 @@ void ListViewPeer::showItems() {
   }
   if (!fresh) ListView_SetItemState(window(), -1, 0, LVIS_SELECTED);
   showChecks();
+  placed();  // there may be a scroll bar now
   send(WM_SETREDRAW, TRUE);
   InvalidateRect(window(), nullptr, TRUE);
 }
@@ -88,8 +89,8 @@ void ListViewPeer::showChecks() {
   if (!list_.checkBoxes) return;
   int row = 0;
   for (const ui::ListView::Item& item : list_.items()) {
-    ListView_SetItemState(window(), row, INDEXTOSTATEIMAGEMASK(item.checked ? kChecked : kChecked - 1),
-                          LVIS_STATEIMAGEMASK);
+    const UINT image = !item.boxed ? 0 : item.checked ? kChecked : kChecked - 1;
+    ListView_SetItemState(window(), row, INDEXTOSTATEIMAGEMASK(image), LVIS_STATEIMAGEMASK);
     ++row;
   }
 }
@@ -121,7 +122,29 @@ void ListViewPeer::itemChanged(const NMLISTVIEW& change) {
   if (is && !was) list_.userSelect(change.iItem);
 }
 
+LRESULT ListViewPeer::customDraw(NMLVCUSTOMDRAW& drawing) {
+  if (drawing.nmcd.dwDrawStage == CDDS_PREPAINT) return CDRF_NOTIFYITEMDRAW;
+  const auto row = static_cast<std::size_t>(drawing.nmcd.dwItemSpec);
+  if (drawing.nmcd.dwDrawStage != CDDS_ITEMPREPAINT || row >= list_.items().size() ||
+      !list_.items()[row].heading) {
+    return CDRF_DODEFAULT;
+  }
+  if (!bold_) {
+    LOGFONTW font{};
+    GetObjectW(reinterpret_cast<HFONT>(send(WM_GETFONT)), sizeof font, &font);
+    font.lfWeight = FW_BOLD;
+    bold_.reset(CreateFontIndirectW(&font));
+  }
+  SelectObject(drawing.nmcd.hdc, bold_.get());
+  drawing.clrTextBk = GetSysColor(COLOR_BTNFACE);
+  drawing.clrText = GetSysColor(COLOR_BTNTEXT);
+  return CDRF_NEWFONT;
+}
+
 LRESULT ListViewPeer::onNotify(const NMHDR& header) {
+  if (header.code == NM_CUSTOMDRAW) {
+    return customDraw(reinterpret_cast<NMLVCUSTOMDRAW&>(const_cast<NMHDR&>(header)));
+  }
   if (mirroring()) return 0;
   switch (header.code) {
     case LVN_ITEMCHANGED:

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "platform/win32/controls/control_peer.h"
+#include "platform/win32/system/handles.h"
 #include "ui/controls.h"
 
 namespace win32 {
@@ -11,6 +12,7 @@ class ListViewPeer final : public ControlPeer {
   ListViewPeer(ui::ListView& model, HWND window) : ControlPeer(model, window), list_(model) {}
   LRESULT onNotify(const NMHDR& header) override;
   void placed() override;
+  void dpiChanged(int) override { bold_.reset(); }
 
  protected:
   void prepare() override;
@@ -20,7 +22,9 @@ class ListViewPeer final : public ControlPeer {
   void showItems();
   void showChecks();
   void itemChanged(const NMLISTVIEW& change);
+  LRESULT customDraw(NMLVCUSTOMDRAW& drawing);
   ui::ListView& list_;
+  UniqueFont bold_;    // of headings
   int lastWidth_ = 0;  // of the last column, as it was at first
 };
 

@@ -5,6 +5,11 @@
 #include "platform/win32/system/strings.h"
 
 namespace win32 {
+namespace {
+
+constexpr int kWheelLines = 3;  // a step of the wheel
+
+}  // namespace
 
 void registerPictureClass() {
   static const ATOM registered = [] {
@@ -81,7 +86,7 @@ void PicturePeer::paint() {
   EndPaint(window(), &paint);
 }
 
-bool PicturePeer::handleMouse(UINT message, LPARAM lParam) {
+bool PicturePeer::handleMouse(UINT message, WPARAM wParam, LPARAM lParam) {
   switch (message) {
     case WM_LBUTTONDOWN:
     case WM_LBUTTONDBLCLK:
@@ -105,6 +110,9 @@ bool PicturePeer::handleMouse(UINT message, LPARAM lParam) {
       picture_.mouseMove(point(lParam));
       return true;
     }
+    case WM_MOUSEWHEEL:
+      picture_.wheel(-GET_WHEEL_DELTA_WPARAM(wParam) * kWheelLines / WHEEL_DELTA);
+      return true;
     case WM_MOUSELEAVE:
       pointerInside_ = false;
       picture_.mouseLeft();
@@ -115,7 +123,7 @@ bool PicturePeer::handleMouse(UINT message, LPARAM lParam) {
 }
 
 LRESULT PicturePeer::handleOf(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
-  if (handleMouse(message, lParam)) return message == WM_XBUTTONUP ? TRUE : 0;
+  if (handleMouse(message, wParam, lParam)) return message == WM_XBUTTONUP ? TRUE : 0;
   switch (message) {
     case WM_PAINT:
       paint();

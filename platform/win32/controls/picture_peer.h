@@ -21,7 +21,7 @@ class PicturePeer final : public WatchedPeer<PicturePeer> {
  private:
   friend class Subclass<PicturePeer>;
   LRESULT handleOf(HWND window, UINT message, WPARAM wParam, LPARAM lParam);
-  bool handleMouse(UINT message, LPARAM lParam);
+  bool handleMouse(UINT message, WPARAM wParam, LPARAM lParam);
   void paint();
   void draw(HDC device);
   void measure();

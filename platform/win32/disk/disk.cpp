@@ -192,6 +192,12 @@ std::FILE* open(std::string_view path, Mode mode) {
   return stream;
 }
 
+int write(std::FILE* file, std::string_view bytes) {
+  errno = 0;
+  if (std::fwrite(bytes.data(), 1, bytes.size(), file) == bytes.size()) return 0;
+  return errno != 0 ? errno : ENOSPC;
+}
+
 int resize(std::FILE* file, std::uintmax_t size) {
   const auto handle = reinterpret_cast<HANDLE>(_get_osfhandle(_fileno(file)));
   FILE_END_OF_FILE_INFO end{};

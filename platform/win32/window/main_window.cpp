@@ -225,6 +225,10 @@ std::vector<HWND> MainWindow::panes() const {
     const ControlPeer* peer = peerOf(pane);
     if (peer != nullptr && pane->visible()) all.push_back(peer->window());
   }
+  for (const ui::Button* button : form_.noticeButtons) {
+    const ControlPeer* peer = peerOf(button);
+    if (peer != nullptr && button->visible()) all.push_back(peer->window());
+  }
   if (toolBar_) all.push_back(toolBar_->hwnd());
   return all;
 }
