@@ -14,17 +14,16 @@ namespace app {
 FrmH::FrmH(ui::Platform& platform, ui::CodeView& codeView)
     : MainForm("FrmH", IDD_FrmH, codeView), platform_(platform) {
   showName("");
-  platform_.onHelp([this](const ui::Form& form) {
-    guarded(platform_, [&] { ShowHelp(platform_, "ka/" + std::string(form.name()) + ".htm"); });
-  });
+  platform_.onHelp(
+      [this](const ui::Form& form) { ShowHelp(platform_, "ka/" + std::string(form.name()) + ".htm"); });
   TV.hint = "დოკუმენტები";
   using enum ui::FileIcon;
   TV.icons = {{kIconPages, Page},    {kIconPictures, Picture}, {kIconSounds, Sound},
               {kIconOthers, Other},  {kIconPage, Page},        {kIconStyle, Style},
               {kIconScript, Script}, {kIconXml, Xml},          {kIconOther, Other},
               {kIconMedia, Sound},   {kIconPicture, Picture},  {kIconPictureData, Picture}};
-  TV.nodeClicked.connect([this](int node) { guarded(platform_, [&] { TV_NodeClick(node); }); });
-  TV.contextMenu.connect([this] { guarded(platform_, [&] { TV_ContextMenu(); }); });
+  TV.nodeClicked.connect([this](int node) { TV_NodeClick(node); });
+  TV.contextMenu.connect([this] { TV_ContextMenu(); });
   TV.draggable = [this](int node) { return !busy_ && documentOfNode(node) >= 0; };
   TV.canDropOn = [this](int node, int target) { return TV_CanDropOn(node, target); };
   TV.droppedOn.connect([this](int node, int target) { perform([&] { TV_DroppedOn(node, target); }); });
@@ -60,11 +59,7 @@ FrmH::FrmH(ui::Platform& platform, ui::CodeView& codeView)
   T1.controlTyped = [this](int code) {
     if (!busy_ && controlTyped) controlTyped(code);
   };
-  T1.entering = [this](const ui::TextClip& clip) {
-    std::string bytes;
-    if (!busy_) guarded(platform_, [&] { bytes = entering(clip); });
-    return bytes;
-  };
+  T1.entering = [this](const ui::TextClip& clip) { return busy_ ? std::string() : entering(clip); };
   // A byte where there is one, or else UTF-8, where nobody gives typing another meaning.
   typed = [this](char32_t character) {
     const auto byte = T1.view() == ui::TextView::EightBit ? base::byteOfChar(character) : std::nullopt;
@@ -339,7 +334,7 @@ bool FrmH::runCommand(int id) {
   const auto row = commands_.find(id);
   if (row == commands_.end() || busy_) return false;
   if (row->second.enabled && !row->second.enabled(commandState())) return false;
-  guarded(platform_, [&] { row->second.run(); });
+  ui::atGate([&] { row->second.run(); });
   return true;
 }
 
@@ -358,7 +353,7 @@ void FrmH::menuHighlighted(const ui::Text& help) {
 
 void FrmH::filesDropped(const std::vector<std::string>& paths) {
   if (busy_) return;
-  for (const std::string& path : paths) guarded(platform_, [&] { ofnen(path); });
+  for (const std::string& path : paths) ui::atGate([&] { ofnen(path); });
 }
 
 void FrmH::TV_NodeClick(int node) {

@@ -11,6 +11,7 @@
 #include "app/frmBOXa.h"
 #include "app/mdlsaerto.h"
 #include "app/workbench.h"
+#include "base/scoped_flag.h"
 #include "resources/ids.h"
 #include "ui/main_form.h"
 #include "ui/tab_strip.h"
@@ -114,7 +115,7 @@ class FrmH final : public ui::MainForm, public Workbench {
   bool commandChecked(int id) override;
   void setPanel(std::string_view key, ui::Text text) override;
   void perform(const std::function<void()>& action) override {
-    if (!busy_) guarded(platform_, action);
+    if (!busy_) ui::atGate(action);
   }
   Palette palette() override { return {Ttags, Ltags}; }
 
@@ -206,23 +207,13 @@ class FrmH final : public ui::MainForm, public Workbench {
   std::string projectFile() const { return WebProject.WEBpath + WebProject.WEBtitle; }
 
   ui::Platform& platform_;
+  ui::ErrorGate errors_{[this](const std::exception& error) { showError(platform_, error); }};
   std::map<int, Command> commands_;
   std::vector<const Command*> rows_;  // the same, in the order in which they were added
   std::string commandLine_;
   std::string shownName_;             // in the caption
   bool shownChanged_ = false;         // the caption bears the mark
   std::vector<std::int16_t> tabbed_;  // position in the list, by tab of TS; -1: the shown one has none
-  // Sets a flag for the length of a block.
-  class FlagBlock {
-   public:
-    explicit FlagBlock(bool& flag) : flag_(flag) { flag_ = true; }
-    FlagBlock(const FlagBlock&) = delete;
-    FlagBlock& operator=(const FlagBlock&) = delete;
-    ~FlagBlock() { flag_ = false; }
-
-   private:
-    bool& flag_;
-  };
 
   bool diskDue_ = false;         // the window became the active one: files may have changed meanwhile
   bool busy_ = false;            // a long command lets window events run: no other may begin

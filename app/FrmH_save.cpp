@@ -112,7 +112,7 @@ void FrmH::showInTwins(const std::string& path, std::int16_t index) {
     Ithem& other = WebProject.Item(i);
     other.file = documentSession.file(index);
     if (i == CurrentItemIndex) {
-      const FlagBlock loading(Loading);
+      const base::ScopedFlag loading(Loading);
       if (!FileChanged) T1.load(documentText(index));
     } else if (!other.Changed && !isImage(other)) {
       other.Value = documentText(index);
@@ -242,9 +242,9 @@ bool FrmH::offerProject() {
   if (answer != kAnswerYes) return true;
   std::string name;
   do {
-    const auto typed = inputBox(platform_, "Cawere proeqtis saxeli."_keyboard, "New WEB", name);
-    if (!typed) return false;
-    name = *typed;
+    const auto wanted = inputBox(platform_, "Cawere proeqtis saxeli."_keyboard, "New WEB", name);
+    if (!wanted) return false;
+    name = *wanted;
     if (IsBadFileName(name)) reportBadName(platform_);
   } while (IsBadFileName(name));
   const auto folder = platform_.pickFolder("პროექტის საქაღალდე");
@@ -309,7 +309,7 @@ void FrmH::WEB_Open(const std::string& path) {
     bool dropped = false;
     if (!askForOutside(folder, file.names, dropped)) return;
     std::set<std::string> known;
-    const FlagBlock busy(busy_);
+    const base::ScopedFlag busy(busy_);
     {
       Progress progress(
           platform_, [this](const std::string& line) { setPanel("kMain", line); }, file.names.size());

@@ -45,9 +45,9 @@ void FrmH::load() {
   } else if (Props.RememberPosition) {
     const auto left = registryNumber(platform_.registryValue("winpoze", "X"));
     const auto top = registryNumber(platform_.registryValue("winpoze", "Y"));
-    const auto width = registryNumber(platform_.registryValue("winpoze", "W"));
-    const auto height = registryNumber(platform_.registryValue("winpoze", "H"));
-    if (left && top) window->setPlace({*left, *top, width.value_or(0), height.value_or(0)});
+    const auto wide = registryNumber(platform_.registryValue("winpoze", "W"));
+    const auto high = registryNumber(platform_.registryValue("winpoze", "H"));
+    if (left && top) window->setPlace({*left, *top, wide.value_or(0), high.value_or(0)});
   }
   restorePanes();
 
@@ -67,7 +67,7 @@ void FrmH::load() {
   if (commandLine_.empty() && Props.ShowAtStart > 0) {
     window->show();
     platform_.pumpEvents();
-    guarded(platform_, [this] { startUp(); });
+    ui::atGate([this] { startUp(); });
   }
 }
 
@@ -85,10 +85,10 @@ void FrmH::comandopen(const std::string& first, const std::string& list) {
   if (first == "SIA") {
     for (const std::string& path : base::split(list, kBetweenFiles)) {
       Loading = true;
-      guarded(platform_, [&] { ofnen(base::fullPath(path)); });
+      ui::atGate([&] { ofnen(base::fullPath(path)); });
     }
   } else {
-    guarded(platform_, [&] {
+    ui::atGate([&] {
       // The working folder may be another one later.
       const std::string path = base::fullPath(first);
       if (base::fileExists(path)) documentOpened(path);
@@ -132,7 +132,7 @@ bool FrmH::askAndSave(ui::Text question, ui::Text title, const std::function<boo
   if (answer != kAnswerYes) return true;
   // A save that fails or is cancelled keeps the window: the text would be lost.
   bool saved = false;
-  return guarded(platform_, [&] { saved = save(); }) && saved;
+  return ui::atGate([&] { saved = save(); }) && saved;
 }
 
 bool FrmH::askWhichToSave(ui::Text question, ui::Text title,
@@ -147,7 +147,7 @@ bool FrmH::askWhichToSave(ui::Text question, ui::Text title,
   for (const std::size_t row : answer.rows) chosen.push_back(unsaved[row]);
   // A save that fails or is cancelled keeps the window: the text would be lost.
   bool saved = false;
-  return guarded(platform_, [&] { saved = save(chosen); }) && saved;
+  return ui::atGate([&] { saved = save(chosen); }) && saved;
 }
 
 bool FrmH::leaveDocuments() {
@@ -192,7 +192,7 @@ void FrmH::keepForNextRun() {
 
 bool FrmH::queryClose() {
   if (busy_ || !leaveDocuments()) return false;
-  guarded(platform_, [this] { keepForNextRun(); });  // what cannot be kept does not keep the user
+  ui::atGate([this] { keepForNextRun(); });  // what cannot be kept does not keep the user
   closing();
   return true;
 }

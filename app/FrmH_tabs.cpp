@@ -8,7 +8,7 @@ namespace app {
 
 // Also when nothing is known to have changed: unsaved changes come from everywhere.
 void FrmH::idle() {
-  if (!busy_ && std::exchange(diskDue_, false)) guarded(platform_, [this] { lookAtDisk(); });
+  if (!busy_ && std::exchange(diskDue_, false)) ui::atGate([this] { lookAtDisk(); });
   if (FileChanged != shownChanged_) showName(shownName_);
   showTabs();
   showNotice();

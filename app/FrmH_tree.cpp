@@ -48,7 +48,7 @@ void FrmH::mnuwebAdd_Click() {
   documentSession.park();
   std::string failed;
   {
-    const FlagBlock busy(busy_);
+    const base::ScopedFlag busy(busy_);
     Progress progress(
         platform_, [this](const std::string& line) { setPanel("kMain", line); }, chosen.size());
     for (const std::string& path : chosen) {
@@ -83,23 +83,23 @@ void FrmH::mnuwebRemove_Click() {
 void FrmH::mnuwebRename_Click() {
   const std::int16_t index = selectedDocument();
   Ithem& record = WebProject.Item(index);
-  const auto typed = inputBox(platform_, "ფაილის ახალი სახელი:", "File", base::fileName(record.FileTitle));
-  if (!typed || *typed == base::fileName(record.FileTitle)) return;
-  if (IsBadFileName(*typed)) {
+  const auto answer = inputBox(platform_, "ფაილის ახალი სახელი:", "File", base::fileName(record.FileTitle));
+  if (!answer || *answer == base::fileName(record.FileTitle)) return;
+  if (IsBadFileName(*answer)) {
     reportBadName(platform_);
     return;
   }
   if (record.filepath.empty()) {
     throw base::Error(base::ErrorNumber::InvalidCall, "ჯერ შეინახეთ დოკუმენტი: ფაილი ჯერ არ აქვს.");
   }
-  const std::string target = base::joinPath(base::folderOf(record.filepath), *typed);
+  const std::string target = base::joinPath(base::folderOf(record.filepath), *answer);
   if (!documentSession.othersOf(target, index).empty() ||
       (base::fileExists(target) && !base::sameFile(target, record.filepath))) {
     throw base::Error(base::ErrorNumber::PermissionDenied, "ამ სახელის ფაილი უკვე არსებობს:\r\n" + target);
   }
   base::renameFile(record.filepath, target);
   record.filepath = target;
-  record.FileTitle = base::joinPath(base::folderOf(record.FileTitle), *typed);
+  record.FileTitle = base::joinPath(base::folderOf(record.FileTitle), *answer);
   if (record.IsInWEB) WebProject.WEBChanged = true;
   if (index == CurrentItemIndex) {
     CurrentFilePath = target;

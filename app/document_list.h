@@ -66,12 +66,4 @@ class ColectionMain {
   std::deque<std::unique_ptr<Ithem>> items_;
 };
 
-// Where the record that stood at `place` stands after MoveIthem(from, to).
-constexpr int placeAfterMove(int place, int from, int to) {
-  if (place == from) return to;
-  if (from < place && place <= to) return place - 1;
-  if (to <= place && place < from) return place + 1;
-  return place;
-}
-
 }  // namespace app

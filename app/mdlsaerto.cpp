@@ -71,17 +71,7 @@ void ShowHelp(ui::Platform& platform, std::string_view topic) {
 }
 
 std::string ColorToHtml(base::Color color) {
-  constexpr std::string_view kDigits = "0123456789ABCDEF";
-  std::string html = "#";
-  for (const std::uint8_t part : {base::red(color), base::green(color), base::blue(color)}) {
-    if (part == 0) {
-      html += "00";
-      continue;
-    }
-    if (part >= 16) html += kDigits[part / 16U];
-    html += kDigits[part % 16U];
-  }
-  return html;
+  return base::shortHtmlColor(color);
 }
 
 bool IsBadFileName(std::string_view name) {

@@ -26,7 +26,7 @@ std::optional<int> registryNumber(const std::string& text);
 // Opens Zervo.chm; nothing happens when it is missing. An empty topic opens the default page.
 void ShowHelp(ui::Platform& platform, std::string_view topic);
 
-// "#" and the hexadecimal red, green and blue: no leading zero, but "00" for a zero byte (#50000 is 5, 0, 0).
+// base::shortHtmlColor
 std::string ColorToHtml(base::Color color);
 
 // The name holds one of \ / ? : * < > | or a double quote.
@@ -68,17 +68,5 @@ struct ErrorText {
 ErrorText errorText(const std::exception& error);
 // The box titled "ERROR!!!".
 void showError(ui::Platform& platform, const std::exception& error);
-
-// Runs a command; an error is shown and ends it. True when it ran through.
-template <class Action>
-bool guarded(ui::Platform& platform, Action&& action) {
-  try {
-    action();
-    return true;
-  } catch (const std::exception& error) {
-    showError(platform, error);
-    return false;
-  }
-}
 
 }  // namespace app

@@ -7,6 +7,7 @@
 #include <string_view>
 
 #include "base/color.h"
+#include "base/font_names.h"
 #include "ui/code_view.h"
 
 namespace app {
@@ -18,7 +19,10 @@ enum class ColourScheme : std::uint8_t {
   Dark,
 };
 
-// Texts are UTF-8. Field order is that of the file: new fields go to the end (docs/props-ini.md).
+inline constexpr std::int16_t kUsualFontSize = 11;  // of the code view, where none is set
+inline constexpr std::int16_t kLeastFtpTimeout = 5, kMostFtpTimeout = 600, kUsualFtpTimeout = 30;
+
+// Texts are UTF-8. A new field goes to the end of eachField() too, with what the program is shipped with.
 struct PropsRecord {
   bool StartMaximized = false;
   bool RememberPosition = false;  // window place is read at load and written at close
@@ -59,10 +63,46 @@ struct PropsRecord {
   bool operator==(const PropsRecord&) const = default;
 };
 
-inline constexpr std::int16_t kUsualFontSize = 11;  // of the code view, where none is set
-inline constexpr std::int16_t kLeastFtpTimeout = 5, kMostFtpTimeout = 600, kUsualFtpTimeout = 30;
+// Every field in the order of the file (docs/props-ini.md), with its value in the settings that are shipped.
+template <class Record, class Visit>
+void eachField(Record& props, Visit&& visit) {
+  visit(props.StartMaximized, false);
+  visit(props.RememberPosition, true);
+  visit(props.ReopenLastFile, false);
+  visit(props.EditorFontName, base::kIsoFont);
+  visit(props.EditorFontSize, kUsualFontSize);
+  visit(props.EditorFontBold, false);
+  visit(props.EditorFontItalic, false);
+  visit(props.EditorBackColor, base::rgb(255, 255, 255));
+  visit(props.EditorColorExtra, 0);
+  visit(props.ShowAtStart, 0);
+  for (std::size_t i = 0; i < base::kTypingFonts.size(); ++i)
+    visit(props.TypingFontName[i], base::kTypingFonts[i]);
+  visit(props.NoBreakSpaceAsReference, true);  // right in a page of any encoding
+  visit(props.SelectionPreview, true);
+  visit(props.WordWrap, false);
+  visit(props.HeaderTextOn, false);
+  visit(props.HeaderText, "");
+  visit(props.BodyAttributesOn, false);
+  visit(props.BodyAttributes, "");
+  visit(props.FtpTimeout, kUsualFtpTimeout);
+  visit(props.FtpPassive, true);  // works from behind a home router too
+  visit(props.PreviewInBrowser, false);
+  visit(props.TypingModeAtStart, 0);
+  visit(props.Utf8FontName, base::kMonoFont);
+  visit(props.LiveColours, true);
+  visit(props.LineNumbers, true);
+  visit(props.CurrentLine, true);
+  visit(props.WhiteSpace, false);
+  visit(props.LineEnds, false);
+  visit(props.Colours, ColourScheme::System);
+  visit(props.ModeOfPage, true);
+  visit(props.NewPageSkeleton, false);
+  visit(props.ReopenSession, false);
+  visit(props.CutOldEnd, false);
+}
 
-// The settings that the program is shipped with, in resources/props.ini.
+// The settings that the program is shipped with.
 PropsRecord defaultProps();
 
 std::string encodeProps(const PropsRecord& props);

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <cstdint>
+#include <string>
 
 namespace base {
 
@@ -19,5 +20,8 @@ constexpr std::uint8_t green(Color color) {
 constexpr std::uint8_t blue(Color color) {
   return static_cast<std::uint8_t>((color >> 16) & 0xFF);
 }
+
+// "#" and the hexadecimal red, green and blue: no leading zero, but "00" for a zero byte (#50000 is 5, 0, 0).
+std::string shortHtmlColor(Color color);
 
 }  // namespace base

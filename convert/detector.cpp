@@ -388,7 +388,7 @@ class Detector {
       Form form;
       std::uint32_t letters;
     };
-    const std::uint32_t utf8 = f.georgianUtf8 + f.cyrillicUtf8 + (v.eightEverywhere ? 0 : f.utf8);
+    const std::uint32_t utf8 = f.georgianUtf8 + f.cyrillicUtf8 + (v.eightEverywhere ? 0U : f.utf8);
     const std::uint32_t eight = v.eightEverywhere ? f.eight : f.bytes;
     const std::array<Count, 6> counts = {
         {{v.eight, v.uncertain ? 0 : eight},
@@ -426,7 +426,7 @@ class Detector {
       count(v.keyboard ? Form::Keyboard : Form::Ascii, f.latin, v);
       if (v.repair) count(Form::DoubleUtf8, f.doubled + f.doubledPairs, v);
       count(Form::References, f.georgianReferences + f.cyrillicReferences, v);
-      count(Form::Utf8, f.georgianUtf8 + f.cyrillicUtf8 + (v.eightEverywhere ? 0 : f.utf8), v);
+      count(Form::Utf8, f.georgianUtf8 + f.cyrillicUtf8 + (v.eightEverywhere ? 0U : f.utf8), v);
       signs += f.otherUtf8;
     }
     const auto of = [&](Form form) { return letters[static_cast<std::size_t>(form)]; };

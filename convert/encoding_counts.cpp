@@ -34,14 +34,14 @@ EncodingCounts countEncodings(std::string_view text) {
   for (std::size_t at = 0; at < text.size();) {
     const auto byte = static_cast<std::uint8_t>(text[at]);
     if (byte < 0x80) {
-      counts.latin += isLatin(byte) ? 1 : 0;
+      counts.latin += isLatin(byte) ? 1U : 0U;
       const bool reference = byte == '&' && isGeorgianReference(text.substr(at));
       counts.references += reference ? 1 : 0;
       at += reference ? kReferenceSize : 1;
     } else if (const auto character = base::nextUtf8(text, at)) {
-      counts.utf8 += *character >= kFirst && *character <= kLast ? 1 : 0;
+      counts.utf8 += *character >= kFirst && *character <= kLast ? 1U : 0U;
     } else {
-      counts.legacy += isLegacyLetter(byte) ? 1 : 0;
+      counts.legacy += isLegacyLetter(byte) ? 1U : 0U;
       ++at;
     }
   }

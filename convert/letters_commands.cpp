@@ -33,21 +33,20 @@ bool isOld(Form form) {
 
 LettersCommands::LettersCommands(app::Workbench& bench) : bench_(bench), window_(bench) {
   readFonts();
-  bench.addCommands(
-      {{.id = mnuletters,
-        .icon = ui::MenuIcon::Letters,
-        .caption = "გვერდის ასოების გადაყვანა...",
-        .place = {&app::kEditMenu, 3, 2},
-        .shortcut = ui::ctrlShift('U'),
-        .run =
-            [this] {
-              window_.openWindow();
-              readFonts();
-              stale_ = true;
-            },
-        .enabled = app::hasText,
-        .help = "გვერდის ან მონიშნულის ასოები, რა ფორმითაც უნდა იყოს, UTF-8-ში ან HTML-კოდებში; ჯერ "
-                "ჩანს, რა იცვლება"}});
+  bench.addCommands({{.id = mnuletters,
+                      .icon = ui::MenuIcon::Letters,
+                      .caption = "გვერდის ასოების გადაყვანა...",
+                      .place = {&app::kEditMenu, 3, 2},
+                      .shortcut = ui::ctrlShift('U'),
+                      .run =
+                          [this] {
+                            window_.openWindow();
+                            readFonts();
+                            stale_ = true;
+                          },
+                      .enabled = app::hasText,
+                      .help = "გვერდის ან მონიშნულის ასოები, რა ფორმითაც უნდა იყოს, UTF-8-ში ან "
+                              "HTML-კოდებში; ჯერ ჩანს, რა იცვლება"}});
 
   bench.textChanged.connect([this] { stale_ = true; });
   bench.documentShown.connect([this] { stale_ = true; });

@@ -8,6 +8,7 @@
 #include "app/mdlsaerto.h"
 #include "app/menus.h"
 #include "base/cp1252.h"
+#include "base/font_names.h"
 #include "base/line_ends.h"
 #include "base/utf8.h"
 #include "convert/frmrusaso.h"
@@ -34,13 +35,13 @@ struct ModeRow {
 
 const std::array<ModeRow, 4>& modes() {
   static const std::array<ModeRow, 4> all = {{
-      {TypingMode::Russian, mnuens0, "ÒÖÓÖËÉ"_legacy, ui::CharacterSet::Russian, "Zervo RUS",
+      {TypingMode::Russian, mnuens0, "ÒÖÓÖËÉ"_legacy, ui::CharacterSet::Russian, base::kRussianFont,
        "ლათინური კლავიშები რუსულ ასოებს ბეჭდავს"},
-      {TypingMode::GeorgianISO, mnuens1, "ØÀÒÈÖËÉ ISO"_legacy, ui::CharacterSet::Ansi, "Zervo ISO",
+      {TypingMode::GeorgianISO, mnuens1, "ØÀÒÈÖËÉ ISO"_legacy, ui::CharacterSet::Ansi, base::kIsoFont,
        "ლათინური კლავიშები ქართულ ასოებს ბეჭდავს ძველი შრიფტის კოდებით"},
-      {TypingMode::GeorgianASCII, mnuens2, "ØÀÒÈÖËÉ ASCII"_legacy, ui::CharacterSet::Ansi, "Zervo ASCII",
+      {TypingMode::GeorgianASCII, mnuens2, "ØÀÒÈÖËÉ ASCII"_legacy, ui::CharacterSet::Ansi, base::kAsciiFont,
        "ლათინური კოდები, ქართულად ნაჩვენები"},
-      {TypingMode::Latin, mnuens3, "ËÀÈÉÍÖÒÉ"_legacy, ui::CharacterSet::Ansi, "Zervo ISO",
+      {TypingMode::Latin, mnuens3, "ËÀÈÉÍÖÒÉ"_legacy, ui::CharacterSet::Ansi, base::kIsoFont,
        "აკრეფილი ასოები უცვლელად შედის"},
   }};
   return all;

@@ -2,6 +2,7 @@
 
 #include "app/mdlsaerto.h"
 #include "app/menus.h"
+#include "base/scoped_flag.h"
 #include "editor/colour_ranges.h"
 #include "resources/ids.h"
 #include "ui/menu.h"
@@ -10,17 +11,6 @@ namespace editor {
 namespace {
 
 constexpr int kKeyF12 = ui::kKeyF1 + 11;
-
-class Flag {
- public:
-  explicit Flag(bool& flag) : flag_(flag) { flag_ = true; }
-  Flag(const Flag&) = delete;
-  Flag& operator=(const Flag&) = delete;
-  ~Flag() { flag_ = false; }
-
- private:
-  bool& flag_;
-};
 
 }  // namespace
 
@@ -42,7 +32,7 @@ Colouring::Colouring(app::Workbench& bench) : bench_(bench) {
 
 void Colouring::ToggleColouring() {
   if (busy) return;
-  const Flag rewriting(busy);
+  const base::ScopedFlag rewriting(busy);
   ui::CodeView& T1 = bench_.codeView();
   if (coloured) {
     T1.resetColours();
@@ -59,7 +49,7 @@ void Colouring::T1_KeyDown(int) {
 }
 
 void Colouring::T1_KeyUp(int key) {
-  if (key == kKeyF12) app::guarded(bench_.platform(), [this] { ToggleColouring(); });
+  if (key == kKeyF12) ToggleColouring();
 }
 
 // Commands from a menu, and other documents, come without a key.

@@ -85,21 +85,19 @@ void frmasos::Tsearch_Change() {
 
 void frmasos::COK_Click() {
   const Entity& entity = *shown_[static_cast<std::size_t>(LV.selected())];
-  app::guarded(platform_, [&] { T1_.replaceSelection("&" + std::string(entity.name) + ";"); });
   close();
+  T1_.replaceSelection("&" + std::string(entity.name) + ";");
 }
 
 void frmasos::convert(std::string (*how)(std::string_view, PageBytes)) {
-  app::guarded(platform_, [&] {
-    const ui::Hourglass hourglass(platform_);
-    const std::string old = T1_.selText();
-    const std::string converted = how(old, pageBytes(T1_.text(), T1_.currentFont().characterSet));
-    if (converted == old) return;
-    const int start = T1_.selStart();
-    T1_.replaceSelection(converted);
-    T1_.select(start, static_cast<int>(converted.size()));
-  });
   close();
+  const ui::Hourglass hourglass(platform_);
+  const std::string old = T1_.selText();
+  const std::string converted = how(old, pageBytes(T1_.text(), T1_.currentFont().characterSet));
+  if (converted == old) return;
+  const int start = T1_.selStart();
+  T1_.replaceSelection(converted);
+  T1_.select(start, static_cast<int>(converted.size()));
 }
 
 }  // namespace editor

@@ -31,10 +31,9 @@ frmxascvla::frmxascvla(app::Workbench& bench) : Form("frmxascvla", IDD_frmxascvl
   CEXIT.setCaption("გამოსვლ&ა");
   CKcase.setChecked(true);
   grid_.setLetters([this](const std::string& bytes) { return bench_.clipOf(bytes).letters; });
-  ui::Platform& platform = bench.platform();
-  Cload.clicked.connect([this, &platform] { app::guarded(platform, [this] { Cload_Click(); }); });
-  Csave.clicked.connect([this, &platform] { app::guarded(platform, [this] { Csave_Click(); }); });
-  COK.clicked.connect([this, &platform] { app::guarded(platform, [this] { COK_Click(); }); });
+  Cload.clicked.connect([this] { Cload_Click(); });
+  Csave.clicked.connect([this] { Csave_Click(); });
+  COK.clicked.connect([this] { COK_Click(); });
   CEXIT.clicked.connect([this] { close(); });
   defaultButton = &COK;
   cancelButton = &CEXIT;

@@ -2,7 +2,6 @@
 
 #include <string_view>
 
-#include "app/mdlsaerto.h"
 #include "base/text.h"
 
 namespace generators {
@@ -68,7 +67,7 @@ std::string frameLine(const Frame& frame) {
 
 std::string bodyAttributes(const Background& background, base::Color none) {
   std::string attributes;
-  if (background.color != none) attributes += " bgcolor=\"" + app::ColorToHtml(background.color) + "\"";
+  if (background.color != none) attributes += " bgcolor=\"" + base::shortHtmlColor(background.color) + "\"";
   if (!background.image.empty()) {
     attributes += " background=\"" + background.image + "\"";
     if (background.fixed) attributes += " bgproperties=\"fixed\"";

@@ -63,9 +63,6 @@ frmCSSstile::frmCSSstile(app::Workbench& bench, CssEdit& edit, CssProperties pro
   for (ui::TextBox* box : {&Tselector, &Tvalue, &Tpreview}) box->readAs(bench.codeView());
   defaultButton = &COK;
   cancelButton = &CEXIT;
-  const auto action = [this](void (frmCSSstile::*run)()) {
-    return [this, run] { app::guarded(bench_.platform(), [this, run] { (this->*run)(); }); };
-  };
   List1.selectionChanged.connect([this] { List1_Click(); });
   LV.selectionChanged.connect([this] { LV_Click(); });
   LV.doubleClicked.connect([this] { Tvalue.setFocus(); });
@@ -78,9 +75,9 @@ frmCSSstile::frmCSSstile(app::Workbench& bench, CssEdit& edit, CssProperties pro
   Cclear.clicked.connect([this] { setValue({}); });
   CBkeyword.selectionChanged.connect([this] { CBkeyword_Click(); });
   CBunit.selectionChanged.connect([this] { CBunit_Click(); });
-  Ccolor.clicked.connect(action(&frmCSSstile::Ccolor_Click));
-  Cfile.clicked.connect(action(&frmCSSstile::Cfile_Click));
-  COK.clicked.connect(action(&frmCSSstile::COK_Click));
+  Ccolor.clicked.connect([this] { Ccolor_Click(); });
+  Cfile.clicked.connect([this] { Cfile_Click(); });
+  COK.clicked.connect([this] { COK_Click(); });
   CEXIT.clicked.connect([this] { close(); });
 }
 

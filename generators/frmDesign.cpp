@@ -77,22 +77,19 @@ void frmDesign::connectFields() {
   for (ui::CheckBox* box : {&CKborder, &CKresice, &CKwasercaichen})
     box->changed.connect([this] { changed(); });
   CBskrol.selectionChanged.connect([this] { changed(); });
-  const auto action = [this](void (frmDesign::*run)()) {
-    return [this, run] { app::guarded(bench_.platform(), [this, run] { (this->*run)(); }); };
-  };
   TBframe.clicked.connect([this] {
     PSP.setVisible(true);
     PSP.setFocus();
   });
-  TBbagkolor.clicked.connect(action(&frmDesign::TBbagkolor_Click));
-  TBimage.clicked.connect(action(&frmDesign::TBimage_Click));
+  TBbagkolor.clicked.connect([this] { TBbagkolor_Click(); });
+  TBimage.clicked.connect([this] { TBimage_Click(); });
   TBframparams.clicked.connect([this] {
     if (selected_ < 0) selectFrame(0);
     Tname.setFocus();
   });
   TBcler.clicked.connect([this] { TBcler_Click(); });
-  CHfile.clicked.connect(action(&frmDesign::CHfile_Click));
-  COK.clicked.connect(action(&frmDesign::COK_Click));
+  CHfile.clicked.connect([this] { CHfile_Click(); });
+  COK.clicked.connect([this] { COK_Click(); });
   CEXIT.clicked.connect([this] {
     if (queryClose()) close();
   });
@@ -360,7 +357,7 @@ void frmDesign::generate() {
   // One that cannot be read must not cost the pages that are made.
   for (const Frame& frame : design_.frames) {
     if (frame.existingFile.empty() || isOpen(frame.existingFile)) continue;
-    app::guarded(bench_.platform(), [this, &frame] { bench_.ofnen(frame.existingFile); });
+    ui::atGate([this, &frame] { bench_.ofnen(frame.existingFile); });
   }
   bench_.showDocument(shown);
 }

@@ -64,16 +64,13 @@ void frmMatrix::setTexts() {
 }
 
 void frmMatrix::connect() {
-  const auto action = [this](void (frmMatrix::*run)()) {
-    return [this, run] { app::guarded(bench_.platform(), [this, run] { (this->*run)(); }); };
-  };
   List1.selectionChanged.connect([this] { List1_Click(); });
   List1.doubleClicked.connect([this] { Cnew.click(); });
-  Cnew.clicked.connect(action(&frmMatrix::Cnew_Click));
-  Csave.clicked.connect(action(&frmMatrix::Csave_Click));
-  Csamples.clicked.connect(action(&frmMatrix::Csamples_Click));
-  Crename.clicked.connect(action(&frmMatrix::Crename_Click));
-  Cdelete.clicked.connect(action(&frmMatrix::Cdelete_Click));
+  Cnew.clicked.connect([this] { Cnew_Click(); });
+  Csave.clicked.connect([this] { Csave_Click(); });
+  Csamples.clicked.connect([this] { Csamples_Click(); });
+  Crename.clicked.connect([this] { Crename_Click(); });
+  Cdelete.clicked.connect([this] { Cdelete_Click(); });
   CEXIT.clicked.connect([this] { close(); });
 }
 

@@ -45,20 +45,18 @@ frmtempformat::frmtempformat(app::Workbench& bench, TemplateFormats& templates, 
   defaultButton = &COK;
   cancelButton = &CEXIT;
 
-  const auto action = [this](void (frmtempformat::*run)()) {
-    return [this, run] { app::guarded(bench_.platform(), [this, run] { (this->*run)(); }); };
-  };
   List1.selectionChanged.connect([this] { List1_Click(); });
   Tsaxeli.changed.connect([this] { enableButtons(); });
-  Cadd.clicked.connect(action(&frmtempformat::Cadd_Click));
-  Cchange.clicked.connect(action(&frmtempformat::Cchange_Click));
-  Cremove.clicked.connect(action(&frmtempformat::Cremove_Click));
-  Copen.clicked.connect(action(&frmtempformat::Copen_Click));
-  Csave.clicked.connect(action(&frmtempformat::Csave_Click));
-  Cup.clicked.connect([this] { app::guarded(bench_.platform(), [this] { move(-1); }); });
-  Cdown.clicked.connect([this] { app::guarded(bench_.platform(), [this] { move(1); }); });
+  Cadd.clicked.connect([this] { Cadd_Click(); });
+  Cchange.clicked.connect([this] { Cchange_Click(); });
+  Cremove.clicked.connect([this] { Cremove_Click(); });
+  Copen.clicked.connect([this] { Copen_Click(); });
+  Csave.clicked.connect([this] { Csave_Click(); });
+  Cup.clicked.connect([this] { move(-1); });
+  Cdown.clicked.connect([this] { move(1); });
   COK.clicked.connect([this] {
-    if (app::guarded(bench_.platform(), [this] { Cadd_Click(); })) close();
+    Cadd_Click();
+    close();
   });
   CEXIT.clicked.connect([this] { close(); });
   showList(-1);

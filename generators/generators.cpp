@@ -84,7 +84,7 @@ void Generators::loadKept() {
     templates_ = decodeTemplates(base::readFile(file));
   } catch (const std::exception&) {
     // Kept aside, so that the next change of the list does not write over what may be mended by hand.
-    app::guarded(bench_.platform(), [&] { base::renameFile(file, file + ".bad"); });
+    ui::atGate([&] { base::renameFile(file, file + ".bad"); });
   }
 }
 

@@ -5,6 +5,7 @@
 
 #include "app/code_look.h"
 #include "app/mdlsaerto.h"
+#include "base/font_names.h"
 #include "base/text.h"
 
 namespace options {
@@ -17,11 +18,9 @@ constexpr int kMostSize = 200;
 constexpr base::Color kWhite = base::rgb(255, 255, 255);
 constexpr int kLatinMode = 3;
 
-const std::array<std::string, 5> kBundled = {"Zervo ISO", "Zervo ASCII", "Zervo RUS", "Zervo Mono",
-                                             "Zervo Sans"};
-const std::string& kUtf8Font = kBundled[3];
-// Of the typing modes, by number: the font where the settings name none, and a few words in the mode's bytes.
-const std::array<std::string, 4> kTypingFonts = {"Zervo RUS", "Zervo ISO", "Zervo ASCII", "Zervo ISO"};
+const std::array<std::string, 5> kBundled = {base::kIsoFont, base::kAsciiFont, base::kRussianFont,
+                                             base::kMonoFont, base::kSansFont};
+// A few words in the bytes of each typing mode.
 const std::array<ui::Text, 4> kTypingWords = {"Ðóññêèé òåêñò"_legacy, "ØÀÒÈÖËÉ ÔÄØÓÔÉ"_legacy,
                                               "qarTuli teqsti", "Latin <BR>"};
 const std::string kUtf8Words = "ქართული Аб é";
@@ -62,32 +61,32 @@ frmproperties::frmproperties(app::Workbench& bench)
   fill(bench.storedProps());
 }
 
-std::vector<frmproperties::Tick> frmproperties::ticks() {
-  using Props = app::PropsRecord;
-  return {{CKmaximized, &Props::StartMaximized}, {CKposition, &Props::RememberPosition},
-          {CKlast, &Props::ReopenLastFile},      {CKbold, &Props::EditorFontBold},
-          {CKitalic, &Props::EditorFontItalic},  {CKwrap, &Props::WordWrap},
-          {CKdecode, &Props::SelectionPreview},  {CKheader, &Props::HeaderTextOn},
-          {CKbody, &Props::BodyAttributesOn},    {CKpassive, &Props::FtpPassive},
-          {CKbrowser, &Props::PreviewInBrowser}, {CKlive, &Props::LiveColours},
-          {CKnumbers, &Props::LineNumbers},      {CKcurrent, &Props::CurrentLine},
-          {CKblanks, &Props::WhiteSpace},        {CKlineends, &Props::LineEnds},
-          {CKpagemode, &Props::ModeOfPage},      {CKskeleton, &Props::NewPageSkeleton},
-          {CKsession, &Props::ReopenSession},    {CKcutend, &Props::CutOldEnd}};
+std::vector<std::unique_ptr<ui::CheckBox>> frmproperties::makeTicks() {
+  std::vector<std::unique_ptr<ui::CheckBox>> made;
+  for (const Tick& tick : ticks()) {
+    made.push_back(std::make_unique<ui::CheckBox>(*this, tick.id));
+    made.back()->setCaption(tick.caption);
+  }
+  return made;
+}
+
+ui::CheckBox& frmproperties::tick(bool app::PropsRecord::*field) {
+  const auto all = ticks();
+  const auto at = std::find_if(all.begin(), all.end(), [&](const Tick& tick) { return tick.field == field; });
+  return *boxes.at(static_cast<std::size_t>(at - all.begin()));
 }
 
 void frmproperties::connectEvents() {
   const auto repaint = [this] { repaintSamples(); };
   const auto enable = [this] { enableTexts(); };
-  const auto guardedly = [this](auto run) { return [this, run] { app::guarded(bench_.platform(), run); }; };
   CBfont.selectionChanged.connect(repaint);
   Tsize.changed.connect(repaint);
   CKbold.changed.connect(repaint);
   CKitalic.changed.connect(repaint);
   CKheader.changed.connect(enable);
   CKbody.changed.connect(enable);
-  Cback.clicked.connect(guardedly([this] { pick(back_); }));
-  Ctext.clicked.connect(guardedly([this] { pick(text_); }));
+  Cback.clicked.connect([this] { pick(back_); });
+  Ctext.clicked.connect([this] { pick(text_); });
   Pback.paint = [this](ui::Canvas& canvas) { paintSwatch(canvas, Pback, back_); };
   Ptext.paint = [this](ui::Canvas& canvas) { paintSwatch(canvas, Ptext, text_); };
   CButf8font.selectionChanged.connect(repaint);
@@ -102,11 +101,11 @@ void frmproperties::connectEvents() {
       paintSample(canvas, *Ptyping[i], kTypingWords[i].bytes, *CBtyping[i]);
     };
   }
-  Cdefault.clicked.connect(guardedly([this] { fill(app::defaultProps()); }));
-  Capply.clicked.connect(guardedly([this] { apply(); }));
-  COK.clicked.connect(guardedly([this] {
+  Cdefault.clicked.connect([this] { fill(app::defaultProps()); });
+  Capply.clicked.connect([this] { apply(); });
+  COK.clicked.connect([this] {
     if (apply()) close();
-  }));
+  });
   CEXIT.clicked.connect([this] { close(); });
   defaultButton = &COK;
   cancelButton = &CEXIT;
@@ -123,7 +122,7 @@ void frmproperties::selectFont(ui::ComboBox& box, const std::string& name) {
 
 void frmproperties::fill(const app::PropsRecord& props) {
   filled_ = props;
-  for (const Tick& tick : ticks()) tick.box.setChecked(props.*tick.field);
+  for (const Tick& row : ticks()) tick(row.field).setChecked(props.*row.field);
   CKshow.setChecked(props.ShowAtStart > 0);
   CBmode.setSelected(props.TypingModeAtStart > 0 ? props.TypingModeAtStart - 1 : kLatinMode);
   selectFont(CBfont, props.EditorFontName.empty() ? kBundled[0] : props.EditorFontName);
@@ -133,9 +132,9 @@ void frmproperties::fill(const app::PropsRecord& props) {
   text_ = static_cast<base::Color>(props.EditorColorExtra);
   for (std::size_t i = 0; i < CBtyping.size(); ++i) {
     const std::string& name = props.TypingFontName[i];
-    selectFont(*CBtyping[i], name.empty() ? kTypingFonts[i] : name);
+    selectFont(*CBtyping[i], name.empty() ? base::kTypingFonts[i] : name);
   }
-  selectFont(CButf8font, props.Utf8FontName.empty() ? kUtf8Font : props.Utf8FontName);
+  selectFont(CButf8font, props.Utf8FontName.empty() ? base::kMonoFont : props.Utf8FontName);
   CBcolours.setSelected(static_cast<int>(props.Colours));
   (props.NoBreakSpaceAsReference ? OPreference : OPbytes).choose();
   Theader.setText(props.HeaderText);
@@ -160,7 +159,7 @@ std::optional<std::int16_t> frmproperties::numberIn(ui::TextBox& box, int least,
 
 std::optional<app::PropsRecord> frmproperties::read() {
   app::PropsRecord props = filled_;
-  for (const Tick& tick : ticks()) props.*tick.field = tick.box.checked();
+  for (const Tick& row : ticks()) props.*row.field = tick(row.field).checked();
   if (CKshow.checked() != (props.ShowAtStart > 0)) props.ShowAtStart = CKshow.checked() ? 1 : 0;
   const int mode = CBmode.selected();
   props.TypingModeAtStart = mode == kLatinMode ? 0 : static_cast<std::uint8_t>(mode + 1);

@@ -4,6 +4,7 @@
 #include <array>
 #include <memory>
 #include <optional>
+#include <span>
 #include <string>
 #include <vector>
 
@@ -20,14 +21,35 @@ class frmproperties : public ui::Form {
   // Shows the settings as they are stored; `bench` must outlive the form.
   explicit frmproperties(app::Workbench& bench);
 
+  enum class Page { Start, Editor, Typing, NewPage, FtpAndPreview, CodeView };
+  // A setting that is on or off.
+  struct Tick {
+    int id;
+    bool app::PropsRecord::*field;
+    Page page;
+    const char* caption;
+  };
+  // All of them; frmproperties_texts.cpp.
+  static std::span<const Tick> ticks();
+  ui::CheckBox& tick(bool app::PropsRecord::*field);
+
   ui::PageTabs Tabs{*this, IDC_frmproperties_Tabs};
   ui::Label Frame1{*this, IDC_frmproperties_Frame1};
 
+  std::vector<std::unique_ptr<ui::CheckBox>> boxes = makeTicks();  // as ticks()
+  ui::CheckBox& CKmaximized = tick(&app::PropsRecord::StartMaximized);
+  ui::CheckBox& CKposition = tick(&app::PropsRecord::RememberPosition);
+  ui::CheckBox& CKlast = tick(&app::PropsRecord::ReopenLastFile);
+  ui::CheckBox& CKbold = tick(&app::PropsRecord::EditorFontBold);
+  ui::CheckBox& CKitalic = tick(&app::PropsRecord::EditorFontItalic);
+  ui::CheckBox& CKwrap = tick(&app::PropsRecord::WordWrap);
+  ui::CheckBox& CKskeleton = tick(&app::PropsRecord::NewPageSkeleton);
+  ui::CheckBox& CKheader = tick(&app::PropsRecord::HeaderTextOn);
+  ui::CheckBox& CKbody = tick(&app::PropsRecord::BodyAttributesOn);
+  ui::CheckBox& CKlive = tick(&app::PropsRecord::LiveColours);
+  ui::CheckBox& CKnumbers = tick(&app::PropsRecord::LineNumbers);
+
   // Start-up
-  ui::CheckBox CKmaximized{*this, IDC_frmproperties_CKmaximized};
-  ui::CheckBox CKposition{*this, IDC_frmproperties_CKposition};
-  ui::CheckBox CKlast{*this, IDC_frmproperties_CKlast};
-  ui::CheckBox CKsession{*this, IDC_frmproperties_CKsession};
   ui::CheckBox CKshow{*this, IDC_frmproperties_CKshow};
   ui::Label Lmode{*this, IDC_frmproperties_Lmode};
   ui::ComboBox CBmode{*this, IDC_frmproperties_CBmode};
@@ -36,15 +58,10 @@ class frmproperties : public ui::Form {
   ui::ComboBox CBfont{*this, IDC_frmproperties_CBfont};
   ui::Label Lsize{*this, IDC_frmproperties_Lsize};
   ui::TextBox Tsize{*this, IDC_frmproperties_Tsize};
-  ui::CheckBox CKbold{*this, IDC_frmproperties_CKbold};
-  ui::CheckBox CKitalic{*this, IDC_frmproperties_CKitalic};
   ui::Button Cback{*this, IDC_frmproperties_Cback};
   ui::PictureBox Pback{*this, IDC_frmproperties_Pback};
   ui::Button Ctext{*this, IDC_frmproperties_Ctext};
   ui::PictureBox Ptext{*this, IDC_frmproperties_Ptext};
-  ui::CheckBox CKwrap{*this, IDC_frmproperties_CKwrap};
-  ui::CheckBox CKcutend{*this, IDC_frmproperties_CKcutend};
-  ui::CheckBox CKdecode{*this, IDC_frmproperties_CKdecode};
   ui::Label Lsample{*this, IDC_frmproperties_Lsample};
   ui::PictureBox Psample{*this, IDC_frmproperties_Psample};
   // Code view
@@ -53,12 +70,6 @@ class frmproperties : public ui::Form {
   ui::PictureBox Putf8{*this, IDC_frmproperties_Putf8};
   ui::Label Lcolours{*this, IDC_frmproperties_Lcolours};
   ui::ComboBox CBcolours{*this, IDC_frmproperties_CBcolours};
-  ui::CheckBox CKlive{*this, IDC_frmproperties_CKlive};
-  ui::CheckBox CKnumbers{*this, IDC_frmproperties_CKnumbers};
-  ui::CheckBox CKcurrent{*this, IDC_frmproperties_CKcurrent};
-  ui::CheckBox CKblanks{*this, IDC_frmproperties_CKblanks};
-  ui::CheckBox CKlineends{*this, IDC_frmproperties_CKlineends};
-  ui::CheckBox CKpagemode{*this, IDC_frmproperties_CKpagemode};
   // Typing: label, font and sample of each mode
   std::array<std::unique_ptr<ui::Label>, 4> Ltyping;
   std::array<std::unique_ptr<ui::ComboBox>, 4> CBtyping;
@@ -67,16 +78,11 @@ class frmproperties : public ui::Form {
   ui::OptionButton OPbytes{*this, IDC_frmproperties_OPbytes, 1};
   ui::OptionButton OPreference{*this, IDC_frmproperties_OPreference, 1};
   // New pages
-  ui::CheckBox CKskeleton{*this, IDC_frmproperties_CKskeleton};
-  ui::CheckBox CKheader{*this, IDC_frmproperties_CKheader};
   ui::TextBox Theader{*this, IDC_frmproperties_Theader};
-  ui::CheckBox CKbody{*this, IDC_frmproperties_CKbody};
   ui::TextBox Tbody{*this, IDC_frmproperties_Tbody};
   // FTP and preview
   ui::Label Ltimeout{*this, IDC_frmproperties_Ltimeout};
   ui::TextBox Ttimeout{*this, IDC_frmproperties_Ttimeout};
-  ui::CheckBox CKpassive{*this, IDC_frmproperties_CKpassive};
-  ui::CheckBox CKbrowser{*this, IDC_frmproperties_CKbrowser};
 
   ui::Button Cdefault{*this, IDC_frmproperties_Cdefault};
   ui::Button COK{*this, IDC_frmproperties_COK};
@@ -86,11 +92,7 @@ class frmproperties : public ui::Form {
   bool keyPressed(const ui::Shortcut& key) override { return Tabs.keyPressed(key); }
 
  private:
-  struct Tick {
-    ui::CheckBox& box;
-    bool app::PropsRecord::*field;
-  };
-  std::vector<Tick> ticks();
+  std::vector<std::unique_ptr<ui::CheckBox>> makeTicks();
   void setTexts();
   void addPages();
   void connectEvents();

@@ -3,36 +3,59 @@
 
 namespace options {
 
+// The settings that are on or off: control, field, page and text; where the control is says the dialog's
+// template.
+std::span<const frmproperties::Tick> frmproperties::ticks() {
+  using Props = app::PropsRecord;
+  static constexpr Tick kTicks[] = {
+      {IDC_frmproperties_CKmaximized, &Props::StartMaximized, Page::Start, "პროგრამა მთელ &ეკრანზე იხსნება"},
+      {IDC_frmproperties_CKposition, &Props::RememberPosition, Page::Start, "ფანჯრის &ადგილის დამახსოვრება"},
+      {IDC_frmproperties_CKlast, &Props::ReopenLastFile, Page::Start, "დაწყებისას ბოლო &ფაილის გახსნა"},
+      {IDC_frmproperties_CKsession, &Props::ReopenSession, Page::Start,
+       "დაწყებისას ბოლო სეანსის ყველა &დოკუმენტის გახსნა"},
+      {IDC_frmproperties_CKcutend, &Props::CutOldEnd, Page::Editor,
+       "შენახვისას ძველი, გრძელი ფაილის &ბოლოს მოჭრა"},
+      {IDC_frmproperties_CKbold, &Props::EditorFontBold, Page::Editor, "&მუქი"},
+      {IDC_frmproperties_CKitalic, &Props::EditorFontItalic, Page::Editor, "დახ&რილი"},
+      {IDC_frmproperties_CKwrap, &Props::WordWrap, Page::Editor, "გრძელი სტრიქონების გადა&ტანა"},
+      {IDC_frmproperties_CKdecode, &Props::SelectionPreview, Page::Editor,
+       "მონიშნული UTF-8 ტექსტის გაშიფვრა ქვე&და ზოლში"},
+      {IDC_frmproperties_CKskeleton, &Props::NewPageSkeleton, Page::NewPage,
+       "ახალი &HTML გვერდი სრული კარკასით, UTF-8"},
+      {IDC_frmproperties_CKheader, &Props::HeaderTextOn, Page::NewPage,
+       "და&მატებითი ტექსტი ახალი გვერდის თავში:"},
+      {IDC_frmproperties_CKbody, &Props::BodyAttributesOn, Page::NewPage, "BODY-ს ატრი&ბუტები ახალ გვერდზე:"},
+      {IDC_frmproperties_CKpassive, &Props::FtpPassive, Page::FtpAndPreview,
+       "FTP: &Passive რეჟიმი (საწყისი პარამეტრებით ჩართულია)"},
+      {IDC_frmproperties_CKbrowser, &Props::PreviewInBrowser, Page::FtpAndPreview,
+       "გადახედვა ყოველთვის ნაგულისხმევ &ბრაუზერში"},
+      {IDC_frmproperties_CKlive, &Props::LiveColours, Page::CodeView,
+       "ტეგების, სტილებისა და სკრიპტების გაფერადება &კრეფისას"},
+      {IDC_frmproperties_CKnumbers, &Props::LineNumbers, Page::CodeView, "სტრიქონების &ნომრები"},
+      {IDC_frmproperties_CKcurrent, &Props::CurrentLine, Page::CodeView, "&მიმდინარე სტრიქონის გამოყოფა"},
+      {IDC_frmproperties_CKblanks, &Props::WhiteSpace, Page::CodeView, "&ჰარების ჩვენება"},
+      {IDC_frmproperties_CKlineends, &Props::LineEnds, Page::CodeView, "სტრიქონის &ბოლოების ჩვენება"},
+      {IDC_frmproperties_CKpagemode, &Props::ModeOfPage, Page::CodeView,
+       "გვერდი თავისი ასოების კრეფის &რეჟიმით იხსნება"},
+  };
+  return kTicks;
+}
+
 void frmproperties::setTexts() {
   setCaption("პარამეტრები");
-  CKmaximized.setCaption("პროგრამა მთელ &ეკრანზე იხსნება");
-  CKposition.setCaption("ფანჯრის &ადგილის დამახსოვრება");
-  CKlast.setCaption("დაწყებისას ბოლო &ფაილის გახსნა");
-  CKsession.setCaption("დაწყებისას ბოლო სეანსის ყველა &დოკუმენტის გახსნა");
   CKshow.setCaption("დაწყებისას ბოლო ფაილების სიის &ჩვენება");
   Lmode.setCaption("კრეფის &რეჟიმი დაწყებისას:");
 
   Lfont.setCaption("&შრიფტი:");
   Lsize.setCaption("&ზომა:");
-  CKbold.setCaption("&მუქი");
-  CKitalic.setCaption("დახ&რილი");
   Cback.setCaption("&ფონის ფერი...");
   Ctext.setCaption("&ასოების ფერი...");
-  CKwrap.setCaption("გრძელი სტრიქონების გადა&ტანა");
-  CKcutend.setCaption("შენახვისას ძველი, გრძელი ფაილის &ბოლოს მოჭრა");
-  CKdecode.setCaption("მონიშნული UTF-8 ტექსტის გაშიფვრა ქვე&და ზოლში");
   Lsample.setCaption("ნიმუში:");
 
   Lutf8font.setCaption("UTF-8 ხედის &შრიფტი:");
   Putf8.setCaption("ნიმუში: UTF-8 ხედი");
   Lcolours.setCaption("&ფერები:");
   CBcolours.setItems({"საკუთარი", "როგორც სისტემაშია", "ღია", "მუქი"});
-  CKlive.setCaption("ტეგების, სტილებისა და სკრიპტების გაფერადება &კრეფისას");
-  CKnumbers.setCaption("სტრიქონების &ნომრები");
-  CKcurrent.setCaption("&მიმდინარე სტრიქონის გამოყოფა");
-  CKblanks.setCaption("&ჰარების ჩვენება");
-  CKlineends.setCaption("სტრიქონის &ბოლოების ჩვენება");
-  CKpagemode.setCaption("გვერდი თავისი ასოების კრეფის &რეჟიმით იხსნება");
 
   const std::array<const char*, 4> modes = {"რუსული", "ქართული ISO", "ქართული ASCII", "ლათინური"};
   std::vector<ui::Text> names;
@@ -47,15 +70,10 @@ void frmproperties::setTexts() {
   OPbytes.setCaption("&UTF-8 ბაიტები C2 A0");
   OPreference.setCaption("მითითე&ბა &&nbsp;");
 
-  CKskeleton.setCaption("ახალი &HTML გვერდი სრული კარკასით, UTF-8");
-  CKheader.setCaption("და&მატებითი ტექსტი ახალი გვერდის თავში:");
-  CKbody.setCaption("BODY-ს ატრი&ბუტები ახალ გვერდზე:");
   Theader.hint = "ტექსტი გვერდის თავში";
   Tbody.hint = "BODY-ს ატრიბუტები";
 
   Ltimeout.setCaption("FTP: &მოლოდინი, წამი:");
-  CKpassive.setCaption("FTP: &Passive რეჟიმი (საწყისი პარამეტრებით ჩართულია)");
-  CKbrowser.setCaption("გადახედვა ყოველთვის ნაგულისხმევ &ბრაუზერში");
 
   Cdefault.setCaption("&საწყისი მნიშვნელობები");
   COK.setCaption("&OK");
@@ -74,20 +92,32 @@ void frmproperties::setTexts() {
 }
 
 void frmproperties::addPages() {
-  Tabs.addPage("დაწყება", {&CKmaximized, &CKposition, &CKlast, &CKsession, &CKshow, &Lmode, &CBmode});
-  Tabs.addPage("რედაქტორი", {&Lfont, &CBfont, &Lsize, &Tsize, &CKbold, &CKitalic, &Cback, &Pback, &Ctext,
-                             &Ptext, &CKwrap, &CKdecode, &CKcutend, &Lsample, &Psample});
+  const auto addPage = [this](Page page, const char* caption, std::vector<ui::Control*> controls) {
+    for (const Tick& row : ticks()) {
+      if (row.page == page) controls.push_back(&tick(row.field));
+    }
+    Tabs.addPage(caption, std::move(controls));
+  };
+  addPage(Page::Start, "დაწყება", {&CKshow, &Lmode, &CBmode});
+  addPage(Page::Editor, "რედაქტორი",
+          {&Lfont, &CBfont, &Lsize, &Tsize, &Cback, &Pback, &Ctext, &Ptext, &Lsample, &Psample});
   std::vector<ui::Control*> typing = {&Lnbsp, &OPbytes, &OPreference};
   for (std::size_t i = 0; i < CBtyping.size(); ++i) {
     typing.push_back(Ltyping[i].get());
     typing.push_back(CBtyping[i].get());
     typing.push_back(Ptyping[i].get());
   }
-  Tabs.addPage("კრეფა", std::move(typing));
-  Tabs.addPage("ახალი გვერდი", {&CKskeleton, &CKheader, &Theader, &CKbody, &Tbody});
-  Tabs.addPage("FTP, გადახედვა", {&Ltimeout, &Ttimeout, &CKpassive, &CKbrowser});
-  Tabs.addPage("კოდის ხედი", {&Lutf8font, &CButf8font, &Putf8, &Lcolours, &CBcolours, &CKlive, &CKnumbers,
-                              &CKcurrent, &CKblanks, &CKlineends, &CKpagemode});
+  addPage(Page::Typing, "კრეფა", std::move(typing));
+  addPage(Page::NewPage, "ახალი გვერდი", {&Theader, &Tbody});
+  addPage(Page::FtpAndPreview, "FTP, გადახედვა", {&Ltimeout, &Ttimeout});
+  addPage(Page::CodeView, "კოდის ხედი",
+          {
+              &Lutf8font,
+              &CButf8font,
+              &Putf8,
+              &Lcolours,
+              &CBcolours,
+          });
 }
 
 }  // namespace options

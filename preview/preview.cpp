@@ -42,19 +42,18 @@ Preview::Preview(app::Workbench& bench) : bench_(bench) {
         .enabled = [this](const app::CommandState& state) { return state.hasText && showsPage(); },
         .help = "გვერდი ბრაუზერში, როგორიც ის ახლაა; დოკუმენტი არ ინახება"}});
 
-  const auto guardedly = [this](auto run) { return [this, run] { app::guarded(bench_.platform(), run); }; };
-  window_.refresh.connect(guardedly([this] {
+  window_.refresh.connect([this] {
     if (showsPage()) mnuPreview_Click();
-  }));
-  window_.browser.connect(guardedly([this] { openBrowser(); }));
+  });
+  window_.browser.connect([this] { openBrowser(); });
   window_.left.connect([this] { left(); });
-  window_.Wpage.failed.connect(guardedly([this] {
+  window_.Wpage.failed.connect([this] {
     noEngine_ = true;
     openBrowser();
     window_.leave();
     bench_.codeView().setFocus();
     sayNoEngine();
-  }));
+  });
   bench.closing.connect([this] { window_.leave(); });
 }
 

@@ -6,6 +6,7 @@
 #include <charconv>
 #include <cstdint>
 
+#include "base/font_names.h"
 #include "base/text.h"
 #include "base/utf8.h"
 #include "convert/encoding_counts.h"
@@ -13,12 +14,12 @@
 namespace preview {
 namespace {
 
-constexpr const char* kLegacyFamily = "Zervo ISO";
-constexpr const char* kKeyboardFamily = "Zervo ASCII";
+constexpr const char* kLegacyFamily = base::kIsoFont;
+constexpr const char* kKeyboardFamily = base::kAsciiFont;
 
 // Fonts of the keyboard layout that Georgian pages name.
 constexpr std::array<std::string_view, 6> kKeyboardFonts = {"AcadNusx", "AcadMtavr", "LitNusx",
-                                                            "LitMtavr", "Grigolia",  "Zervo ASCII"};
+                                                            "LitMtavr", "Grigolia",  base::kAsciiFont};
 // What pages in legacy letters say of themselves, if anything; UTF-8 is never true of such bytes.
 constexpr std::array<std::string_view, 6> kLegacyCharsets = {"UTF-8",    "WINDOWS-1252",   "ISO-8859-1",
                                                              "US-ASCII", "X-USER-DEFINED", "GEORGIAN-PS"};

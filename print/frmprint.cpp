@@ -35,7 +35,7 @@ frmprint::frmprint(ui::Platform& platform, ui::PrintJob& job, const PrintSheet& 
 }
 
 void frmprint::shown() {
-  app::guarded(platform_, [this] { run(); });
+  ui::atGate([this] { run(); });
   close();
 }
 

@@ -45,9 +45,8 @@ frmprintpreview::frmprintpreview(app::Workbench& bench)
   OPwhole.changed.connect([this] { zoom(false); });
   OPwidth.changed.connect([this] { zoom(true); });
   CKnumbers.changed.connect([this] { CKnumbers_Click(); });
-  Csetup.clicked.connect([this] { app::guarded(bench_.platform(), [this] { Csetup_Click(); }); });
-  Cprint.clicked.connect(
-      [this] { app::guarded(bench_.platform(), [this] { printShown(bench_, settings_); }); });
+  Csetup.clicked.connect([this] { Csetup_Click(); });
+  Cprint.clicked.connect([this] { printShown(bench_, settings_); });
   CEXIT.clicked.connect([this] { close(); });
 }
 
@@ -187,7 +186,7 @@ void frmprintpreview::Ppage_MouseMove(ui::Point point) {
 void frmprintpreview::CKnumbers_Click() {
   PrintSettings changed = settings_;
   changed.lineNumbers = CKnumbers.checked();
-  const bool done = app::guarded(bench_.platform(), [&] {
+  const bool done = ui::atGate([&] {
     layOut(changed);
     writePrintSettings(bench_.platform(), settings_);
   });

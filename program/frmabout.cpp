@@ -28,8 +28,7 @@ frmabout::frmabout(ui::Platform& platform) : Form("frmabout", IDD_frmabout) {
   COK.setCaption("&OK");
   defaultButton = &COK;
   cancelButton = &COK;
-  Clink.clicked.connect(
-      [&platform] { app::guarded(platform, [&platform] { app::OpenWithVerb(platform, kLink); }); });
+  Clink.clicked.connect([&platform] { app::OpenWithVerb(platform, kLink); });
   COK.clicked.connect([this] { close(); });
 }
 

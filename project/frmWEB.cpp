@@ -10,6 +10,7 @@
 #include "base/error.h"
 #include "base/files.h"
 #include "base/path.h"
+#include "base/scoped_flag.h"
 #include "base/text.h"
 #include "project/html_header.h"
 
@@ -44,18 +45,6 @@ const std::vector<IconRow>& iconRows() {
       {10, {"PHP", "PHP3"}}};
   return rows;
 }
-
-// Sets a flag for the length of a block.
-class Writing {
- public:
-  explicit Writing(bool& flag) : flag_(flag) { flag_ = true; }
-  Writing(const Writing&) = delete;
-  Writing& operator=(const Writing&) = delete;
-  ~Writing() { flag_ = false; }
-
- private:
-  bool& flag_;
-};
 
 const std::array<ui::Text, 6>& infoTexts() {
   static const std::array<ui::Text, 6> texts = {
@@ -97,7 +86,7 @@ frmWEB::frmWEB(app::Workbench& bench) : Form("frmWEB", IDD_frmWEB), bench_(bench
   }
   const auto action = [this](void (frmWEB::*run)()) {
     return [this, run] {
-      if (!writing_) app::guarded(bench_.platform(), [this, run] { (this->*run)(); });
+      if (!writing_) (this->*run)();
     };
   };
   COK[0]->clicked.connect(action(&frmWEB::addPage));
@@ -306,7 +295,7 @@ void frmWEB::create() {
   if (base::folderExists(folder)) {
     bool replace = false;
     if (!mayReplace(folder, replace)) return;
-    const Writing writing(writing_);  // events run meanwhile
+    const base::ScopedFlag writing(writing_);  // events run meanwhile
     if (!writeFiles(folder, replace, missing)) return;
   }
   // The main window says it when the project is not there.

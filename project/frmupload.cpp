@@ -65,18 +65,15 @@ frmupload::frmupload(app::Workbench& bench, ui::Ftp& ftp)
   defaultButton = &Cupload;
   cancelButton = &Command1;
 
-  const auto action = [this](void (frmupload::*run)()) {
-    return [this, run] { app::guarded(bench_.platform(), [this, run] { (this->*run)(); }); };
-  };
   CBaccount.selectionChanged.connect([this] { CBaccount_Click(); });
   List1.selectionChanged.connect([this] { List1_Click(); });
-  Command2[0]->clicked.connect(action(&frmupload::addAccount));
-  Command2[1]->clicked.connect(action(&frmupload::keepAccount));
-  Command2[2]->clicked.connect(action(&frmupload::removeAccount));
+  Command2[0]->clicked.connect([this] { addAccount(); });
+  Command2[1]->clicked.connect([this] { keepAccount(); });
+  Command2[2]->clicked.connect([this] { removeAccount(); });
   Command2[3]->clicked.connect([this] { showFrame(false); });
   Command4.clicked.connect([this] { showFrame(true); });
-  Cfile.clicked.connect(action(&frmupload::Cfile_Click));
-  Cupload.clicked.connect(action(&frmupload::Cupload_Click));
+  Cfile.clicked.connect([this] { Cfile_Click(); });
+  Cupload.clicked.connect([this] { Cupload_Click(); });
   Command3.clicked.connect([this] { stop_ = true; });
   Command1.clicked.connect([this] {
     if (queryClose()) close();
@@ -96,7 +93,7 @@ frmupload::frmupload(app::Workbench& bench, ui::Ftp& ftp)
 }
 
 void frmupload::load() {
-  app::guarded(bench_.platform(), [this] { loadAccounts(); });
+  ui::atGate([this] { loadAccounts(); });
 }
 
 bool frmupload::queryClose() {
@@ -285,7 +282,7 @@ void frmupload::Cupload_Click() {
   stop_ = closeBehindRun_ = false;
   showFrame(false);  // the log is wanted now
   setRunning(true);
-  app::guarded(bench_.platform(), [&] { upload(line); });
+  ui::atGate([&] { upload(line); });
   setRunning(false);
   if (closeBehindRun_) close();
 }
@@ -313,7 +310,7 @@ void frmupload::writeUnasked(const std::function<void()>& write) {
       if (!std::exchange(toldReadOnly_, true)) throw;
     }
   };
-  app::guarded(bench_.platform(), attempt);
+  ui::atGate(attempt);
 }
 
 void frmupload::upload(const std::string& account) {

@@ -76,17 +76,14 @@ frmrecentfile::frmrecentfile(app::Workbench& bench)
   LV.setItems(std::move(items));
   LV.setSelected(0);
 
-  const auto action = [this](void (frmrecentfile::*run)()) {
-    return [this, run] { app::guarded(bench_.platform(), [this, run] { (this->*run)(); }); };
-  };
-  COK.clicked.connect(action(&frmrecentfile::openSelected));
-  LV.doubleClicked.connect(action(&frmrecentfile::openSelected));
-  Copen.clicked.connect(action(&frmrecentfile::openNew));
+  COK.clicked.connect([this] { openSelected(); });
+  LV.doubleClicked.connect([this] { openSelected(); });
+  Copen.clicked.connect([this] { openNew(); });
   CEXIT.clicked.connect([this] { close(); });
-  LV.contextMenu.connect(action(&frmrecentfile::popup));
+  LV.contextMenu.connect([this] { popup(); });
   CKonstart.changed.connect([this] {
     bench_.props().ShowAtStart = CKonstart.checked() ? 1 : 0;
-    app::guarded(bench_.platform(), [this] { bench_.saveProps(); });
+    bench_.saveProps();
   });
   defaultButton = &COK;
   cancelButton = &CEXIT;
@@ -99,7 +96,7 @@ std::string frmrecentfile::pathOf(int row) const {
 
 bool frmrecentfile::keyPressed(const ui::Shortcut& key) {
   if (key != ui::Shortcut{ui::kKeyDelete, false, false, false} || LV.selected() < 0) return false;
-  app::guarded(bench_.platform(), [this] { removeEntry(); });
+  removeEntry();
   return true;
 }
 

@@ -63,8 +63,8 @@ Recovery::~Recovery() = default;
 void Recovery::start(bool plain) {
   folder_ = recoveryFolder(bench_.platform());
   begin();
-  app::guarded(bench_.platform(), [this] { offer(); });
-  if (plain && bench_.props().ReopenSession) app::guarded(bench_.platform(), [this] { offerSession(); });
+  ui::atGate([this] { offer(); });
+  if (plain && bench_.props().ReopenSession) ui::atGate([this] { offerSession(); });
   sync();
 }
 
@@ -244,7 +244,7 @@ std::string Recovery::sessionFile() const {
 void Recovery::closing() {
   if (!writer_) return;
   sync();
-  app::guarded(bench_.platform(), [this] {
+  ui::atGate([this] {
     if (bench_.props().ReopenSession) {
       base::writeFile(sessionFile(), documentsRecord(documentsNow()));
     } else {

@@ -56,7 +56,7 @@ frmrecovery::frmrecovery(app::Workbench& bench, std::vector<const KeptText*> tex
     answer_ = Answer::TakeBack;
     close();
   });
-  Cdelete.clicked.connect([this] { app::guarded(bench_.platform(), [this] { Cdelete_Click(); }); });
+  Cdelete.clicked.connect([this] { Cdelete_Click(); });
   CEXIT.clicked.connect([this] { close(); });
   LV.setSelected(0);
   LV_Change();

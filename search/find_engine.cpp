@@ -3,8 +3,8 @@
 #include <algorithm>
 #include <limits>
 
-#include "app/document_list.h"
 #include "base/error.h"
+#include "base/moved_place.h"
 #include "base/text.h"
 
 namespace search {
@@ -162,7 +162,7 @@ void HitList::documentRemoved(int document) {
 }
 
 void HitList::documentMoved(int from, int to) {
-  for (Group& group : groups_) group.document = app::placeAfterMove(group.document, from, to);
+  for (Group& group : groups_) group.document = base::placeAfterMove(group.document, from, to);
 }
 
 void HitList::documentNumbered(int document) {

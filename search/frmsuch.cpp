@@ -6,9 +6,10 @@
 #include "app/mdlsaerto.h"
 #include "app/progress.h"
 #include "base/line_ends.h"
+#include "base/moved_place.h"
+#include "base/scoped_flag.h"
 #include "base/text.h"
 #include "base/utf8.h"
-#include "search/busy.h"
 #include "search/insert_menu.h"
 #include "search/terms.h"
 
@@ -52,18 +53,15 @@ frmsuch::frmsuch(app::Workbench& bench) : Form("frmsuch", IDD_frmsuch), bench_(b
   Combo1.dropWidth = 200;
   defaultButton = &Czuch;
 
-  const auto runs = [this](void (frmsuch::*handler)()) {
-    return [this, handler] { app::guarded(bench_.platform(), [&] { (this->*handler)(); }); };
-  };
-  Text1.changed.connect(runs(&frmsuch::Text1_Change));
-  Combo1.selectionChanged.connect(runs(&frmsuch::Combo1_Click));
-  Czuch.clicked.connect(runs(&frmsuch::findNext));
-  MBAlfind.clicked.connect(runs(&frmsuch::MBAlfind_Click));
-  Ccvla.clicked.connect(runs(&frmsuch::Ccvla_Click));
-  Calcvla.clicked.connect(runs(&frmsuch::Calcvla_Click));
-  Ccheinj.clicked.connect(runs(&frmsuch::Ccheinj_Click));
-  Cmeniu.clicked.connect(runs(&frmsuch::Cmeniu_Click));
-  List1.selectionChanged.connect(runs(&frmsuch::List1_Click));
+  Text1.changed.connect([this] { Text1_Change(); });
+  Combo1.selectionChanged.connect([this] { Combo1_Click(); });
+  Czuch.clicked.connect([this] { findNext(); });
+  MBAlfind.clicked.connect([this] { MBAlfind_Click(); });
+  Ccvla.clicked.connect([this] { Ccvla_Click(); });
+  Calcvla.clicked.connect([this] { Calcvla_Click(); });
+  Ccheinj.clicked.connect([this] { Ccheinj_Click(); });
+  Cmeniu.clicked.connect([this] { Cmeniu_Click(); });
+  List1.selectionChanged.connect([this] { List1_Click(); });
   Text1.keyPress = Tcvla.keyPress = [this](int key) { return field_KeyPress(key); };
 
   bench_.documentShown.connect([this] { followShown(); });
@@ -128,7 +126,7 @@ bool frmsuch::keyPressed(const ui::Shortcut& key) {
   if (key == kNext) {
     Czuch.click();
   } else if (key == kPrevious) {
-    app::guarded(bench_.platform(), [&] { findPrevious(); });
+    findPrevious();
   } else if (key == kLeave) {
     if (!busy_) close();  // a search under way is ended first
   } else {
@@ -205,7 +203,7 @@ void frmsuch::step(Direction direction) {
   }
   remember();
   {
-    const Busy busy(busy_);
+    const base::ScopedFlag busy(busy_);
     findindex();
     followEdits();
     const std::string_view text = T1_.text();
@@ -284,7 +282,7 @@ bool frmsuch::suchen() {
   hits.clear();
   stopped_ = false;
   if (splitTerms(Text1.text()).empty()) return false;
-  const Busy busy(busy_);
+  const base::ScopedFlag busy(busy_);
   try {
     setRange(T1_.text().size());
     targets_ = targets();
@@ -423,7 +421,7 @@ void frmsuch::documentMoved(int from, int to) {
   parkedAt_ = -1;
   hits.documentMoved(from, to);
   oldTexts_.documentMoved(from, to);
-  for (int& target : targets_) target = app::placeAfterMove(target, from, to);
+  for (int& target : targets_) target = base::placeAfterMove(target, from, to);
   documentsChanged();
 }
 

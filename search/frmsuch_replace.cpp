@@ -3,7 +3,7 @@
 
 #include "app/mdlsaerto.h"
 #include "app/progress.h"
-#include "search/busy.h"
+#include "base/scoped_flag.h"
 #include "search/frmsuch.h"
 
 namespace search {
@@ -31,7 +31,7 @@ void frmsuch::Ccvla_Click() {
 void frmsuch::Calcvla_Click() {
   if (busy_) return;
   if (!Text1.text().empty()) remember();
-  const Busy busy(busy_);
+  const base::ScopedFlag busy(busy_);
   if (scope != Scope::WholeText) takePlace();  // what is selected now is what changes
   suchen();
   const std::size_t found = stopped_ ? 0 : hits.size();

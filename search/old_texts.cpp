@@ -1,6 +1,6 @@
 #include "search/old_texts.h"
 
-#include "app/document_list.h"
+#include "base/moved_place.h"
 
 namespace search {
 
@@ -12,7 +12,7 @@ void OldTexts::documentRemoved(int document) {
 }
 
 void OldTexts::documentMoved(int from, int to) {
-  for (Entry& entry : entries_) entry.document = app::placeAfterMove(entry.document, from, to);
+  for (Entry& entry : entries_) entry.document = base::placeAfterMove(entry.document, from, to);
 }
 
 }  // namespace search

@@ -24,7 +24,7 @@ SAMPLES = ["vepkhistqaosani-legacy.html", "vepkhistqaosani-latin.txt"]
 
 def gather(build, folder):
     (folder / "samples").mkdir(parents=True)
-    for file in [build / "Zervo.exe", build / "zervo-cli.exe", build / "Zervo.chm", TOP / "resources/props.ini",
+    for file in [build / "Zervo.exe", build / "zervo-cli.exe", build / "Zervo.chm", build / "props.ini",
                  TOP / "resources/custom/FONTS.txt",
                  TOP / "resources/package/README.txt", TOP / "resources/package/LICENSE-libraries.txt",
                  TOP / "resources/fonts/LICENSE-DejaVu.txt", build / "licences/LICENSE-Scintilla.txt"]:

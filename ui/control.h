@@ -9,6 +9,27 @@ namespace ui {
 
 class Form;
 
+// One for each class of controls. Whoever must do something for every kind switches over them all, without a
+// default: the compiler names what a new kind is missing.
+enum class ControlKind {
+  Label,
+  IconBox,
+  Button,
+  CheckBox,
+  OptionButton,
+  TextBox,
+  ProgressBar,
+  ListBox,
+  ComboBox,
+  ListView,
+  TreeView,
+  StatusBar,
+  PictureBox,
+  TabStrip,
+  PageTabs,
+  WebView,
+};
+
 // What of a control changed, for its peer.
 enum class Aspect { Text, Enabled, Visible, Items, Selection, Value, Focus, Font, Edit };
 
@@ -28,6 +49,7 @@ class Control {
   Control& operator=(const Control&) = delete;
 
   int id() const { return id_; }
+  virtual ControlKind kind() const = 0;
 
   // Caption, with "&" before the mnemonic letter; for labels the shown text.
   const Text& caption() const { return caption_; }

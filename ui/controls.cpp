@@ -33,8 +33,9 @@ void CheckBox::setGreyed(bool greyed) {
 
 void OptionButton::choose() {
   for (Control* control : form_.controls()) {
-    auto* option = dynamic_cast<OptionButton*>(control);
-    if (option == nullptr || option->group_ != group_) continue;
+    if (control->kind() != ControlKind::OptionButton) continue;
+    auto* const option = static_cast<OptionButton*>(control);
+    if (option->group_ != group_) continue;
     option->chosen_ = option == this;
     option->tell(Aspect::Value);
   }

@@ -7,14 +7,15 @@
 
 #include "ui/code_view.h"
 #include "ui/control.h"
+#include "ui/error_gate.h"
 #include "ui/form.h"
 #include "ui/platform/file_icon.h"
-#include "ui/signal.h"
 
 namespace ui {
 
 class Label : public Control {
  public:
+  ControlKind kind() const override { return ControlKind::Label; }
   using Control::Control;
   // The label grows with its text and moves what stands below it; message texts have any length.
   bool autosize = false;
@@ -23,6 +24,7 @@ class Label : public Control {
 // The sign of a message box, or the program's own picture.
 class IconBox : public Control {
  public:
+  ControlKind kind() const override { return ControlKind::IconBox; }
   using Control::Control;
   enum class Sign { None, Information, Question, Warning, Critical, Program };
   Sign sign = Sign::None;  // set before the form is shown
@@ -30,10 +32,11 @@ class IconBox : public Control {
 
 class Button : public Control {
  public:
+  ControlKind kind() const override { return ControlKind::Button; }
   using Control::Control;
-  Signal<> clicked;
+  Event<> clicked;
   // The pointer came over the button (or the keyboard to it): true; it left: false.
-  Signal<bool> pointed;
+  Event<bool> pointed;
   // Does nothing when disabled, like a real one.
   void click() {
     if (enabled() && visible()) clicked();
@@ -42,8 +45,9 @@ class Button : public Control {
 
 class CheckBox : public Control {
  public:
+  ControlKind kind() const override { return ControlKind::CheckBox; }
   using Control::Control;
-  Signal<> changed;
+  Event<> changed;
   bool checked() const { return checked_; }
   void setChecked(bool checked);
   void userSet(bool checked);
@@ -59,8 +63,9 @@ class CheckBox : public Control {
 // Option buttons of one group exclude each other in the window (template groups) and in the model.
 class OptionButton : public Control {
  public:
+  ControlKind kind() const override { return ControlKind::OptionButton; }
   OptionButton(Form& form, int id, int group) : Control(form, id), form_(form), group_(group) {}
-  Signal<> changed;
+  Event<> changed;
   bool chosen() const { return chosen_; }
   void choose();      // by the program: no event
   void userChoose();  // by the user: raises `changed` of this button
@@ -73,12 +78,13 @@ class OptionButton : public Control {
 
 class TextBox : public Control {
  public:
+  ControlKind kind() const override { return ControlKind::TextBox; }
   enum class Holds {
     Unicode,  // text() is UTF-8: names, paths
     Bytes,    // text() is byte text, shown in font()
   };
   TextBox(Form& form, int id, Holds holds = Holds::Unicode) : Control(form, id), holds_(holds) {}
-  Signal<> changed;
+  Event<> changed;
   // Byte-text boxes: what enters for a typed character that has a byte in the font's character set (in UTF-8:
   // below 80). Without it, that byte.
   std::function<std::string(int key)> keyPress;
@@ -129,6 +135,7 @@ class TextBox : public Control {
 
 class ProgressBar : public Control {
  public:
+  ControlKind kind() const override { return ControlKind::ProgressBar; }
   using Control::Control;
   static constexpr int kMost = 1000;
   int value() const { return value_; }
@@ -144,13 +151,14 @@ class ProgressBar : public Control {
 // Rows of text with one selected row (-1: none); base of the drop-down list too.
 class ListBox : public Control {
  public:
+  ControlKind kind() const override { return ControlKind::ListBox; }
   using Control::Control;
-  Signal<> selectionChanged;
-  Signal<> doubleClicked;
+  Event<> selectionChanged;
+  Event<> doubleClicked;
   // A row may be dragged into the code view: the caret is where it was dropped then, or the selection stays,
   // when it was dropped on that. Off without `draggable`, which is set before the form is shown.
   bool draggable = false;
-  Signal<int> droppedInText;
+  Event<int> droppedInText;
   // A key pressed in the list, before the list sees it; true: handled.
   std::function<bool(const Shortcut&)> keyPressed;
   const std::vector<Text>& items() const { return items_; }
@@ -166,12 +174,14 @@ class ListBox : public Control {
 
 class ComboBox : public ListBox {  // a drop-down list without an edit field
  public:
+  ControlKind kind() const override { return ControlKind::ComboBox; }
   using ListBox::ListBox;
   int dropWidth = 0;  // of the open list, in 1/96 inch; 0: the control's own; set before the form is shown
 };
 
 class ListView : public Control {
  public:
+  ControlKind kind() const override { return ControlKind::ListView; }
   using Control::Control;
   struct Item {
     Text text;
@@ -189,10 +199,10 @@ class ListView : public Control {
   std::vector<Column> columns;  // none: a plain list; set before the form is shown
   bool checkBoxes = false;
   FileIcons icons;  // by image number; set before the form is shown
-  Signal<> selectionChanged;
-  Signal<> doubleClicked;
-  Signal<> contextMenu;
-  Signal<int> rowChecked;  // the user ticked a row, or took its tick away
+  Event<> selectionChanged;
+  Event<> doubleClicked;
+  Event<> contextMenu;
+  Event<int> rowChecked;  // the user ticked a row, or took its tick away
   // In-place editing of row texts: off without a handler. `text` is UTF-8 and may be changed; false refuses
   // it.
   std::function<bool(int row, std::string& text)> labelEdited;
@@ -214,6 +224,7 @@ class ListView : public Control {
 
 class TreeView : public Control {
  public:
+  ControlKind kind() const override { return ControlKind::TreeView; }
   using Control::Control;
   struct Node {
     int parent = -1;  // index of the parent node, -1: a root
@@ -224,14 +235,14 @@ class TreeView : public Control {
   };
   FileIcons icons;  // by image number; set before the form is shown
   // A node was clicked, or chosen with the keyboard; the argument is its index.
-  Signal<int> nodeClicked;
-  Signal<> contextMenu;  // asked for on the selected node
+  Event<int> nodeClicked;
+  Event<> contextMenu;  // asked for on the selected node
   // A node may be dragged into the code view, as a row of a ListBox, or onto another node. No dragging
   // without `draggable`, no dropping on nodes without `canDropOn`.
   std::function<bool(int node)> draggable;
   std::function<bool(int node, int target)> canDropOn;
-  Signal<int> droppedInText;
-  Signal<int, int> droppedOn;
+  Event<int> droppedInText;
+  Event<int, int> droppedOn;
 
   const std::vector<Node>& nodes() const { return nodes_; }
   void setNodes(std::vector<Node> nodes);  // shown expanded; deselects
@@ -248,6 +259,7 @@ class TreeView : public Control {
 // Panels from left to right; a panel is known by its key.
 class StatusBar : public Control {
  public:
+  ControlKind kind() const override { return ControlKind::StatusBar; }
   struct Panel {
     std::string key;
     int width;  // in 1/96 inch; -1: takes the rest
@@ -258,8 +270,8 @@ class StatusBar : public Control {
   const std::vector<Panel>& panels() const { return panels_; }
   void setPanel(std::string_view key, Text text);
   const Text& panel(std::string_view key) const;
-  void userClick(std::size_t panel);      // its number, from 0
-  Signal<std::string_view> panelClicked;  // its key
+  void userClick(std::size_t panel);     // its number, from 0
+  Event<std::string_view> panelClicked;  // its key
 
   // Stands over the whole bar in place of the panels; empty: the panels again.
   void setWhole(Text text);

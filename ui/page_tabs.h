@@ -11,6 +11,7 @@ namespace ui {
 
 class PageTabs : public Control {
  public:
+  ControlKind kind() const override { return ControlKind::PageTabs; }
   using Control::Control;
   // Controls of the form; those on no page are always visible. Set before the form is shown.
   void addPage(Text caption, std::vector<Control*> controls);

@@ -8,7 +8,7 @@
 #include "base/color.h"
 #include "ui/code_view.h"
 #include "ui/control.h"
-#include "ui/signal.h"
+#include "ui/error_gate.h"
 
 namespace ui {
 
@@ -68,20 +68,21 @@ class Canvas {
 // The caption is not drawn: it tells screen readers (and scripts) what the picture shows now.
 class PictureBox : public Control {
  public:
+  ControlKind kind() const override { return ControlKind::PictureBox; }
   using Control::Control;
   // Draws the whole picture on the window's background.
   std::function<void(Canvas&)> paint;
-  Signal<Point> mouseDown;  // left button
-  Signal<Point> mouseMove;  // also outside the picture while the button is down
-  Signal<Point> mouseUp;
-  Signal<Point> otherMouseUp;  // a button that is neither the left nor the right one
-  Signal<Point> doubleClicked;
-  Signal<int> wheel;   // turned: lines to go down (up: less than 0)
-  Signal<> mouseLeft;  // the pointer is elsewhere
+  Event<Point> mouseDown;  // left button
+  Event<Point> mouseMove;  // also outside the picture while the button is down
+  Event<Point> mouseUp;
+  Event<Point> otherMouseUp;  // a button that is neither the left nor the right one
+  Event<Point> doubleClicked;
+  Event<int> wheel;   // turned: lines to go down (up: less than 0)
+  Event<> mouseLeft;  // the pointer is elsewhere
   // A virtual-key number pressed while the picture has the keyboard; true: used, else the dialog has it
   // (arrows then move the focus). Pictures without a handler take no focus.
   std::function<bool(int key)> keyDown;
-  Signal<> focusChanged;
+  Event<> focusChanged;
 
   void repaint() { tell(Aspect::Value); }
   bool focused() const { return focused_; }

@@ -5,12 +5,13 @@
 #include <vector>
 
 #include "ui/control.h"
-#include "ui/signal.h"
+#include "ui/error_gate.h"
 
 namespace ui {
 
 class TabStrip : public Control {
  public:
+  ControlKind kind() const override { return ControlKind::TabStrip; }
   using Control::Control;
   struct Tab {
     Text text;
@@ -18,10 +19,10 @@ class TabStrip : public Control {
     bool operator==(const Tab&) const = default;
   };
   // Places are from 0, left to right. Asked for by the user; the owner does it and sets the tabs anew.
-  Signal<int> chosen;
-  Signal<int> closeAsked;  // middle click
-  Signal<int, int> moved;  // dragged from one place to another
-  bool movable = false;    // set before the form is shown
+  Event<int> chosen;
+  Event<int> closeAsked;  // middle click
+  Event<int, int> moved;  // dragged from one place to another
+  bool movable = false;   // set before the form is shown
 
   const std::vector<Tab>& tabs() const { return tabs_; }
   int selected() const { return selected_; }  // -1: none

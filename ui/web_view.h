@@ -4,12 +4,13 @@
 #include <string>
 
 #include "ui/control.h"
-#include "ui/signal.h"
+#include "ui/error_gate.h"
 
 namespace ui {
 
 class WebView : public Control {
  public:
+  ControlKind kind() const override { return ControlKind::WebView; }
   using Control::Control;
   enum class Order { None, Open, Back };
   // A page on the disk, by its UTF-8 path; again: its new text.
@@ -26,8 +27,8 @@ class WebView : public Control {
     return order;
   }
 
-  Signal<> loaded;         // a page is shown
-  Signal<> failed;         // this machine has no engine that shows pages
+  Event<> loaded;          // a page is shown
+  Event<> failed;          // this machine has no engine that shows pages
   bool canGoBack = false;  // kept by the peer; `loaded` tells of its changes
 
  private:

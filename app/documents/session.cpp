@@ -4,6 +4,7 @@
 
 #include "app/document_tree.h"
 #include "base/files.h"
+#include "base/moved_place.h"
 #include "base/path.h"
 
 namespace app {
@@ -140,7 +141,7 @@ void Session::park() {
 void Session::move(std::int16_t from, std::int16_t to) {
   park();
   list.moveRecord(from, to);
-  shown.index = static_cast<std::int16_t>(placeAfterMove(shown.index, from, to));
+  shown.index = static_cast<std::int16_t>(base::placeAfterMove(shown.index, from, to));
   if (list.WEBopened) list.WEBChanged = true;  // its file names the documents in their order
   nameUntitled();
 }

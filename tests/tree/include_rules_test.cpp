@@ -4,9 +4,11 @@
 #include <algorithm>
 #include <filesystem>
 #include <fstream>
+#include <iterator>
 #include <map>
 #include <regex>
 #include <set>
+#include <sstream>
 #include <string>
 #include <vector>
 
@@ -15,40 +17,37 @@ namespace {
 namespace fs = std::filesystem;
 using Folders = std::set<std::string>;
 
-// What each folder may include besides itself. In convert the rules, and what speaks to the user of them.
-constexpr const char* kConvertSpeakers = "convert's speakers";
-constexpr const char* kRecoverySpeakers = "recovery's speakers";
-// The one folder that knows libcurl.
-constexpr const char* kCurl = "platform/curl";
-const std::map<std::string, Folders> kMayInclude = {
-    {"base", {}},
-    {"publish", {"base"}},
-    {"markup", {"base"}},
-    {"convert", {"base", "markup"}},
-    {kConvertSpeakers, {"base", "markup", "ui", "app"}},
-    {"site", {"base", "markup", "convert"}},
-    {"cli", {"base", "markup", "convert", "site", "publish"}},
-    {"ui", {"base"}},
-    {"app", {"base", "ui"}},
-    {"editor", {"base", "markup", "ui", "app", "convert"}},
-    {"search", {"base", "ui", "app", "convert"}},
-    {"project", {"base", "ui", "app", "convert"}},
-    {"generators", {"base", "ui", "app", "convert", "editor"}},
-    {"recent", {"base", "ui", "app", "convert"}},
-    {"print", {"base", "ui", "app", "convert"}},
-    {"preview", {"base", "ui", "app", "convert"}},
-    {"options", {"base", "ui", "app", "convert"}},
-    {"recovery", {"base"}},
-    {kRecoverySpeakers, {"base", "ui", "app"}},
-    {"program",
-     {"base", "ui", "app", "convert", "editor", "search", "project", "generators", "recent", "print",
-      "preview", "options", "recovery"}},
-    {kCurl, {"base", "publish"}},
-    {"platform", {"base", "ui"}},
+// A folder of the build's list (tools/Folders.cmake), and what its files may include besides its own: rules
+// only the rules there, speakers everything.
+struct Folder {
+  std::regex speakers;
+  Folders rulesNeed;
+  Folders need;
 };
-// Ids and embedded data are for everybody.
-constexpr const char* kForAll = "resources";
 
+Folders words(const std::string& text) {
+  std::istringstream in(text);
+  return {std::istream_iterator<std::string>(in), {}};
+}
+
+const std::map<std::string, Folder>& folders() {
+  static const std::map<std::string, Folder> all = [] {
+    std::map<std::string, Folder> read;
+    std::ifstream file(ZERVO_BUILD "/folders.txt");
+    for (std::string line; std::getline(file, line);) {
+      std::istringstream in(line);
+      std::string name, speakers, rulesNeed, need;
+      std::getline(in, name, '@');
+      std::getline(in, speakers, '@');
+      std::getline(in, rulesNeed, '@');
+      std::getline(in, need, '@');
+      read[name] = {std::regex(speakers), words(rulesNeed), words(need)};
+    }
+    read["platform"] = {std::regex("^platform/"), {}, {"base", "ui", "publish"}};
+    return read;
+  }();
+  return all;
+}
 std::vector<std::string> includesOf(const std::string& text) {
   static const std::regex include(R"re((?:^|\n)[ \t]*#[ \t]*include[ \t]*[<"]([^>"]+)[>"])re");
   std::vector<std::string> found;
@@ -62,14 +61,19 @@ std::string topFolder(const std::string& path) {
   return path.substr(0, path.find('/'));
 }
 
-// The build tells them by the same names.
-std::string ruleFor(const std::string& path) {
-  static const std::regex speaker(
-      "convert/(attach|[a-z_]*_commands|frm[a-zA-Z]*|status_panels|typing_mode)\\.(h|cpp)");
-  static const std::regex recoverySpeaker("recovery/(attach|frm[a-zA-Z]*)\\.(h|cpp)");
-  if (std::regex_match(path, recoverySpeaker)) return kRecoverySpeakers;
-  if (path.starts_with("platform/curl/")) return kCurl;
-  return std::regex_match(path, speaker) ? kConvertSpeakers : topFolder(path);
+bool speaks(const std::string& path) {
+  return std::regex_search(path, folders().at(topFolder(path)).speakers);
+}
+
+// Whether a file of the folders may include a file of the folders.
+bool mayInclude(const std::string& path, const std::string& included) {
+  const Folder& own = folders().at(topFolder(path));
+  const std::string folder = topFolder(included);
+  if (speaks(path)) {
+    return folder == topFolder(path) || own.need.contains(folder) ||
+           (own.rulesNeed.contains(folder) && !speaks(included));
+  }
+  return !speaks(included) && (folder == topFolder(path) || own.rulesNeed.contains(folder));
 }
 
 bool mayKnowWindows(const std::string& path) {
@@ -94,25 +98,19 @@ std::vector<std::string> complaints(const std::string& path, const std::string& 
   static const Folders windows = {"windows.h",  "windowsx.h", "commctrl.h", "richedit.h", "shlobj.h",
                                   "shellapi.h", "wininet.h",  "winsock2.h", "ole2.h",     "tom.h"};
   std::vector<std::string> result;
-  const auto rule = kMayInclude.find(ruleFor(path));
+  const bool ships = folders().contains(topFolder(path));
   for (const std::string& included : includesOf(text)) {
     std::string lower = included;
     std::transform(lower.begin(), lower.end(), lower.begin(),
                    [](unsigned char c) { return std::tolower(c); });
-    const std::string folder = topFolder(included);
-    const bool known = kMayInclude.contains(folder) && included.find('/') != std::string::npos;
+    const bool known = included.find('/') != std::string::npos && folders().contains(topFolder(included));
     if (lower.starts_with("curl/") && !path.starts_with("platform/curl/")) {
       result.push_back(path + " includes <" + included + ">");
     } else if (windows.contains(lower) && !mayKnowWindows(path)) {
       result.push_back(path + " includes <" + included + ">");
-    } else if (rule != kMayInclude.end() && isHeavy(included) && path != "platform/posix/disk.cpp") {
+    } else if (ships && isHeavy(included) && path != "platform/posix/disk.cpp") {
       result.push_back(path + " includes <" + included + ">, which is heavy");
-    } else if (rule != kMayInclude.end() && rule->first == "convert" &&
-               ruleFor(included) == kConvertSpeakers && path.ends_with(".cpp") &&
-               ruleFor(path) != kConvertSpeakers) {
-      result.push_back(path + " is a rule and includes \"" + included + "\"");
-    } else if (rule != kMayInclude.end() && known && folder != topFolder(path) && folder != kForAll &&
-               !rule->second.contains(folder) && !isEntry(path)) {
+    } else if (ships && known && !isEntry(path) && !mayInclude(path, included)) {
       result.push_back(path + " includes \"" + included + "\"");
     }
   }
@@ -123,9 +121,7 @@ template <class Visit>
 void forEachSource(Visit visit) {
   const fs::path top = ZERVO_SOURCE;
   std::vector<std::string> roots = {"tests", "bench"};
-  for (const auto& [folder, allowed] : kMayInclude) {
-    if (folder != kConvertSpeakers && folder != kRecoverySpeakers && folder != kCurl) roots.push_back(folder);
-  }
+  for (const auto& [folder, allowed] : folders()) roots.push_back(folder);
   for (const std::string& root : roots) {
     if (!fs::exists(top / root)) continue;
     for (const auto& entry : fs::recursive_directory_iterator(top / root)) {
@@ -168,16 +164,17 @@ TEST(IncludeRules, FilesIncludeNoCircle) {
 }
 
 TEST(IncludeRules, ComplainAboutWhatTheyForbid) {
+  ASSERT_GT(folders().size(), 12U);
   EXPECT_EQ(complaints("base/a.h", "#include \"ui/text.h\"\n").size(), 1u);
   EXPECT_EQ(complaints("search/a.cpp", "// x\n  # include \"editor/b.h\"\n#include \"app/c.h\"\n").size(),
             1u);
   EXPECT_EQ(complaints("convert/detector.cpp", "#include \"app/workbench.h\"").size(), 1u);
+  EXPECT_EQ(complaints("editor/reflow.cpp", "#include \"editor/frmTags.h\"").size(), 1u);
+  EXPECT_TRUE(complaints("editor/frmTags.cpp", "#include \"editor/reflow.h\"").empty());
   EXPECT_TRUE(complaints("convert/status_panels.cpp", "#include \"app/workbench.h\"").empty());
   EXPECT_EQ(complaints("platform/win32/peer.cpp", "#include \"app/FrmH.h\"").size(), 1u);
-  EXPECT_EQ(complaints("publish/a.cpp", "#include <curl/curl.h>\n#include \"ui/text.h\"").size(), 2u);
-  EXPECT_TRUE(
-      complaints("platform/curl/a.cpp", "#include <curl/curl.h>\n#include \"publish/talk.h\"").empty());
   EXPECT_EQ(complaints("tests/app/a.cpp", "#include <CommCtrl.h>").size(), 1u);
+  EXPECT_EQ(complaints("publish/a.cpp", "#include <curl/curl.h>\n#include \"ui/text.h\"").size(), 2u);
   EXPECT_EQ(complaints("app/a.cpp", "#include <sstream>\n#include <string>").size(), 1u);
   EXPECT_TRUE(
       complaints("platform/win32/main.cpp", "#include \"program/program.h\"\n#include <commctrl.h>").empty());

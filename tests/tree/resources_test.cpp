@@ -1,7 +1,8 @@
-// Every form has its dialog template among the program's resources, with every control of ids.h in it.
+// The dialog templates: each form's is there with all its controls, and fits a screen.
 #include <gtest/gtest.h>
 
 #include <regex>
+#include <set>
 
 #include "base/files.h"
 
@@ -11,26 +12,26 @@ std::string source(const std::string& path) {
   return base::readFile(std::string(ZERVO_SOURCE) + "/" + path);
 }
 
-TEST(Resources, EveryFormHasItsTemplateWithAllItsControls) {
-  const std::string ids = source("resources/ids.h");
-  const std::string resources = source("resources/Zervo.rc");
-  const std::regex form("#define IDD_(\\w+)");
-  int forms = 0;
-  for (std::sregex_iterator at(ids.begin(), ids.end(), form), end; at != end; ++at) {
-    const std::string name = (*at)[1];
-    if (name == "FrmH") continue;                       // a window, no dialog
-    if (name.find('_') != std::string::npos) continue;  // a second window of a form
-    ++forms;
-    const std::string file = "resources/dialogs/" + name + ".rc";
-    EXPECT_NE(resources.find("#include \"" + file + "\""), std::string::npos) << file;
-    const std::string dialog = source(file);
-    EXPECT_NE(dialog.find("IDD_" + name + " DIALOGEX"), std::string::npos) << file;
-    const std::regex control("#define (IDC_" + name + "_\\w+)");
-    for (std::sregex_iterator row(ids.begin(), ids.end(), control); row != end; ++row) {
-      EXPECT_TRUE(std::regex_search(dialog, std::regex((*row)[1].str() + "\\b"))) << (*row)[1];
+TEST(Resources, EveryDialogHasItsTemplateWithAllItsControlsAndNoNumberTwice) {
+  const std::regex id("#define ((ID[DC])_\\w+) (\\d+)");
+  std::set<std::string> dialogs;
+  for (const std::string& file : base::fileNames(std::string(ZERVO_SOURCE) + "/resources/dialogs")) {
+    const std::string dialog = source("resources/dialogs/" + file);
+    const std::string name = "IDD_" + file.substr(0, file.find('.'));
+    EXPECT_NE(dialog.find(name + " DIALOGEX"), std::string::npos) << file;
+    std::set<std::string> numbers;
+    for (std::sregex_iterator at(dialog.begin(), dialog.end(), id), end; at != end; ++at) {
+      const std::string number = (*at)[3];
+      EXPECT_TRUE(numbers.insert(number).second) << file << ": " << number << " twice";
+      if ((*at)[2] == "IDD") {
+        EXPECT_TRUE(dialogs.insert(number).second) << file << ": " << number;
+        continue;
+      }
+      const std::string rest = at->suffix();
+      EXPECT_TRUE(std::regex_search(rest, std::regex((*at)[1].str() + "\\b"))) << file << ": " << (*at)[1];
     }
   }
-  EXPECT_GT(forms, 5);
+  EXPECT_GT(dialogs.size(), 5U);
 }
 
 // A unit of their templates is there 11/4 wide and 21/8 high; beside the dialog a screen has the frame and

@@ -71,25 +71,44 @@ void ControlPeer::refresh(ui::Aspect what) {
 }
 
 std::unique_ptr<ControlPeer> makePeer(ui::Control& model, HWND window) {
-  if (auto* label = dynamic_cast<ui::Label*>(&model)) return std::make_unique<LabelPeer>(*label, window);
-  if (auto* icon = dynamic_cast<ui::IconBox*>(&model)) return std::make_unique<IconPeer>(*icon, window);
-  if (auto* button = dynamic_cast<ui::Button*>(&model)) return std::make_unique<ButtonPeer>(*button, window);
-  if (auto* check = dynamic_cast<ui::CheckBox*>(&model)) return std::make_unique<CheckPeer>(*check, window);
-  if (auto* option = dynamic_cast<ui::OptionButton*>(&model))
-    return std::make_unique<OptionPeer>(*option, window);
-  if (auto* bar = dynamic_cast<ui::ProgressBar*>(&model)) return std::make_unique<ProgressPeer>(*bar, window);
-  if (auto* text = dynamic_cast<ui::TextBox*>(&model)) return std::make_unique<TextPeer>(*text, window);
-  if (auto* combo = dynamic_cast<ui::ComboBox*>(&model)) return std::make_unique<ComboPeer>(*combo, window);
-  if (auto* list = dynamic_cast<ui::ListBox*>(&model)) return std::make_unique<ListPeer>(*list, window);
-  if (auto* list = dynamic_cast<ui::ListView*>(&model)) return std::make_unique<ListViewPeer>(*list, window);
-  if (auto* tree = dynamic_cast<ui::TreeView*>(&model)) return std::make_unique<TreePeer>(*tree, window);
-  if (auto* bar = dynamic_cast<ui::StatusBar*>(&model)) return std::make_unique<StatusPeer>(*bar, window);
-  if (auto* picture = dynamic_cast<ui::PictureBox*>(&model))
-    return std::make_unique<PicturePeer>(*picture, window);
-  if (auto* strip = dynamic_cast<ui::TabStrip*>(&model))
-    return std::make_unique<TabStripPeer>(*strip, window);
-  if (auto* tabs = dynamic_cast<ui::PageTabs*>(&model)) return std::make_unique<PageTabsPeer>(*tabs, window);
-  if (auto* web = dynamic_cast<ui::WebView*>(&model)) return std::make_unique<WebPeer>(*web, window);
+  const auto make = [&]<class Peer, class Model>() -> std::unique_ptr<ControlPeer> {
+    return std::make_unique<Peer>(static_cast<Model&>(model), window);
+  };
+  using enum ui::ControlKind;
+  switch (model.kind()) {
+    case Label:
+      return make.operator()<LabelPeer, ui::Label>();
+    case IconBox:
+      return make.operator()<IconPeer, ui::IconBox>();
+    case Button:
+      return make.operator()<ButtonPeer, ui::Button>();
+    case CheckBox:
+      return make.operator()<CheckPeer, ui::CheckBox>();
+    case OptionButton:
+      return make.operator()<OptionPeer, ui::OptionButton>();
+    case TextBox:
+      return make.operator()<TextPeer, ui::TextBox>();
+    case ProgressBar:
+      return make.operator()<ProgressPeer, ui::ProgressBar>();
+    case ListBox:
+      return make.operator()<ListPeer, ui::ListBox>();
+    case ComboBox:
+      return make.operator()<ComboPeer, ui::ComboBox>();
+    case ListView:
+      return make.operator()<ListViewPeer, ui::ListView>();
+    case TreeView:
+      return make.operator()<TreePeer, ui::TreeView>();
+    case StatusBar:
+      return make.operator()<StatusPeer, ui::StatusBar>();
+    case PictureBox:
+      return make.operator()<PicturePeer, ui::PictureBox>();
+    case TabStrip:
+      return make.operator()<TabStripPeer, ui::TabStrip>();
+    case PageTabs:
+      return make.operator()<PageTabsPeer, ui::PageTabs>();
+    case WebView:
+      return make.operator()<WebPeer, ui::WebView>();
+  }
   throw base::Error(base::ErrorNumber::InvalidCall, "control without a window of its kind");
 }
 

@@ -4,6 +4,7 @@
 #include <set>
 
 #include "base/error.h"
+#include "base/font_names.h"
 #include "platform/win32/drawing/dpi.h"
 #include "platform/win32/system/strings.h"
 #include "resources/ids.h"
@@ -46,15 +47,15 @@ struct Bundled {
   std::string_view family;
   int id;
 };
-constexpr std::array<Bundled, 5> kBundled = {{{"Zervo Sans", IDF_ZervoSans},
-                                              {"Zervo ISO", IDF_ZervoISO},
-                                              {"Zervo ASCII", IDF_ZervoASCII},
-                                              {"Zervo RUS", IDF_ZervoRUS},
-                                              {"Zervo Mono", IDF_ZervoMono}}};
+constexpr std::array<Bundled, 5> kBundled = {{{base::kSansFont, IDF_ZervoSans},
+                                              {base::kIsoFont, IDF_ZervoISO},
+                                              {base::kAsciiFont, IDF_ZervoASCII},
+                                              {base::kRussianFont, IDF_ZervoRUS},
+                                              {base::kMonoFont, IDF_ZervoMono}}};
 
 const char* bundledFor(ui::CharacterSet set) {
-  if (set == ui::CharacterSet::Utf8) return "Zervo Mono";
-  return set == ui::CharacterSet::Russian ? "Zervo RUS" : "Zervo ISO";
+  if (set == ui::CharacterSet::Utf8) return base::kMonoFont;
+  return set == ui::CharacterSet::Russian ? base::kRussianFont : base::kIsoFont;
 }
 
 // As long as the program; empty when it is not there.

@@ -3,25 +3,22 @@
 #include "base/error.h"
 #include "platform/win32/system/strings.h"
 #include "platform/win32/window/message_loop.h"
+#include "ui/error_gate.h"
 
 namespace win32 {
 
 void reportException() {
-  int number = 0;
+  int number = static_cast<int>(base::ErrorNumber::InvalidCall);
   std::string description;
   try {
-    throw;
-  } catch (const base::Error& error) {
+    ui::atGate([] { throw; });
+    return;
+  } catch (const base::Error& error) {  // nobody shows errors yet, or any more
     number = static_cast<int>(error.number());
     description = error.what();
-  } catch (const std::bad_alloc&) {
-    number = static_cast<int>(base::ErrorNumber::OutOfMemory);
-    description = "მეხსიერება არ კმარა.";
   } catch (const std::exception& error) {
-    number = static_cast<int>(base::ErrorNumber::InvalidCall);
     description = error.what();
   } catch (...) {
-    number = static_cast<int>(base::ErrorNumber::InvalidCall);
     description = "უცნობი შეცდომა.";
   }
   const std::string text = "Error!!\r\nError:N: " + std::to_string(number) + "\r\n" + description;

@@ -142,9 +142,7 @@ void DialogHost::addHints() {
   for (const auto& peer : peers_) {
     // Over a list the tip would cover the entries: there the hint is a name for screen readers alone.
     const ui::Control& model = peer->model();
-    const bool list = dynamic_cast<const ui::ListView*>(&model) != nullptr ||
-                      (dynamic_cast<const ui::ListBox*>(&model) != nullptr &&
-                       dynamic_cast<const ui::ComboBox*>(&model) == nullptr);
+    const bool list = model.kind() == ui::ControlKind::ListView || model.kind() == ui::ControlKind::ListBox;
     if (model.hint.empty() || list) continue;
     std::wstring hint = wideFromText(model.hint);
     TTTOOLINFOW tool{};

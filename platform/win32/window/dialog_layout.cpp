@@ -7,6 +7,37 @@
 
 namespace win32 {
 
+namespace {
+
+// What a control does with room that is there when it does not take the room itself.
+GrowingPlace::Kind growthOf(ui::ControlKind kind) {
+  switch (kind) {
+    using enum ui::ControlKind;
+    case Button:
+      return GrowingPlace::Kind::Button;
+    case Label:
+    case TextBox:
+    case ComboBox:
+    case ProgressBar:
+      return GrowingPlace::Kind::Widens;
+    case IconBox:
+    case CheckBox:
+    case OptionButton:
+    case ListBox:
+    case ListView:
+    case TreeView:
+    case StatusBar:
+    case PictureBox:
+    case TabStrip:
+    case PageTabs:
+    case WebView:
+      break;
+  }
+  return GrowingPlace::Kind::Rigid;
+}
+
+}  // namespace
+
 // Everything at or below `from` moves by `by`, and the window's lower edge with it.
 void DialogLayout::Places::shift(int from, int by) {
   for (auto& [window, place] : of) {
@@ -92,20 +123,9 @@ void DialogLayout::place() const {
                    SWP_NOZORDER | SWP_NOACTIVATE);
       continue;
     }
-    using Kind = GrowingPlace::Kind;
-    Kind kind = Kind::Widens;  // lines between groups of controls have no model
+    GrowingPlace::Kind kind = GrowingPlace::Kind::Widens;  // lines between groups of controls have no model
     if (peer != nullptr) {
-      const ui::Control& model = peer->model();
-      const auto is = [&model]<class Model>(const Model*) {
-        return dynamic_cast<const Model*>(&model) != nullptr;
-      };
-      const bool widens = is(static_cast<ui::Label*>(nullptr)) || is(static_cast<ui::TextBox*>(nullptr)) ||
-                          is(static_cast<ui::ComboBox*>(nullptr)) ||
-                          is(static_cast<ui::ProgressBar*>(nullptr));
-      kind = model.stretches                         ? Kind::Stretches
-             : is(static_cast<ui::Button*>(nullptr)) ? Kind::Button
-             : widens                                ? Kind::Widens
-                                                     : Kind::Rigid;
+      kind = peer->model().stretches ? GrowingPlace::Kind::Stretches : growthOf(peer->model().kind());
     }
     places.push_back({kind, rect});
     windows.push_back(window);
@@ -137,8 +157,9 @@ void DialogLayout::growLabels(Places& places) const {
   GetMonitorInfoW(MonitorFromWindow(dialog_, MONITOR_DEFAULTTONEAREST), &monitor);
   const int most = (monitor.rcWork.bottom - monitor.rcWork.top) * 2 / 3;
   for (const auto& peer : peers_) {
-    const auto* label = dynamic_cast<const ui::Label*>(&peer->model());
-    if (label == nullptr || !label->autosize || !label->visible()) continue;
+    if (peer->model().kind() != ui::ControlKind::Label) continue;
+    const auto& label = static_cast<const ui::Label&>(peer->model());
+    if (!label.autosize || !label.visible()) continue;
     RECT& place = places.of[peer->window()];
     const int needed = std::min(most, measuredHeight(peer->window(), place.right - place.left));
     const int growth = needed - (place.bottom - place.top);
@@ -166,7 +187,7 @@ void DialogLayout::closeGaps(Places& places) const {
     for (const auto& peer : peers_) {
       const RECT& other = places.of[peer->window()];
       // The sign of a message stands beside its text, whichever control shows that.
-      if (peer->window() == window || dynamic_cast<const ui::IconBox*>(&peer->model()) != nullptr) continue;
+      if (peer->window() == window || peer->model().kind() == ui::ControlKind::IconBox) continue;
       needed = needed || (peer->model().visible() && other.top < gap.bottom && other.bottom > gap.top);
       if (other.top >= gap.bottom) next = std::min<int>(next, other.top);
     }
@@ -178,7 +199,7 @@ void DialogLayout::closeGaps(Places& places) const {
 void DialogLayout::packButtons(Places& places) const {
   std::map<int, std::vector<const ControlPeer*>> rows;
   for (const auto& peer : peers_) {
-    if (dynamic_cast<const ui::Button*>(&peer->model()) != nullptr) {
+    if (peer->model().kind() == ui::ControlKind::Button) {
       rows[places.of[peer->window()].top].push_back(peer.get());
     }
   }

@@ -1,6 +1,7 @@
 #include "platform/win32/window/main_window.h"
 
 #include <algorithm>
+#include <stdexcept>
 
 #include "base/error.h"
 #include "platform/win32/controls/pressed_key.h"
@@ -62,22 +63,32 @@ void MainWindow::makeChildren() {
     const auto add = [&](const wchar_t* className, DWORD style, DWORD exStyle) {
       peers_.push_back(makePeer(*control, make(className, style, exStyle)));
     };
-    if (dynamic_cast<ui::TreeView*>(control) != nullptr) {
-      add(WC_TREEVIEWW, WS_TABSTOP | TVS_HASLINES | TVS_HASBUTTONS | TVS_LINESATROOT | TVS_SHOWSELALWAYS,
-          WS_EX_CLIENTEDGE);
-    } else if (dynamic_cast<ui::TabStrip*>(control) != nullptr) {
-      // Documents may be many, and scroll; the groups beside the code view are all to be seen.
-      const DWORD rows = control == form_.rightTabs ? TCS_MULTILINE : TCS_SINGLELINE | TCS_TOOLTIPS;
-      add(WC_TABCONTROLW, WS_CLIPSIBLINGS | TCS_FOCUSNEVER | rows, 0);
-    } else if (dynamic_cast<ui::ListBox*>(control) != nullptr) {
-      add(WC_LISTBOXW, WS_TABSTOP | WS_VSCROLL | LBS_NOTIFY | LBS_NOINTEGRALHEIGHT, WS_EX_CLIENTEDGE);
-    } else if (dynamic_cast<ui::StatusBar*>(control) != nullptr) {
-      add(STATUSCLASSNAMEW, SBARS_SIZEGRIP, 0);
-      status_ = static_cast<StatusPeer*>(peers_.back().get());
-    } else if (dynamic_cast<ui::Label*>(control) != nullptr) {
-      add(WC_STATICW, SS_LEFT | SS_CENTERIMAGE | SS_ENDELLIPSIS | SS_NOPREFIX, 0);
-    } else if (dynamic_cast<ui::Button*>(control) != nullptr) {
-      add(WC_BUTTONW, WS_TABSTOP | BS_PUSHBUTTON, 0);
+    switch (control->kind()) {
+      case ui::ControlKind::TreeView:
+        add(WC_TREEVIEWW, WS_TABSTOP | TVS_HASLINES | TVS_HASBUTTONS | TVS_LINESATROOT | TVS_SHOWSELALWAYS,
+            WS_EX_CLIENTEDGE);
+        break;
+      case ui::ControlKind::TabStrip: {
+        // Documents may be many, and scroll; the groups beside the code view are all to be seen.
+        const DWORD rows = control == form_.rightTabs ? TCS_MULTILINE : TCS_SINGLELINE | TCS_TOOLTIPS;
+        add(WC_TABCONTROLW, WS_CLIPSIBLINGS | TCS_FOCUSNEVER | rows, 0);
+        break;
+      }
+      case ui::ControlKind::ListBox:
+        add(WC_LISTBOXW, WS_TABSTOP | WS_VSCROLL | LBS_NOTIFY | LBS_NOINTEGRALHEIGHT, WS_EX_CLIENTEDGE);
+        break;
+      case ui::ControlKind::StatusBar:
+        add(STATUSCLASSNAMEW, SBARS_SIZEGRIP, 0);
+        status_ = static_cast<StatusPeer*>(peers_.back().get());
+        break;
+      case ui::ControlKind::Label:
+        add(WC_STATICW, SS_LEFT | SS_CENTERIMAGE | SS_ENDELLIPSIS | SS_NOPREFIX, 0);
+        break;
+      case ui::ControlKind::Button:
+        add(WC_BUTTONW, WS_TABSTOP | BS_PUSHBUTTON, 0);
+        break;
+      default:
+        throw std::logic_error("the main window has no room for a control of this kind");
     }
   }
   if (!form_.toolBar.empty()) {

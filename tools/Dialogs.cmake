@@ -1,0 +1,13 @@
+# Collects resources/dialogs: the ids in all files, for C++ and for the resource compiler, and a file that includes all.
+file(GLOB dialogs CONFIGURE_DEPENDS RELATIVE ${CMAKE_SOURCE_DIR} ${CMAKE_SOURCE_DIR}/resources/dialogs/*.rc)
+set(ids "#pragma once\n")
+set(includes "")
+foreach(dialog IN LISTS dialogs)
+  set_property(DIRECTORY APPEND PROPERTY CMAKE_CONFIGURE_DEPENDS ${CMAKE_SOURCE_DIR}/${dialog})
+  file(STRINGS ${CMAKE_SOURCE_DIR}/${dialog} lines REGEX "^#define ID")
+  list(JOIN lines "\n" lines)
+  string(APPEND ids "\n// ${dialog}\n${lines}\n")
+  string(APPEND includes "#include \"${dialog}\"\n")
+endforeach()
+file(CONFIGURE OUTPUT ${CMAKE_BINARY_DIR}/resources/dialog_ids.h CONTENT "${ids}" @ONLY)
+file(CONFIGURE OUTPUT ${CMAKE_BINARY_DIR}/resources/dialogs.rc CONTENT "${includes}" @ONLY)
