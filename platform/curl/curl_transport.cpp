@@ -467,7 +467,9 @@ class CurlTransport : public publish::Transport {
     } else if (kind == CURLINFO_HEADER_OUT) {
       me.watch.said("> " + (line.starts_with("PASS ") ? std::string("PASS ***") : line));
     } else if (kind == CURLINFO_TEXT) {
-      if (line.find("passphrase") != std::string::npos || line.find("private key") != std::string::npos) {
+      const auto tells = [&](const char* of) { return line.find(of) != std::string::npos; };
+      if (tells("key authentication failed") &&
+          (tells("passphrase") || tells("private key") || tells("Callback"))) {
         me.keyTrouble_ = true;
       }
     } else if (kind == CURLINFO_DATA_IN || kind == CURLINFO_SSL_DATA_IN) {

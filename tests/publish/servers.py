@@ -102,8 +102,8 @@ class Servers:
     def __init__(self, folder):
         self.folder = pathlib.Path(folder)
         self.root = os.geteuid() == 0
-        # Who logs in must not be root, to whom nothing is forbidden: the user that comes with vsftpd.
-        self.user = "ftp" if self.root else pwd.getpwuid(os.geteuid()).pw_name
+        # Who logs in must not be root, to whom nothing is forbidden: one of Debian's own users with a home.
+        self.user = "games" if self.root else pwd.getpwuid(os.geteuid()).pw_name
         self.processes = []
         self.folder.chmod(0o755)
         self.site = self.folder / "site"
