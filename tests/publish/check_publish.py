@@ -125,10 +125,11 @@ def faults(place, pages):
     for mode, limit, words in (("silent", 0, "is silent"), ("silent", 400_000, "is silent"), ("cut", 400_000, "cut")):
         mode += "-data" if place.name == "ftps" and limit else ""
         place.relay.be(mode, limit)
-        fails(f"{place.name}, {mode} after {limit}", words, place.publish(url, pages, relay=True))
+        fails(f"{place.name}, {mode} after {limit}", words, place.publish(url, pages, relay=True), 120)
         check((folder / "page.html").read_bytes() == b"old", f"{place.name}, {mode}: the old file is whole")
     place.relay.be("slow", 150_000)
-    check(place.publish(url, pages, relay=True)[0] == 0, f"{place.name}: a slow server has its time, and what was begun is gone on with")
+    code, _, said, _ = place.publish(url, pages, relay=True)
+    check(code == 0, f"{place.name}: a slow server has its time, and what was begun is gone on with: {said}")
     check(held(folder) == held(pages), f"{place.name}: all good, nothing left: {sorted(held(folder))}")
     place.relay.be("")
     page.write_bytes(b"newer")

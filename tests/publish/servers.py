@@ -87,10 +87,13 @@ class Relay:
                 elif mode in ("silent", "cut") and self.seen > self.limit:
                     if mode == "silent":
                         time.sleep(60)
+                    up = None
                     break
                 target.sendall(data)
         except OSError:
-            pass
+            # Who has gone may have sent things that are still on their way.
+            if up is False:
+                return
         for one in (source, target):
             try:
                 one.shutdown(socket.SHUT_RDWR)
