@@ -306,6 +306,12 @@ class CurlTransport : public publish::Transport {
     if (!login.keyFile.empty()) {
       kinds |= CURLSSH_AUTH_PUBLICKEY;
       set(CURLOPT_SSH_PRIVATE_KEYFILE, login.keyFile.c_str());
+#ifdef _WIN32
+      // mbedTLS finds no public key in a private one of OpenSSH's own format.
+      if (base::fileExists(login.keyFile + ".pub")) {
+        set(CURLOPT_SSH_PUBLIC_KEYFILE, (login.keyFile + ".pub").c_str());
+      }
+#endif
       set(CURLOPT_KEYPASSWD, login.passphrase.c_str());
     }
     if (login.password) kinds |= CURLSSH_AUTH_PASSWORD | CURLSSH_AUTH_KEYBOARD;
@@ -465,9 +471,13 @@ class CurlTransport : public publish::Transport {
     return found;
   }
 
-  void sign() { lastSign_ = Clock::now(); }
+  void sign() {
+    lastSign_ = Clock::now();
+  }
 
-  static CurlTransport& self(void* data) { return *static_cast<CurlTransport*>(data); }
+  static CurlTransport& self(void* data) {
+    return *static_cast<CurlTransport*>(data);
+  }
 
   static int onProgress(void* data, curl_off_t, curl_off_t down, curl_off_t, curl_off_t up) {
     CurlTransport& me = self(data);
