@@ -51,7 +51,8 @@ class Place:
             self.port = servers.ftp()
 
     def url(self, folder, relay=False):
-        host = "127.0.0.2" if relay else "127.0.0.1"
+        # Schannel knows no numbers in certificates.
+        host = "127.0.0.2" if relay else "localhost" if self.name == "ftps" else "127.0.0.1"
         if self.name == "sftp":
             return f"sftp://{self.servers.user}@{host}:{self.port}{self.servers.folder}/{folder}"
         return f"{self.name}://{'anonymous' if self.name == 'ftps' else 'tester'}@{host}:{self.port}/{folder}"
