@@ -28,13 +28,24 @@ class TemporaryFile {
   }
   const std::string& path() const { return path_; }
 
-  // `more` gives the next bytes, none at the end; what it throws ends the writing.
+  // `more` gives the next bytes, none at the end; what it throws ends the writing. What dies on the way is
+  // taken away by the next start.
   int write(const std::function<std::string_view()>& more) {
+    return write(more, [this](WriteNote& note) { note.temporary(path_, path_, {}); });
+  }
+  // The next start puts it in its place when the run dies while the system exchanges the two.
+  int write(std::string_view bytes) {
+    return write([rest = bytes]() mutable { return std::exchange(rest, {}); },
+                 [&](WriteNote& note) { note.temporary(path_, target_, bytes); });
+  }
+
+ private:
+  int write(const std::function<std::string_view()>& more, const std::function<void(WriteNote&)>& noteIt) {
     std::FILE* file = nullptr;
     for (int code = EEXIST; code == EEXIST;) {
       // Short, whatever the target is called.
       path_ = folder_ + ".zervo-" + disk::newName() + ".tmp";
-      note_.emplace().temporary(path_, target_, bytes);  // without it the file may stay behind, no worse
+      noteIt(note_.emplace());  // without it the file may stay behind, no worse
       file = disk::open(path_, disk::Mode::Create);
       code = file == nullptr ? errno : 0;
       if (code != 0 && code != EEXIST) return code;
@@ -53,11 +64,7 @@ class TemporaryFile {
     if (std::fclose(file) != 0 && code == 0) code = errno != 0 ? errno : EIO;
     return code;
   }
-  int write(std::string_view bytes) {
-    return write([&] { return std::exchange(bytes, {}); });
-  }
 
- private:
   std::string target_, folder_, path_;
   bool made_ = false;
   std::optional<WriteNote> note_;
@@ -87,9 +94,7 @@ int writeOver(const std::string& target, std::string_view bytes) {
 int writeInto(const std::string& target, std::string_view bytes) {
   std::FILE* file = disk::open(target, disk::Mode::Change);
   if (file == nullptr) return errno;
-  errno = 0;
-  const bool whole = std::fwrite(bytes.data(), 1, bytes.size(), file) == bytes.size();
-  const int code = whole ? 0 : errno;
+  const int code = disk::write(file, bytes);
   return std::fclose(file) == 0 ? code : errno;
 }
 
