@@ -6,6 +6,7 @@ Usage: check_site.py ZERVO_CLI
 """
 import html.parser
 import json
+import os
 import pathlib
 import shutil
 import subprocess
@@ -13,7 +14,7 @@ import sys
 import tempfile
 
 TOP = pathlib.Path(__file__).resolve().parent.parent.parent
-CLI = sys.argv[1]
+CLI = os.path.abspath(sys.argv[1])
 POEM = (TOP / "samples/vepkhistqaosani-legacy.html").read_bytes()
 failures = []
 
