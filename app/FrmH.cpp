@@ -224,7 +224,7 @@ void FrmH::addOwnCommands() {
        .caption = "ყველას მო&ნიშვნა",
        .place = {&kEditMenu, 2, 2},
        .shortcut = ui::ctrl('A'),
-       .run = [this] { T1.select(0, static_cast<int>(T1.text().size())); },
+       .run = [this] { T1.select(0, static_cast<int>(T1.document()->size())); },
        .enabled = hasText,
        .help = "მთელი ტექსტის მონიშვნა"},
 
@@ -289,7 +289,7 @@ std::vector<ui::MenuItem> FrmH::menuItems(const std::vector<int>& ids) {
 
 CommandState FrmH::commandState() {
   CommandState state;
-  state.hasText = !T1.text().empty();
+  state.hasText = T1.document()->size() > 0;  // asked after each key: text() would move the whole of it
   state.hasSelection = T1.selLength() > 0;
   state.canUndo = T1.canUndo();
   state.canRedo = T1.canRedo();

@@ -125,6 +125,7 @@ class FrmH final : public ui::MainForm, public Workbench {
   void menuHighlighted(const ui::Text& help) override;
   void filesDropped(const std::vector<std::string>& paths) override;
   void idle() override;
+  ui::TextClip clipFor(std::string bytes) override { return clipOf(std::move(bytes)); }
   void pause() override { Workbench::pause(); }
   int background() override { return inBackground ? inBackground() : -1; }
   void activated() override { diskDue_ = true; }

@@ -53,7 +53,7 @@ StatusPanels::StatusPanels(app::Workbench& bench, const Conversions& conversions
   bench.viewChanged.connect([this] {
     showPreview();
     // A command must not wait for the letters of a long text.
-    if (bench_.codeView().text().size() <= kCountedAtOnce) showCounts();
+    if (bench_.codeView().document()->size() <= kCountedAtOnce) showCounts();
   });
   bench.pause.connect([this] { showCounts(); });
 }
@@ -66,8 +66,11 @@ void StatusPanels::showPreview() {
     return;
   }
   previewShown_ = true;
-  bench_.setPanel("kPreview",
-                  selectionPreview(view.text(), view.selStart(), length, view.view(), conversions_));
+  // No more than is shown, and where it is cut: reading the whole text on every key would move it.
+  const int read = std::min(length, static_cast<int>(kPreviewBytes) + 1);
+  const std::string part =
+      view.document()->piece(static_cast<std::size_t>(view.selStart()), static_cast<std::size_t>(read));
+  bench_.setPanel("kPreview", selectionPreview(part, 0, read, view.view(), conversions_));
 }
 
 void StatusPanels::showCounts() {

@@ -1,5 +1,8 @@
 // What the user enters in the real code view: keys, characters, the clipboard.
+#include <ole2.h>
+
 #include "base/utf8.h"
+#include "platform/win32/system/clip_data.h"
 #include "platform/win32/system/clipboard.h"
 #include "tests/platform/code_view_fixture.h"
 
@@ -190,6 +193,125 @@ TEST_F(CodeViewTest, TheClipboardCarriesBytesAndLetters) {
   EXPECT_EQ(met.letters, "ჰ№");
   EXPECT_EQ(met.bytes, "");
   EXPECT_EQ(met.source, 0U);
+}
+
+// The pointer goes from the letter at `from` to the one at `to`; a released button is all that a drag sees.
+class CodeViewDrag : public CodeViewTest {
+ protected:
+  POINT pointOf(int at) {
+    return {static_cast<LONG>(send(SCI_POINTXFROMPOSITION, 0, at)) + 1,
+            static_cast<LONG>(send(SCI_POINTYFROMPOSITION, 0, at)) + 2};
+  }
+  POINT onScreen(POINT point) {
+    ClientToScreen(view_.hwnd(), &point);
+    return point;
+  }
+  void press(POINT point) { send(WM_LBUTTONDOWN, MK_LBUTTON, MAKELPARAM(point.x, point.y)); }
+  void dragTo(POINT from, POINT screen) {
+    paintNow();
+    press(from);
+    SetCursorPos(screen.x, screen.y);
+    send(WM_MOUSEMOVE, MK_LBUTTON, MAKELPARAM(from.x + 50, from.y));
+  }
+};
+
+TEST_F(CodeViewDrag, InsideMovesTheBytesInOneStep) {
+  const std::string text = "one \xE1\x83 two three";
+  view_.load(text);
+  view_.select(4, 3);
+  changes_ = 0;
+  dragTo(pointOf(5), onScreen(pointOf(12)));
+  EXPECT_EQ(view_.text(), "one two t\xE1\x83 hree");
+  EXPECT_EQ(changes_, 1);
+  undo();
+  EXPECT_EQ(view_.text(), text);
+  EXPECT_FALSE(view_.canUndo());
+  // A click alone takes the selection away.
+  view_.select(4, 3);
+  const POINT point = pointOf(5);
+  press(point);
+  EXPECT_EQ(view_.selLength(), 3);
+  send(WM_LBUTTONUP, 0, MAKELPARAM(point.x, point.y));
+  EXPECT_EQ(view_.selLength(), 0);
+  EXPECT_EQ(view_.selStart(), 5);
+}
+
+// Another program's window, which takes what is dropped there as its own.
+class Taker final : public IDropTarget {
+ public:
+  HRESULT STDMETHODCALLTYPE QueryInterface(REFIID id, void** object) override {
+    const bool known = IsEqualIID(id, IID_IUnknown) != 0 || IsEqualIID(id, IID_IDropTarget) != 0;
+    *object = known ? this : nullptr;
+    return known ? S_OK : E_NOINTERFACE;
+  }
+  ULONG STDMETHODCALLTYPE AddRef() override { return 2; }
+  ULONG STDMETHODCALLTYPE Release() override { return 1; }
+  HRESULT STDMETHODCALLTYPE DragEnter(IDataObject*, DWORD, POINTL, DWORD* effect) override {
+    *effect = takes;
+    return S_OK;
+  }
+  HRESULT STDMETHODCALLTYPE DragOver(DWORD, POINTL, DWORD* effect) override {
+    *effect = takes;
+    return S_OK;
+  }
+  HRESULT STDMETHODCALLTYPE DragLeave() override { return S_OK; }
+  HRESULT STDMETHODCALLTYPE Drop(IDataObject* data, DWORD, POINTL, DWORD* effect) override {
+    *effect = takes;
+    FORMATETC unicode{CF_UNICODETEXT, nullptr, DVASPECT_CONTENT, -1, TYMED_HGLOBAL};
+    STGMEDIUM medium{};
+    if (data->GetData(&unicode, &medium) != S_OK) return S_OK;
+    letters = win32::textOfGlobal(medium.hGlobal);
+    ReleaseStgMedium(&medium);
+    bytes = win32::clipOf(*data).bytes;
+    return S_OK;
+  }
+  DWORD takes = DROPEFFECT_COPY;
+  std::wstring letters;
+  std::string bytes;
+};
+
+TEST_F(CodeViewDrag, LeavesAsLettersAndComesInLikeAPaste) {
+  view_.load("x \xC0\xC1\xC2\xC3 y");
+  view_.leaving = [](std::string bytes) { return ui::TextClip{std::move(bytes), "აბგდ", 2, 1}; };
+  view_.select(2, 4);
+  SetWindowPos(window_.hwnd(), HWND_TOPMOST, 0, 0, 640, 480, 0);
+  Taker taker;
+  const HWND other = CreateWindowExW(WS_EX_TOPMOST, L"BUTTON", L"", WS_POPUP | WS_VISIBLE, 700, 100, 100, 100,
+                                     nullptr, nullptr, nullptr, nullptr);
+  ASSERT_EQ(RegisterDragDrop(other, &taker), S_OK);
+  dragTo(pointOf(3), {750, 150});
+  EXPECT_EQ(taker.letters, L"აბგდ");
+  EXPECT_EQ(taker.bytes, "\xC0\xC1\xC2\xC3");
+  EXPECT_EQ(view_.text(), "x \xC0\xC1\xC2\xC3 y") << "a copy";
+  taker.takes = DROPEFFECT_MOVE;
+  view_.select(2, 4);
+  Sleep(GetDoubleClickTime());
+  dragTo(pointOf(3), {750, 150});
+  EXPECT_EQ(view_.text(), "x  y");
+  undo();
+  EXPECT_EQ(view_.text(), "x \xC0\xC1\xC2\xC3 y");
+  RevokeDragDrop(other);
+  DestroyWindow(other);
+
+  ui::TextClip met;
+  view_.entering = [&](const ui::TextClip& entering) {
+    met = entering;
+    return "!"s;
+  };
+  auto* const target = static_cast<IDropTarget*>(GetPropW(view_.hwnd(), L"OleDropTargetInterface"));
+  ASSERT_NE(target, nullptr);
+  IDataObject* const data = win32::makeClipData({"", "ჰ№"});
+  const POINT at = onScreen(pointOf(1));
+  DWORD effect = DROPEFFECT_COPY | DROPEFFECT_MOVE;
+  target->DragEnter(data, 0, {at.x, at.y}, &effect);
+  EXPECT_EQ(effect, static_cast<DWORD>(DROPEFFECT_COPY));
+  target->Drop(data, 0, {at.x, at.y}, &effect);
+  data->Release();
+  EXPECT_EQ(met.letters, "ჰ№");
+  EXPECT_EQ(met.bytes, "");
+  EXPECT_EQ(view_.text(), "x! \xC0\xC1\xC2\xC3 y");
+  undo();
+  EXPECT_EQ(view_.text(), "x \xC0\xC1\xC2\xC3 y");
 }
 
 }  // namespace

@@ -65,7 +65,7 @@ void CodeView::place(HWND parent, int id) {
   takeDrops(hwnd(), {[this](const std::vector<std::string>& paths) {
                        if (filesDropped) filesDropped(paths);
                      },
-                     [this](const std::wstring& text, POINT screen) { dropText(text, screen); }});
+                     [this](const ui::TextClip& clip, POINT screen) { dropClip(clip, screen); }});
 }
 
 void CodeView::setBounds(const RECT& bounds) {
@@ -208,8 +208,7 @@ void CodeView::select(int start, int length) {
 }
 
 std::string CodeView::selText() const {
-  return std::string(
-      text().substr(static_cast<std::size_t>(selStart()), static_cast<std::size_t>(selLength())));
+  return document_->piece(static_cast<std::size_t>(selStart()), static_cast<std::size_t>(selLength()));
 }
 
 std::optional<ui::ScreenArea> CodeView::selectionOnScreen() const {

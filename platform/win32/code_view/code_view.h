@@ -28,6 +28,8 @@ class CodeView final : public ui::CodeView, private Subclass<CodeView> {
 
   std::function<void(const std::vector<std::string>& paths)> filesDropped;
   std::function<void(POINT screen)> contextMenu;
+  // What is dragged out for these bytes. Without it, they are UTF-8.
+  std::function<ui::TextClip(std::string bytes)> leaving;
 
   std::shared_ptr<ui::CodeDocument> makeDocument(std::string_view text) override;
   std::shared_ptr<ui::CodeDocument> document() const override { return document_; }
@@ -104,9 +106,12 @@ class CodeView final : public ui::CodeView, private Subclass<CodeView> {
   void insertTyped(std::string_view bytes);
   void ask(int command) const;
   void enterClip(const ui::TextClip& clip);
-  void dropText(const std::wstring& text, POINT screen);
+  void dropClip(const ui::TextClip& clip, POINT screen);
   void dropOwn(sptr_t at);
   void dropHere(POINT screen) const;
+  bool pressesSelection(POINT point) const;
+  LRESULT handleMouse(UINT message, WPARAM wParam, LPARAM lParam);
+  void dragOut();
   sptr_t positionAt(POINT screen) const;
 
   UniqueWindow shelter_;
@@ -131,7 +136,14 @@ class CodeView final : public ui::CodeView, private Subclass<CodeView> {
   int edits_ = 0;
   bool changedInside_ = false;
   bool reformedInside_ = false;
-  bool insideDrag_ = false;  // a mouse message of the control is under way: a drop may be its own
+  bool insideDrag_ = false;  // the selection is dragged: a drop may be its own
+  struct Press {
+    POINT point;
+    WPARAM keys;
+  };
+  std::optional<Press> pressed_;  // on the selection: the button will tell whether it is dragged
+  POINT lastPress_{};
+  DWORD lastPressTime_ = 0;
   bool lastWasLetter_ = false;
   sptr_t lastTypedEnd_ = -1;
   wchar_t highSurrogate_ = 0;

@@ -1,9 +1,13 @@
 // What the user does in the code view: keys, clipboard, dragging.
+#include <ole2.h>
+
 #include <array>
+#include <cstdlib>
 #include <utility>
 
 #include "base/utf8.h"
 #include "platform/win32/code_view/code_view.h"
+#include "platform/win32/system/clip_data.h"
 #include "platform/win32/system/clipboard.h"
 #include "platform/win32/system/pointer.h"
 #include "platform/win32/system/strings.h"
@@ -154,15 +158,13 @@ sptr_t CodeView::positionAt(POINT screen) const {
   return sci_.call(SCI_POSITIONFROMPOINT, static_cast<uptr_t>(screen.x), screen.y);
 }
 
-void CodeView::dropText(const std::wstring& text, POINT screen) {
+void CodeView::dropClip(const ui::TextClip& clip, POINT screen) {
   const sptr_t at = positionAt(screen);
   if (insideDrag_) {
     dropOwn(at);
     return;
   }
   sci_.call(SCI_SETEMPTYSELECTION, static_cast<uptr_t>(at));
-  ui::TextClip clip;
-  clip.letters = utf8FromWide(text);
   enterClip(clip);
 }
 
@@ -195,6 +197,71 @@ void CodeView::dropHere(POINT screen) const {
   if (at < selStart() || at >= selStart() + selLength()) {
     sci_.call(SCI_SETEMPTYSELECTION, static_cast<uptr_t>(at));
   }
+}
+
+// As the control decides it, which would drag the bytes by the system's code page.
+bool CodeView::pressesSelection(POINT point) const {
+  if (selLength() == 0 || point.x < sci_.call(SCI_GETMARGINWIDTHN, 0)) return false;
+  const sptr_t at = sci_.call(SCI_CHARPOSITIONFROMPOINT, static_cast<uptr_t>(point.x), point.y);
+  const sptr_t x = sci_.call(SCI_POINTXFROMPOSITION, 0, at);
+  const sptr_t end = selStart() + selLength();
+  return at >= selStart() && at <= end && !(at == selStart() && point.x < x) && !(at == end && point.x > x);
+}
+
+LRESULT CodeView::handleMouse(UINT message, WPARAM wParam, LPARAM lParam) {
+  const POINT point{GET_X_LPARAM(lParam), GET_Y_LPARAM(lParam)};
+  switch (message) {
+    case WM_LBUTTONDOWN: {
+      lastTypedEnd_ = -1;
+      const auto now = static_cast<DWORD>(GetMessageTime());
+      constexpr LONG kNear = 3;  // pixels
+      const bool again = now - std::exchange(lastPressTime_, now) < GetDoubleClickTime() &&
+                         std::abs(point.x - lastPress_.x) <= kNear &&
+                         std::abs(point.y - lastPress_.y) <= kNear;
+      lastPress_ = point;
+      if (again || (wParam & (MK_SHIFT | MK_CONTROL)) != 0 || keyIsDown(VK_MENU) || !pressesSelection(point))
+        break;
+      setFocus();
+      SetCapture(hwnd());
+      pressed_ = {point, wParam};
+      return 0;
+    }
+    case WM_MOUSEMOVE:
+      if (!pressed_) break;
+      if (!beyondClick(pressed_->point, point)) return 0;
+      pressed_.reset();
+      ReleaseCapture();
+      dragOut();
+      return 0;
+    case WM_LBUTTONUP: {
+      if (!pressed_) break;
+      const Press press = *std::exchange(pressed_, std::nullopt);
+      ReleaseCapture();
+      forward(hwnd(), WM_LBUTTONDOWN, press.keys, MAKELPARAM(press.point.x, press.point.y));
+      break;
+    }
+    default:
+      pressed_.reset();
+      break;
+  }
+  return forward(hwnd(), message, wParam, lParam);
+}
+
+void CodeView::dragOut() {
+  const std::string bytes = selText();
+  const auto document = document_;
+  const std::uint64_t edits = document->edits;
+  const bool outer = std::exchange(insideDrag_, true);
+  DWORD effect = DROPEFFECT_NONE;
+  try {
+    effect = dragClip(leaving ? leaving(bytes) : ui::TextClip{bytes, bytes});
+  } catch (...) {
+    insideDrag_ = outer;
+    throw;
+  }
+  insideDrag_ = outer;
+  // Another window took it as its own; what was dropped here has been moved.
+  if (effect == DROPEFFECT_MOVE && document == document_ && edits == document->edits) replaceSelection("");
 }
 
 // Messages -----------------------------------------------------------------------------------------------
@@ -292,14 +359,9 @@ LRESULT CodeView::handleEdit(UINT message, WPARAM wParam, LPARAM lParam) {
     }
     case WM_LBUTTONDOWN:
     case WM_MOUSEMOVE:
-    case WM_TIMER: {
-      // The control drags inside of these, until the button is released.
-      lastTypedEnd_ = message == WM_LBUTTONDOWN ? -1 : lastTypedEnd_;
-      const bool outer = std::exchange(insideDrag_, true);
-      const LRESULT result = forward(hwnd(), message, wParam, lParam);
-      insideDrag_ = outer;
-      return result;
-    }
+    case WM_LBUTTONUP:
+    case WM_CAPTURECHANGED:
+      return handleMouse(message, wParam, lParam);
     case kDragMessage:
       if (wParam == kDragDrop) dropHere({GET_X_LPARAM(lParam), GET_Y_LPARAM(lParam)});
       return wParam != kDragLeave ? 1 : 0;

@@ -36,9 +36,14 @@ void Scintilla::replace(sptr_t from, sptr_t to, std::string_view text) const {
 }
 
 bool Scintilla::holds(std::string_view part) const {
-  const std::string_view now = text();
+  const sptr_t size = length();
+  if (size == 0) return false;
+  // The two ends, with the gap between them: text() would close it, which moves all that lies behind it.
+  const auto at = [this](sptr_t position) {
+    return reinterpret_cast<const char*>(call(SCI_GETRANGEPOINTER, static_cast<uptr_t>(position), 1));
+  };
   const std::less<> before;
-  return !before(part.data(), now.data()) && before(part.data(), now.data() + now.size());
+  return !before(part.data(), at(0)) && !before(at(size - 1), part.data());
 }
 
 Scintilla::Replaced Scintilla::exchange(sptr_t from, sptr_t to, std::string_view text) const {

@@ -16,14 +16,15 @@ constexpr int kPadding = 12;             // beside the text of a panel, in 1/96 
 
 void StatusPeer::fit() {
   send(WM_SIZE);
+  for (std::size_t i = 0; i < shown_.size(); ++i) widths_[i] = widthOf(shown_[i]);  // the font may be another
   divide();
 }
 
-int StatusPeer::widthOfText(std::size_t panel) const {
+int StatusPeer::widthOf(const std::wstring& text) const {
   const UniqueCanvas canvas(CreateCompatibleDC(nullptr));
   SelectObject(canvas.get(), reinterpret_cast<HFONT>(send(WM_GETFONT)));
   SIZE size{};
-  GetTextExtentPoint32W(canvas.get(), shown_[panel].c_str(), static_cast<int>(shown_[panel].size()), &size);
+  GetTextExtentPoint32W(canvas.get(), text.c_str(), static_cast<int>(text.size()), &size);
   return static_cast<int>(size.cx);
 }
 
@@ -39,7 +40,7 @@ void StatusPeer::divide() {
   for (std::size_t i = 0; i < panels.size(); ++i) {
     const bool cut = panels[i].width < 0 || panels[i].givesWay;
     const int made = std::max(0, scaled(panels[i].width, dpi));
-    int text = cut || i >= shown_.size() ? 0 : widthOfText(i) + scaled(kPadding, dpi);
+    int text = cut || i >= shown_.size() ? 0 : widths_[i] + scaled(kPadding, dpi);
     if (i + 1 == panels.size()) text += GetSystemMetrics(SM_CXVSCROLL);  // the grip stands over the last one
     widths.push_back(panels[i].width < 0 ? 0 : std::max(made, text));
     slack.push_back(cut ? widths.back() : widths.back() - text);
@@ -80,17 +81,24 @@ void StatusPeer::showWhole() {
 void StatusPeer::show(ui::Aspect what) {
   if (what == ui::Aspect::Value) showWhole();
   if (what != ui::Aspect::Text) return;
+  const std::size_t known = shown_.size();
   shown_.resize(bar_.panels().size());
+  widths_.resize(shown_.size());
+  bool changed = known != shown_.size();
   std::size_t part = 0;
   for (const auto& panel : bar_.panels()) {
     const std::string_view bytes = std::string_view(panel.text.bytes).substr(0, kMostShown * 3);
     std::wstring text = wideFromText({std::string(bytes), panel.text.kind}).substr(0, kMostShown);
     std::replace_if(
         text.begin(), text.end(), [](wchar_t c) { return c < L' '; }, L' ');
-    send(SB_SETTEXTW, part, reinterpret_cast<LPARAM>(text.c_str()));
-    shown_[part++] = std::move(text);
+    const std::size_t at = part++;
+    if (at < known && text == shown_[at]) continue;  // on a key one or two of them are others
+    send(SB_SETTEXTW, at, reinterpret_cast<LPARAM>(text.c_str()));
+    widths_[at] = widthOf(text);
+    shown_[at] = std::move(text);
+    changed = true;
   }
-  divide();
+  if (changed) divide();
 }
 
 }  // namespace win32

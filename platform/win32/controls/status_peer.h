@@ -22,10 +22,11 @@ class StatusPeer final : public ControlPeer {
  private:
   void showWhole();
   void divide();
-  int widthOfText(std::size_t panel) const;  // in pixels
+  int widthOf(const std::wstring& text) const;  // in pixels
 
   ui::StatusBar& bar_;
   std::vector<std::wstring> shown_;  // texts in the window
+  std::vector<int> widths_;          // of these texts, in pixels
   std::vector<int> ends_;            // of the panels there
 };
 

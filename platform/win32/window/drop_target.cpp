@@ -3,7 +3,7 @@
 #include <ole2.h>
 #include <shellapi.h>
 
-#include "platform/win32/system/clipboard.h"
+#include "platform/win32/system/clip_data.h"
 #include "platform/win32/system/errors.h"
 #include "platform/win32/system/strings.h"
 
@@ -48,16 +48,14 @@ class DropTarget final : public IDropTarget {
     return guarded(
         [&] {
           FORMATETC files = formatOf(CF_HDROP);
-          FORMATETC text = formatOf(CF_UNICODETEXT);
           STGMEDIUM medium{};
           if (data->GetData(&files, &medium) == S_OK) {
             const auto paths = droppedFiles(reinterpret_cast<WPARAM>(medium.hGlobal), false);
             ReleaseStgMedium(&medium);
             handlers_.files(paths);
-          } else if (handlers_.text && data->GetData(&text, &medium) == S_OK) {
-            const std::wstring dropped = textOfGlobal(medium.hGlobal);
-            ReleaseStgMedium(&medium);
-            handlers_.text(dropped, {point.x, point.y});
+          } else if (handlers_.text) {
+            const ui::TextClip clip = clipOf(*data);
+            if (!clip.letters.empty() || !clip.bytes.empty()) handlers_.text(clip, {point.x, point.y});
           }
           return S_OK;
         },

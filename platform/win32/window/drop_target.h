@@ -6,12 +6,13 @@
 #include <vector>
 
 #include "platform/win32/system/windows_api.h"
+#include "ui/code_view.h"
 
 namespace win32 {
 
 struct DropHandlers {
   std::function<void(const std::vector<std::string>&)> files;        // UTF-8 paths
-  std::function<void(const std::wstring& text, POINT screen)> text;  // none: text is not taken
+  std::function<void(const ui::TextClip& clip, POINT screen)> text;  // none: text is not taken
 };
 
 // Needs OleInitialize(). Valid until the window goes or undoDrops(); failure leaves the window without drops.

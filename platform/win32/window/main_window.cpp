@@ -97,6 +97,7 @@ void MainWindow::makeChildren() {
   view_.place(hwnd(), IDC_FrmH_T1);
   takeDrops(hwnd(), {[this](const std::vector<std::string>& paths) { dropFiles(paths); }, nullptr});
   view_.filesDropped = [this](const std::vector<std::string>& paths) { dropFiles(paths); };
+  view_.leaving = [this](std::string bytes) { return form_.clipFor(std::move(bytes)); };
   view_.contextMenu = [this](POINT screen) { showContextMenu(screen); };
   setFonts();
   for (const auto& peer : peers_) peer->begin();
