@@ -106,8 +106,8 @@ frmsite::frmsite(app::Workbench& bench) : Form("frmsite", IDD_frmsite), bench_(b
   Cstop.setCaption("შეჩ&ერება");
   LV.hint = "საიტის ფაილები";
   LV.stretches = LV.checkBoxes = LV.enterOpens = true;
-  LV.columns = {{"ფაილი", 148}, {"ფორმა", 98},       {"სანდოობა", 48},
-                {"ადგილი", 42}, {"გაურკვეველი", 62}, {"მდგომარეობა", 54}};
+  LV.columns = {{"ფაილი", 118}, {"ფორმა", 96},       {"სანდოობა", 46},
+                {"ადგილი", 40}, {"გაურკვეველი", 60}, {"მდგომარეობა", 80}};
   CKall.setCaption("ყველას მო&ნიშვნა");
   Lsort.setCaption("და&ლაგება:");
   std::vector<ui::Text> orders{"ჯერ გაურკვეველი"};
@@ -545,7 +545,7 @@ void frmsite::showSum() {
       if (uncertain > 0) text += "   გაურკვეველი ადგილი: " + number(uncertain);
       if (written > 0) text += "   გაკეთდა: " + number(written);
     }
-    if (faults > 0) text += "   ვერ გაკეთდა: " + number(faults);
+    if (faults > 0) text += "   გამოტოვებულია: " + number(faults);
   }
   Lsum.setCaption(text);
   CKall.setChecked(changing > 0 && ticked == changing);

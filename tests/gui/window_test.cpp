@@ -181,6 +181,7 @@ TEST_F(Window, EveryDialogNamesItsControlsAndCanDoWithoutAMouse) {
                   {mnuabzac, L"frmabzac"},
                   {mnuparzuch, L"frmxascvla"},
                   {mnuletters, L"frmletters"},
+                  {mnusite, L"frmsite"},
                   {mnuPrintPreview, L"frmprintpreview"}};
   Zervo zervo = open({file(L"page.html", "<P ALIGN=left STYLE=\"color: red\">one</P>")});
   zervo.waitUntilFree();
