@@ -533,14 +533,14 @@ void frmletters::paintPage(ui::Canvas& canvas) {
       return left + static_cast<int>(static_cast<double>(at) * style.advance + 0.5);
     };
     for (const LinePart& part : line) {
-      const std::size_t width = lettersOf({part});
-      const ui::Rect place{x(column), top, x(column + width) - x(column), height};
+      const std::size_t letters = lettersOf({part});
+      const ui::Rect place{x(column), top, x(column + letters) - x(column), height};
       if (part.changed) canvas.fill(place, blended(back, mark, part.selected ? 130 : 56));
       canvas.text(place, part.letters, ink, style);
       if (part.selected) {
         canvas.line({place.left, place.bottom() - 1}, {place.right(), place.bottom() - 1}, ink);
       }
-      column += width;
+      column += letters;
     }
   };
   constexpr base::Color kOld = base::rgb(230, 70, 40), kNew = base::rgb(40, 160, 60);

@@ -21,9 +21,9 @@ int frameAt(const std::vector<ui::Rect>& areas, ui::Point point) {
 }  // namespace
 
 ui::Rect frmDesign::layoutCell(int cell) const {
-  const int width = PSP.size().width / kCellsInRow;
-  const int height = PSP.size().height / (kCells / kCellsInRow);
-  return {cell % kCellsInRow * width, cell / kCellsInRow * height, width, height};
+  const int across = PSP.size().width / kCellsInRow;
+  const int down = PSP.size().height / (kCells / kCellsInRow);
+  return {cell % kCellsInRow * across, cell / kCellsInRow * down, across, down};
 }
 
 void frmDesign::paintLayouts(ui::Canvas& canvas) {

@@ -99,12 +99,12 @@ frmprintpreview::View frmprintpreview::view() const {
   const double down = static_cast<double>(room.height - 2 * kAround) / paper.height;
   View view{};
   view.scale = std::max(OPwidth.chosen() ? across : std::min(across, down), 0.01);
-  const auto width = static_cast<int>(std::lround(paper.width * view.scale));
-  const auto height = static_cast<int>(std::lround(paper.height * view.scale));
-  view.mostScroll = std::max(0, height + 2 * kAround - room.height);
+  const auto wide = static_cast<int>(std::lround(paper.width * view.scale));
+  const auto high = static_cast<int>(std::lround(paper.height * view.scale));
+  view.mostScroll = std::max(0, high + 2 * kAround - room.height);
   const int top =
-      view.mostScroll > 0 ? kAround - std::min(scroll_, view.mostScroll) : (room.height - height) / 2;
-  view.paper = {(room.width - width) / 2, top, width, height};
+      view.mostScroll > 0 ? kAround - std::min(scroll_, view.mostScroll) : (room.height - high) / 2;
+  view.paper = {(room.width - wide) / 2, top, wide, high};
   return view;
 }
 
@@ -133,8 +133,8 @@ void frmprintpreview::turn(int direction) {
   }
 }
 
-void frmprintpreview::zoom(bool width) {
-  (width ? OPwidth : OPwhole).choose();
+void frmprintpreview::zoom(bool toWidth) {
+  (toWidth ? OPwidth : OPwhole).choose();
   scroll_ = 0;
   Ppage.repaint();
 }

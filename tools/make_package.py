@@ -18,7 +18,7 @@ import zipfile
 
 TOP = pathlib.Path(__file__).resolve().parent.parent
 # A zip packs each file by itself, and these would make it a fifth larger.
-INSTALLER_ALONE = ["zervo-cli.exe", "FONTS.txt"]
+INSTALLER_ALONE = ["zervo-cli.exe", "FONTS.txt", "LICENSE-curl.txt"]
 SAMPLES = ["vepkhistqaosani-legacy.html", "vepkhistqaosani-latin.txt"]
 
 
@@ -27,7 +27,8 @@ def gather(build, folder):
     for file in [build / "Zervo.exe", build / "zervo-cli.exe", build / "Zervo.chm", build / "props.ini",
                  TOP / "resources/custom/FONTS.txt",
                  TOP / "resources/package/README.txt", TOP / "resources/package/LICENSE-libraries.txt",
-                 TOP / "resources/fonts/LICENSE-DejaVu.txt", build / "licences/LICENSE-Scintilla.txt"]:
+                 TOP / "resources/fonts/LICENSE-DejaVu.txt", build / "licences/LICENSE-Scintilla.txt",
+                 build / "licences/LICENSE-curl.txt"]:
         shutil.copyfile(file, folder / file.name)
     for sample in SAMPLES:
         shutil.copyfile(TOP / "samples" / sample, folder / "samples" / sample)

@@ -40,7 +40,8 @@ constexpr int kSendBuffer = 256 << 10;
 constexpr long kPieces = 512L << 10U;
 // Bytes a second: what the slowest server takes of that when all is handed over.
 constexpr std::int64_t kSlowest = 4096;
-constexpr long kMargin = 10;  // seconds; the library's own limits come after ours
+constexpr std::string_view kProbe = ".room";  // behind a name, while it is asked whether there is room
+constexpr long kMargin = 10;                  // seconds; the library's own limits come after ours
 
 void beginLibrary() {
   static std::once_flag once;
@@ -166,6 +167,7 @@ class CurlTransport : public publish::Transport {
            const std::function<std::size_t(char*, std::size_t)>& read) override {
     begin(path);
     read_ = &read;
+    path_ = path;
     left_ = size - offset;
     begun_ = false;
     set(CURLOPT_UPLOAD, 1L);
@@ -304,6 +306,12 @@ class CurlTransport : public publish::Transport {
     if (!login.keyFile.empty()) {
       kinds |= CURLSSH_AUTH_PUBLICKEY;
       set(CURLOPT_SSH_PRIVATE_KEYFILE, login.keyFile.c_str());
+#ifdef _WIN32
+      // mbedTLS finds no public key in a private one of OpenSSH's own format.
+      if (base::fileExists(login.keyFile + ".pub")) {
+        set(CURLOPT_SSH_PUBLIC_KEYFILE, (login.keyFile + ".pub").c_str());
+      }
+#endif
       set(CURLOPT_KEYPASSWD, login.passphrase.c_str());
     }
     if (login.password) kinds |= CURLSSH_AUTH_PASSWORD | CURLSSH_AUTH_KEYBOARD;
@@ -363,9 +371,11 @@ class CurlTransport : public publish::Transport {
     }
     const bool reply = !reply_.empty() && reply_[0] >= '4';
     const Fault fault = faultOf(address_.scheme, code, reply ? reply_ : std::string_view(), words);
-    // SFTP of this version has no word for a full disk.
-    if (address_.scheme == Scheme::Sftp && fault == Fault::Cut && read_ != nullptr && isFull())
-      return Fault::DiskFull;
+    // A full disk has no word in this version of SFTP, and in FTP it comes too late to be heard.
+    if (fault == Fault::Cut && read_ != nullptr) {
+      const bool unheard = code == CURLE_SEND_ERROR && !path_.ends_with(kProbe);
+      if (address_.scheme == Scheme::Sftp ? isFull() : unheard && hasNoRoom(path_)) return Fault::DiskFull;
+    }
     return fault;
   }
 
@@ -379,6 +389,30 @@ class CurlTransport : public publish::Transport {
       if (line.starts_with("f_bavail: ")) return base::trimSpaces(line.substr(10)) == "0";
     }
     return false;
+  }
+
+  // Asked with a piece that is sent whole before the server answers.
+  bool hasNoRoom(const std::string& path) {
+    constexpr std::int64_t kPiece = 4096;
+    const std::string probe = path + std::string(kProbe);
+    bool full = false;
+    try {
+      std::int64_t sent = 0;
+      put(probe, 0, kPiece, [&](char* buffer, std::size_t room) {
+        const std::size_t size = std::min(room, static_cast<std::size_t>(kPiece - sent));
+        std::fill_n(buffer, size, '\0');
+        sent += static_cast<std::int64_t>(size);
+        return size;
+      });
+    } catch (const Failure& failure) {
+      full = failure.fault() == Fault::DiskFull;
+    }
+    try {
+      remove(probe);
+    } catch (const Failure&) {
+      return full;  // the next run takes it away
+    }
+    return full;
   }
 
   void commands(const std::vector<std::string>& lines, const std::string& what) {
@@ -437,9 +471,13 @@ class CurlTransport : public publish::Transport {
     return found;
   }
 
-  void sign() { lastSign_ = Clock::now(); }
+  void sign() {
+    lastSign_ = Clock::now();
+  }
 
-  static CurlTransport& self(void* data) { return *static_cast<CurlTransport*>(data); }
+  static CurlTransport& self(void* data) {
+    return *static_cast<CurlTransport*>(data);
+  }
 
   static int onProgress(void* data, curl_off_t, curl_off_t down, curl_off_t, curl_off_t up) {
     CurlTransport& me = self(data);
@@ -467,7 +505,9 @@ class CurlTransport : public publish::Transport {
     } else if (kind == CURLINFO_HEADER_OUT) {
       me.watch.said("> " + (line.starts_with("PASS ") ? std::string("PASS ***") : line));
     } else if (kind == CURLINFO_TEXT) {
-      if (line.find("passphrase") != std::string::npos || line.find("private key") != std::string::npos) {
+      const auto tells = [&](const char* of) { return line.find(of) != std::string::npos; };
+      if (tells("key authentication failed") &&
+          (tells("passphrase") || tells("private key") || tells("Callback"))) {
         me.keyTrouble_ = true;
       }
     } else if (kind == CURLINFO_DATA_IN || kind == CURLINFO_SSL_DATA_IN) {
@@ -543,7 +583,7 @@ class CurlTransport : public publish::Transport {
   const std::function<void(std::string_view)>* take_ = nullptr;
   std::int64_t left_ = -1;  // bytes to send; -1: none
   bool begun_ = false;      // reading
-  std::string body_, header_, reply_;
+  std::string path_, body_, header_, reply_;
   std::array<char, CURL_ERROR_SIZE> words_{};
   std::exception_ptr thrown_;
   bool silent_ = false, keyTrouble_ = false;

@@ -61,7 +61,8 @@ class Help : public tests::WholeProgram {
       if (item.separator() && there) break;
       if (item.separator()) group.clear();
       there = there || item.command == mnuUTF8;
-      if (item.command != 0) group.insert(item.command);
+      const bool window = shown(item).ends_with("...");  // has a page of its own in the help
+      if (item.command != 0 && !window) group.insert(item.command);
       for (const ui::MenuItem& inner : item.items) group.insert(inner.command);
     }
     group.erase(mnuletters);  // beside them, but a window

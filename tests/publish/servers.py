@@ -87,10 +87,13 @@ class Relay:
                 elif mode in ("silent", "cut") and self.seen > self.limit:
                     if mode == "silent":
                         time.sleep(60)
+                    up = None
                     break
                 target.sendall(data)
         except OSError:
-            pass
+            # Who has gone may have sent things that are still on their way.
+            if up is False:
+                return
         for one in (source, target):
             try:
                 one.shutdown(socket.SHUT_RDWR)
@@ -102,8 +105,8 @@ class Servers:
     def __init__(self, folder):
         self.folder = pathlib.Path(folder)
         self.root = os.geteuid() == 0
-        # Who logs in must not be root, to whom nothing is forbidden: the user that comes with vsftpd.
-        self.user = "ftp" if self.root else pwd.getpwuid(os.geteuid()).pw_name
+        # Who logs in must not be root, to whom nothing is forbidden: one of Debian's own users with a home.
+        self.user = "games" if self.root else pwd.getpwuid(os.geteuid()).pw_name
         self.processes = []
         self.folder.chmod(0o755)
         self.site = self.folder / "site"
