@@ -13,6 +13,7 @@
 #include "recent/recent_commands.h"
 #include "recovery/attach.h"
 #include "search/attach.h"
+#include "site/attach.h"
 
 namespace program {
 
@@ -31,6 +32,7 @@ struct Program::Parts {
   std::unique_ptr<editor::Editor> editing = editor::attach(window);
   std::unique_ptr<generators::Generators> generating = generators::attach(window);
   preview::Preview previewing{window};
+  std::unique_ptr<site::frmsite> converter = site::attach(window);
   std::unique_ptr<recovery::Recovery> recovering = recovery::attach(window);
 };
 

@@ -62,6 +62,8 @@
 
 #define mnuupload 40051
 
+#define mnusite 40061  // the letters of a whole site
+
 #define mnuUndo 40101
 #define mnuRedo 40102
 #define mnuCut 40103

@@ -72,7 +72,7 @@ zervo_folder(convert RULES_NEED base markup NEED ui app SPEAKERS status_panels t
              MORE ${CMAKE_BINARY_DIR}/convert/letter_data.cpp)
 # A whole site in one go.
 find_package(Threads REQUIRED)
-zervo_folder(site RULES_NEED base markup convert LINK Threads::Threads)
+zervo_folder(site RULES_NEED base markup convert NEED ui app convert LINK Threads::Threads)
 zervo_folder(cli RULES_NEED base markup convert site publish)
 zervo_folder(editor RULES_NEED base markup NEED ui app convert
              SPEAKERS editor colour_ranges colouring document_reference entities insertion list_keys pair_grid
@@ -87,5 +87,5 @@ zervo_folder(preview RULES_NEED base markup convert NEED ui app SPEAKERS preview
 zervo_folder(options SPEAKERS "*" NEED base ui app)
 zervo_folder(recovery RULES_NEED base NEED ui app)
 zervo_folder(program SPEAKERS "*"
-             NEED base ui app convert editor search project generators recent print preview options recovery)
+             NEED base ui app convert editor search project generators recent print preview options recovery site)
 file(COPY_FILE ${CMAKE_BINARY_DIR}/folders.new ${CMAKE_BINARY_DIR}/folders.txt ONLY_IF_DIFFERENT)

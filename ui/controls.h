@@ -202,7 +202,12 @@ class ListView : public Control {
   Event<> selectionChanged;
   Event<> doubleClicked;
   Event<> contextMenu;
-  Event<int> rowChecked;  // the user ticked a row, or took its tick away
+  Event<int> rowChecked;     // the user ticked a row, or took its tick away
+  Event<int> columnClicked;  // its heading; sorting is the owner's
+  // The column whose heading shows that the rows are sorted by it, -1: none; seen with the next setItems().
+  int sortedBy = -1;
+  bool sortedUp = true;
+  bool enterOpens = false;  // Enter in the list is a double click, not the default button
   // In-place editing of row texts: off without a handler. `text` is UTF-8 and may be changed; false refuses
   // it.
   std::function<bool(int row, std::string& text)> labelEdited;

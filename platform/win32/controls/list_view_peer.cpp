@@ -80,6 +80,7 @@ void ListViewPeer::showItems() {
   }
   if (!fresh) ListView_SetItemState(window(), -1, 0, LVIS_SELECTED);
   showChecks();
+  showSorting();
   placed();  // there may be a scroll bar now
   send(WM_SETREDRAW, TRUE);
   InvalidateRect(window(), nullptr, TRUE);
@@ -93,6 +94,24 @@ void ListViewPeer::showChecks() {
     ListView_SetItemState(window(), row, INDEXTOSTATEIMAGEMASK(image), LVIS_STATEIMAGEMASK);
     ++row;
   }
+}
+
+void ListViewPeer::showSorting() {
+  const auto header = reinterpret_cast<HWND>(send(LVM_GETHEADER));
+  for (int i = 0; i < static_cast<int>(list_.columns.size()); ++i) {
+    HDITEMW item{};
+    item.mask = HDI_FORMAT;
+    if (Header_GetItem(header, i, &item) == FALSE) continue;
+    item.fmt &= ~(HDF_SORTUP | HDF_SORTDOWN);
+    if (i == list_.sortedBy) item.fmt |= list_.sortedUp ? HDF_SORTUP : HDF_SORTDOWN;
+    Header_SetItem(header, i, &item);
+  }
+}
+
+bool ListViewPeer::onKey(int key) {
+  if (key != VK_RETURN || !list_.enterOpens || list_.selected() < 0) return false;
+  list_.doubleClicked();
+  return true;
 }
 
 void ListViewPeer::show(ui::Aspect what) {
@@ -158,6 +177,9 @@ LRESULT ListViewPeer::onNotify(const NMHDR& header) {
       break;
     case NM_DBLCLK:
       if (list_.selected() >= 0) list_.doubleClicked();
+      break;
+    case LVN_COLUMNCLICK:
+      list_.columnClicked(reinterpret_cast<const NMLISTVIEW&>(header).iSubItem);
       break;
     case NM_RCLICK:
       list_.contextMenu();

@@ -11,6 +11,7 @@ class ListViewPeer final : public ControlPeer {
  public:
   ListViewPeer(ui::ListView& model, HWND window) : ControlPeer(model, window), list_(model) {}
   LRESULT onNotify(const NMHDR& header) override;
+  bool onKey(int key) override;
   void placed() override;
   void dpiChanged(int) override { bold_.reset(); }
 
@@ -21,6 +22,7 @@ class ListViewPeer final : public ControlPeer {
  private:
   void showItems();
   void showChecks();
+  void showSorting();
   void itemChanged(const NMLISTVIEW& change);
   LRESULT customDraw(NMLVCUSTOMDRAW& drawing);
   ui::ListView& list_;
