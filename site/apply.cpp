@@ -19,8 +19,8 @@ namespace {
 
 namespace disk = base::disk;
 
-// Files whose copies are flushed and noted together: bytes, old and new ones.
-constexpr std::size_t kMostTogether = 1U << 20U;
+// Bytes of new files that are flushed together: so much room is needed for a while.
+constexpr std::size_t kMostTogether = 1U << 24U;
 
 disk::Stamp stampOf(const std::string& path) {
   disk::Stamp stamp;
@@ -92,14 +92,21 @@ class InPlace : public Applying {
     std::string bytes = work(page.bytes, options(), formFor(file, page.bytes), true, result);
     remember(result);
     if (!result.changes) return;
-    Kept kept{file.file,   page.stamp,   result.hash,        base::hash64(bytes),
+    Kept kept{file.file,   page.stamp,   result.hash,        base::hash64(bytes),  {},
               result.form, result.eight, result.changeCount, result.uncertainCount};
     // What cannot be written needs no copy.
     if (disk::look(pathOf(file.file)).readOnly) base::throwFileError(EACCES, file.file);
     result.note = backup_.copy(kept, page.bytes);
     if (result.note != Note::None) return;
-    batch.pendingBytes += page.bytes.size() + bytes.size();
-    batch.pending.push_back({batch.results.size() - 1, std::move(kept), std::move(bytes)});
+    backup_.note(kept);
+    batch.pendingBytes += bytes.size();
+    Pending next{batch.results.size() - 1, std::move(kept), nullptr, {}};
+    try {
+      next.prepared = std::make_unique<base::PreparedFile>(pathOf(file.file), next.kept.temporary, bytes);
+    } catch (const base::Error&) {
+      next.bytes = std::move(bytes);  // a folder that takes no new file: the old one may take it
+    }
+    batch.pending.push_back(std::move(next));
     if (batch.pendingBytes > kMostTogether) end(batch);
   }
 
@@ -107,9 +114,13 @@ class InPlace : public Applying {
     const std::vector<Pending> all = std::exchange(batch.pending, {});
     batch.pendingBytes = 0;
     std::vector<Kept> about;
-    for (const Pending& next : all) about.push_back(next.kept);
+    std::vector<std::string> written;
+    for (const Pending& next : all) {
+      about.push_back(next.kept);
+      if (next.prepared) written.push_back(next.prepared->path());
+    }
     try {
-      backup_.commit(about);
+      backup_.flush(about, std::move(written));
     } catch (const base::Error& error) {
       for (const Pending& next : all) batch.results[next.result].note = noteOf(error);
       return;
@@ -122,7 +133,10 @@ class InPlace : public Applying {
           result.note = Note::Changed;
           continue;
         }
-        base::writeFile(path, next.bytes);
+        if (next.prepared)
+          next.prepared->put();
+        else
+          base::writeFile(path, next.bytes);
         result.done = Done::Written;
       } catch (const base::Error& error) {
         result.note = noteOf(error);

@@ -20,6 +20,8 @@ namespace disk = base::disk;
 
 constexpr std::string_view kJournal = "journal-";
 constexpr std::string_view kJournalEnd = ".jsonl";
+constexpr std::string_view kTemporary = ".zervo-";
+constexpr std::string_view kTemporaryEnd = ".tmp";
 constexpr std::string_view kCheck = ",\"check\":\"";
 constexpr std::string_view kReadMe =
     "This is what files were before zervo-cli site apply changed them: in \"pages\", under their own "
@@ -67,10 +69,16 @@ std::string lineOf(const Kept& kept) {
                      ",\"before\":\"" + base::hexOf(kept.before) + "\",\"after\":\"" +
                      base::hexOf(kept.after) + "\",\"form\":\"" + std::string(convert::nameOf(kept.form)) +
                      '"';
+  line += ",\"temporary\":" + base::jsonQuoted(kept.temporary);
   if (kept.eight) line += ",\"eight\":\"" + std::string(convert::nameOf(*kept.eight)) + '"';
   line += ",\"change count\":" + std::to_string(kept.changeCount) +
           ",\"uncertain count\":" + std::to_string(kept.uncertainCount);
   return checked(std::move(line));
+}
+
+bool isTemporary(std::string_view name) {
+  return name.starts_with(kTemporary) && name.ends_with(kTemporaryEnd) &&
+         name.find_first_of("/\\:") == std::string_view::npos;
 }
 
 void readLine(const base::Json& line, Journals& journals) {
@@ -93,7 +101,10 @@ void readLine(const base::Json& line, Journals& journals) {
     kept.changeCount = line["change count"].number();
     kept.uncertainCount = line["uncertain count"].number();
     kept.form = convert::formNamed(line["form"].text).value_or(convert::Form::Ascii);
-    if (!base::leavesFolder(kept.file)) journals.files[kept.file] = kept;
+    if (base::leavesFolder(kept.file)) return;
+    kept.temporary = line["temporary"].text;
+    if (isTemporary(kept.temporary)) journals.temporaries.push_back(kept);
+    journals.files[kept.file] = kept;
   }
 }
 
@@ -140,6 +151,20 @@ Journals readJournals(std::string_view backup) {
   return found;
 }
 
+void removeTemporaries(const Journals& journals, std::string_view folder) {
+  for (const Kept& kept : journals.temporaries) {
+    const std::string target = base::joinPath(folder, kept.file);
+    const std::string path = base::joinPath(base::folderOf(target), kept.temporary);
+    if (!base::fileExists(path)) continue;
+    // The system may take the old file away before it puts the new one there, and a run can die in between.
+    const bool gone = disk::look(target).kind == disk::Kind::Nothing;
+    if (gone && base::hash64(base::readFile(path)) == kept.after)
+      disk::rename(path, target);
+    else
+      disk::remove(path);
+  }
+}
+
 Backup::Backup(std::string_view path, std::string_view folder, std::string_view options)
     : path_(path), folder_(folder) {
   makeFolders(path_);
@@ -149,6 +174,7 @@ Backup::Backup(std::string_view path, std::string_view folder, std::string_view 
                       known_.folder != folder ? "სარეზერვო საქაღალდე სხვა საიტისაა:\r\n" + path_
                                               : "სარეზერვო საქაღალდე სხვა პარამეტრებით დაიწყო:\r\n" + path_);
   }
+  removeTemporaries(known_, folder_);
   for (int number = 1; journal_ == nullptr; ++number) {
     journalName_ = std::string(kJournal) + std::to_string(number) + std::string(kJournalEnd);
     journal_ = disk::open(base::joinPath(path_, journalName_), disk::Mode::Create);
@@ -181,10 +207,8 @@ const Kept* Backup::find(const std::string& file) const {
 void Backup::makeFolders(const std::string& path) {
   if (path.empty() || made_.contains(path)) return;
   if (!base::folderExists(path)) {
-    const std::string above = base::folderOf(path);
-    makeFolders(above);
+    makeFolders(base::folderOf(path));
     base::makeFolder(path);
-    if (!above.empty()) unflushed_.insert(above);
   }
   made_.insert(path);
 }
@@ -200,7 +224,6 @@ Note Backup::copy(const Kept& kept, std::string_view bytes) {
   {
     const std::lock_guard lock(mutex_);
     makeFolders(base::folderOf(path));
-    unflushed_.insert(base::folderOf(path));
   }
   if (base::fileExists(path)) {
     // Of a run that was killed. Only of a file that it has not changed yet can the copy be other than whole.
@@ -208,18 +231,12 @@ Note Backup::copy(const Kept& kept, std::string_view bytes) {
     if (!whole && (find(kept.file) != nullptr ? kept.before != find(kept.file)->before : othersAtWork()))
       return Note::InWork;
     if (!whole) base::removeFile(path);
-    if (whole) {
-      std::FILE* const file = disk::open(path, disk::Mode::Change);
-      const int code = file == nullptr ? errno : disk::flush(file);
-      if (file != nullptr) std::fclose(file);
-      if (code != 0) base::throwFileError(code, path);
-      return Note::None;
-    }
+    if (whole) return Note::None;
   }
   std::FILE* const file = disk::open(path, disk::Mode::Create);
   if (file == nullptr && errno == EEXIST) return Note::InWork;
   if (file == nullptr) base::throwFileError(errno, path);
-  int code = writeAll(file, bytes);
+  int code = disk::write(file, bytes);
   if (std::fclose(file) != 0 && code == 0) code = errno != 0 ? errno : EIO;
   if (code != 0) {
     disk::remove(path);
@@ -230,29 +247,28 @@ Note Backup::copy(const Kept& kept, std::string_view bytes) {
   return Note::None;
 }
 
-void Backup::commit(const std::vector<Kept>& about) {
-  if (about.empty()) return;
+void Backup::note(Kept& kept) {
   const std::lock_guard lock(mutex_);
-  std::string lines;
-  std::vector<std::string> stamped;
-  for (const Kept& kept : about) {
-    std::string folder = folderIn(kept.file);
-    disk::Stamp stamp;
-    if (!known_.folders.contains(folder) && !stamped_.contains(folder) &&
-        disk::stamp(base::joinPath(folder_, folder), stamp) == 0) {
-      lines += checked("{\"folder\":" + base::jsonQuoted(folder) + stampMembers(stamp));
-      stamped_.insert(folder);
-      stamped.push_back(std::move(folder));
-    }
-    lines += lineOf(kept);
-  }
-  for (const std::string& folder : unflushed_) disk::flushFolder(folder);
-  unflushed_.clear();
-  const int code = writeAll(journal_, torn_ ? "\n" + lines : lines);
+  // No other run with this backup has a journal of this name, dead ones included.
+  kept.temporary = std::string(kTemporary) + disk::newName() + "-" + base::hexOf(base::hash64(journalName_)) +
+                   std::string(kTemporaryEnd);
+  std::string lines = torn_ ? "\n" : "";
+  std::string folder = folderIn(kept.file);
+  disk::Stamp stamp;
+  const bool first = !known_.folders.contains(folder) && !stamped_.contains(folder) &&
+                     disk::stamp(base::joinPath(folder_, folder), stamp) == 0;
+  if (first) lines += checked("{\"folder\":" + base::jsonQuoted(folder) + stampMembers(stamp));
+  lines += lineOf(kept);
+  const int code = disk::write(journal_, lines);
   torn_ = code != 0;
-  if (code == 0) return;
-  for (const std::string& folder : stamped) stamped_.erase(folder);
-  base::throwFileError(code, path_);
+  if (code != 0) base::throwFileError(code, path_);
+  if (first) stamped_.insert(std::move(folder));
+}
+
+void Backup::flush(const std::vector<Kept>& about, std::vector<std::string> written) {
+  if (about.empty()) return;
+  for (const Kept& kept : about) written.push_back(copyOf(path_, kept.file));
+  if (const int code = disk::flushAll(journal_, written)) base::throwFileError(code, path_);
 }
 
 }  // namespace site

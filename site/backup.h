@@ -1,8 +1,8 @@
 // The folder in which a run in place keeps the old files, with a journal of what it was about to change.
 //
-// A file is changed only when its copy and the journal's line of it are on the disk. So a run that dies at
-// any moment leaves each file old, or new with an old copy; what it is now tells which. `pages` in the folder
-// holds the copies under their own paths, for users too.
+// A file is changed only when its copy, the journal's line of it and the new file beside it are on the disk.
+// So a run that dies at any moment leaves each file old, or new with an old copy; what it is now tells which.
+// `pages` in the folder holds the copies under their own paths, for users too.
 #pragma once
 
 #include <cstdint>
@@ -27,6 +27,7 @@ struct Kept {
   base::disk::Stamp stamp;   // before
   std::uint64_t before = 0;  // hashes of its bytes
   std::uint64_t after = 0;
+  std::string temporary;  // name of the new file that lies beside it until it is put in its place
   // Of the result, for the run that takes this one up.
   convert::Form form = convert::Form::Ascii;
   std::optional<convert::Form> eight;
@@ -39,10 +40,14 @@ struct Journals {
   std::string folder;   // of the site
   std::string options;  // with which it was begun
   std::unordered_map<std::string, Kept> files;
+  std::vector<Kept> temporaries;                               // all that ever were
   std::unordered_map<std::string, base::disk::Stamp> folders;  // of the site, before the first change in them
   bool inWork = false;  // another run holds one of them: what stands in that is not known
 };
 Journals readJournals(std::string_view backup);
+
+// Takes away the new files that dead runs left beside the old ones of `folder`.
+void removeTemporaries(const Journals& journals, std::string_view folder);
 
 std::string copyOf(std::string_view backup, std::string_view file);  // its path
 
@@ -57,11 +62,13 @@ class Backup {
 
   const Kept* find(const std::string& file) const;  // from earlier runs
 
-  // Both may be called from several threads. The first makes the copy of an old file and flushes it; throws
-  // base::Error, or returns why it cannot be. The second notes what will be changed now: it is on the disk
-  // when the call returns.
+  // All may be called from several threads and throw base::Error. In this order for each file: its copy,
+  // where what is returned says why it cannot be made; the line that says what will become of it, which gives
+  // it the name of its new file; then for several files at a time the flush, behind which they may be
+  // changed. `written` are the new files.
   Note copy(const Kept& kept, std::string_view bytes);
-  void commit(const std::vector<Kept>& about);
+  void note(Kept& kept);
+  void flush(const std::vector<Kept>& about, std::vector<std::string> written);
 
  private:
   void makeFolders(const std::string& path);
@@ -73,7 +80,7 @@ class Backup {
   std::string journalName_;
   bool torn_ = false;  // the journal may end in a part of a line
   std::mutex mutex_;
-  std::set<std::string> made_, stamped_, unflushed_;  // folders
+  std::set<std::string> made_, stamped_;  // folders
 };
 
 }  // namespace site

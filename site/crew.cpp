@@ -10,7 +10,7 @@
 namespace site {
 namespace {
 
-constexpr std::size_t kMostAtOnce = 32;
+constexpr std::size_t kMostAtOnce = 64;
 constexpr std::size_t kPortionsAThread = 16;  // of even a short list, so that all end together
 // Portions that may wait for one before them: their results take room.
 constexpr std::size_t kMostWaiting = 32;

@@ -28,6 +28,7 @@ class Restoring {
       throw base::Error(base::ErrorNumber::BadFileFormat,
                         "ეს სარეზერვო საქაღალდე არ არის:\r\n" + options_.backup);
     folder_ = options_.folder.empty() ? journals_.folder : disk::realPath(options_.folder);
+    removeTemporaries(journals_, folder_);
     for (const auto& [file, kept] : journals_.files) files_.push_back(&kept);
     std::ranges::sort(files_, {}, &Kept::file);
     observer.found(files_.size());

@@ -2,12 +2,14 @@
 // by whoever derives from this.
 #pragma once
 
+#include <memory>
 #include <mutex>
 #include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
 
+#include "base/prepared_file.h"
 #include "site/backup.h"
 #include "site/file_list.h"
 #include "site/site.h"
@@ -18,6 +20,7 @@ namespace site {
 struct Pending {
   std::size_t result = 0;  // index of its result
   Kept kept;
+  std::unique_ptr<base::PreparedFile> prepared;  // null: `bytes` could not be written beside the old file
   std::string bytes;
 };
 
@@ -25,7 +28,7 @@ struct Pending {
 struct Batch {
   std::vector<FileResult>& results;  // ends with that of the file that is being done
   std::vector<Pending> pending;
-  std::size_t pendingBytes = 0;  // old and new ones
+  std::size_t pendingBytes = 0;  // new ones
 };
 
 class Run {

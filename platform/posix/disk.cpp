@@ -167,6 +167,25 @@ int flush(std::FILE* file) {
   return std::fflush(file) == 0 && fsync(fileno(file)) == 0 ? 0 : errno;
 }
 
+int flushAll(std::FILE* written, const std::vector<std::string>& files) {
+  if (const int code = faults::due()) return faults::strike(code);
+  struct stat known {};
+  if (std::fflush(written) != 0 || fstat(fileno(written), &known) != 0 || syncfs(fileno(written)) != 0)
+    return errno;
+  std::vector<dev_t> done = {known.st_dev};
+  for (const std::string& path : files) {
+    const fs::path name = native(path);
+    if (stat(name.c_str(), &known) != 0) return errno;
+    if (std::ranges::find(done, known.st_dev) != done.end()) continue;
+    const int file = ::open(name.c_str(), O_RDONLY | O_CLOEXEC);
+    const int code = file >= 0 && syncfs(file) == 0 ? 0 : errno;
+    if (file >= 0) close(file);
+    if (code != 0) return code;
+    done.push_back(known.st_dev);
+  }
+  return 0;
+}
+
 int rename(std::string_view from, std::string_view to) {
   if (const int code = faults::due()) return faults::strike(code);
   std::error_code error;

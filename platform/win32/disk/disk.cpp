@@ -215,6 +215,18 @@ int flush(std::FILE* file) {
   return std::fflush(file) == 0 && _commit(_fileno(file)) == 0 ? 0 : errno;
 }
 
+int flushAll(std::FILE* written, const std::vector<std::string>& files) {
+  // A whole volume may be flushed by administrators alone.
+  for (const std::string& path : files) {
+    std::FILE* const file = open(path, Mode::Change);
+    if (file == nullptr) return errno;
+    const int code = flush(file);
+    std::fclose(file);
+    if (code != 0) return code;
+  }
+  return flush(written);
+}
+
 int rename(std::string_view from, std::string_view to) {
   // A virus scanner or an indexer may have the file open just now.
   constexpr int kTries = 20;
