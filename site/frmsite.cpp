@@ -106,8 +106,8 @@ frmsite::frmsite(app::Workbench& bench) : Form("frmsite", IDD_frmsite), bench_(b
   Cstop.setCaption("შეჩ&ერება");
   LV.hint = "საიტის ფაილები";
   LV.stretches = LV.checkBoxes = LV.enterOpens = true;
-  LV.columns = {{"ფაილი", 112}, {"ფორმა", 92},       {"სანდოობა", 46},
-                {"ადგილი", 40}, {"გაურკვეველი", 58}, {"მდგომარეობა", 78}};
+  LV.columns = {{"ფაილი", 108}, {"ფორმა", 97},       {"სანდოობა", 46},
+                {"ადგილი", 40}, {"გაურკვეველი", 58}, {"მდგომარეობა", 76}};
   CKall.setCaption("ყველას მო&ნიშვნა");
   Lsort.setCaption("და&ლაგება:");
   std::vector<ui::Text> orders{"ჯერ გაურკვეველი"};
