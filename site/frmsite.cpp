@@ -528,12 +528,12 @@ void frmsite::showRows() {
 void frmsite::showSum() {
   std::size_t changing = 0, ticked = 0, uncertain = 0, faults = 0, written = 0, restored = 0;
   for (const Row& row : rows_) {
-    changing += row.changes ? 1 : 0;
-    ticked += row.changes && row.ticked ? 1 : 0;
+    changing += row.changes ? 1U : 0U;
+    ticked += row.changes && row.ticked ? 1U : 0U;
     uncertain += row.uncertainCount;
-    faults += isFault(row.note) ? 1 : 0;
-    written += row.done == Done::Written || row.done == Done::Already ? 1 : 0;
-    restored += row.done == Done::Restored ? 1 : 0;
+    faults += isFault(row.note) ? 1U : 0U;
+    written += row.done == Done::Written || row.done == Done::Already ? 1U : 0U;
+    restored += row.done == Done::Restored ? 1U : 0U;
   }
   std::string text;
   if (!rows_.empty()) {
