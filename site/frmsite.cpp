@@ -116,9 +116,9 @@ frmsite::frmsite(app::Workbench& bench) : Form("frmsite", IDD_frmsite), bench_(b
   CBsort.setSelected(0);
   Copen.setCaption("გვერდის განს&ხვავებები");
   Capply.setCaption("&გადაყვანა...");
-  Creport.setCaption("ან&გარიში");
+  Creport.setCaption("ანგარიში");
   Crestore.setCaption("ძველის აღდგენ&ა...");
-  CEXIT.setCaption("&დახურვა");
+  CEXIT.setCaption("დახურვა");
   defaultButton = &Cplan;
   cancelButton = &CEXIT;
 
@@ -193,7 +193,7 @@ void frmsite::proposeTarget() {
 }
 
 void frmsite::showTargetCaption() {
-  Ltarget.setCaption(inPlace() ? "&ძველები აქ:" : "ახა&ლი აქ:");
+  Ltarget.setCaption(inPlace() ? "&ძველები აქ:" : "ახალი აქ:");
   Ttarget.hint = inPlace() ? "საქაღალდე, სადაც ძველი ფაილები შეინახება" : "ახალი საქაღალდე მთელი საიტისთვის";
   Ctarget.hint = Ttarget.hint;
   proposeTarget();
