@@ -31,9 +31,9 @@ enum class Mode { Read, Create, Change };
 std::FILE* open(std::string_view path, Mode mode);
 int write(std::FILE* file, std::string_view bytes);  // all of them, or an error
 int resize(std::FILE* file, std::uintmax_t size);
-int flush(std::FILE* file);          // down to the disk
-// `written` and all these files, with their names, are on the disk afterwards: in one go where the system can,
-// which takes little longer than one of them.
+int flush(std::FILE* file);  // down to the disk
+// `written` and all these files, with their names, are on the disk afterwards: in one go where the system
+// can, which takes little longer than one of them.
 int flushAll(std::FILE* written, const std::vector<std::string>& files);
 bool isFree(std::string_view path);  // an existing file that nobody has made with Create and still holds
 

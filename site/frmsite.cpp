@@ -106,8 +106,8 @@ frmsite::frmsite(app::Workbench& bench) : Form("frmsite", IDD_frmsite), bench_(b
   Cstop.setCaption("შეჩ&ერება");
   LV.hint = "საიტის ფაილები";
   LV.stretches = LV.checkBoxes = LV.enterOpens = true;
-  LV.columns = {{"ფაილი", 112}, {"ფორმა", 92},       {"სანდოობა", 46},
-                {"ადგილი", 40}, {"გაურკვეველი", 58}, {"მდგომარეობა", 78}};
+  LV.columns = {{"ფაილი", 108}, {"ფორმა", 97},       {"სანდოობა", 46},
+                {"ადგილი", 40}, {"გაურკვეველი", 58}, {"მდგომარეობა", 76}};
   CKall.setCaption("ყველას მო&ნიშვნა");
   Lsort.setCaption("და&ლაგება:");
   std::vector<ui::Text> orders{"ჯერ გაურკვეველი"};
@@ -116,9 +116,9 @@ frmsite::frmsite(app::Workbench& bench) : Form("frmsite", IDD_frmsite), bench_(b
   CBsort.setSelected(0);
   Copen.setCaption("გვერდის განს&ხვავებები");
   Capply.setCaption("&გადაყვანა...");
-  Creport.setCaption("ან&გარიში");
+  Creport.setCaption("ანგარიში");
   Crestore.setCaption("ძველის აღდგენ&ა...");
-  CEXIT.setCaption("&დახურვა");
+  CEXIT.setCaption("დახურვა");
   defaultButton = &Cplan;
   cancelButton = &CEXIT;
 
@@ -193,7 +193,7 @@ void frmsite::proposeTarget() {
 }
 
 void frmsite::showTargetCaption() {
-  Ltarget.setCaption(inPlace() ? "&ძველები აქ:" : "ახა&ლი აქ:");
+  Ltarget.setCaption(inPlace() ? "&ძველები აქ:" : "ახალი აქ:");
   Ttarget.hint = inPlace() ? "საქაღალდე, სადაც ძველი ფაილები შეინახება" : "ახალი საქაღალდე მთელი საიტისთვის";
   Ctarget.hint = Ttarget.hint;
   proposeTarget();
