@@ -10,7 +10,6 @@ namespace editor {
 namespace {
 
 constexpr const char* kPanel = "kLineEnds";
-constexpr std::size_t kCountedAtOnce = 256 * std::size_t{1024};  // bytes; longer texts in the next pause
 
 const app::Menu kLineEndMenu{.caption = "სტრიქონის &ბოლოები",
                              .help = "სტრიქონის ბოლოების შეცვლა მთელ ტექსტში",
@@ -37,11 +36,7 @@ LineEndCommands::LineEndCommands(app::Workbench& bench) : bench_(bench) {
   });
 
   bench.textChanged.connect([this] { stale_ = true; });
-  // Another document is shown, or this one has another form. A command must not wait for the lines of a long
-  // text.
-  bench.viewChanged.connect([this] {
-    if (bench_.codeView().document()->size() <= kCountedAtOnce) show();
-  });
+  bench.viewChanged.connect([this] { show(); });  // another document is shown, or this one has another form
   bench.pause.connect([this] { show(); });
   bench.panelClicked.connect([this](std::string_view key) {
     if (key == kPanel) showMenu();
