@@ -63,7 +63,13 @@ class Planner {
 
   void letters() {
     Detection& found = plan_.detection;
-    plan_.changes.reserve(found.parts.pieces.size() + 2);
+    // As many as there will be at most, but for bytes outside texts: a second copy of them would be the most
+    // that a page needs.
+    const auto some = std::ranges::count_if(found.verdicts, [](const Verdict& verdict) {
+      return verdict.changesToUtf8 || verdict.changesToReferences || verdict.uncertain;
+    });
+    plan_.changes.reserve(static_cast<std::size_t>(some) + found.parts.fonts.size() +
+                          found.parts.charsets.size() + 1);
     std::size_t i = 0;
     std::size_t done = 0;
     for (const PagePiece& piece : found.parts.pieces) {
@@ -456,7 +462,11 @@ void PagePlan::appendLeft(std::string_view page, const Change& change, std::stri
 }
 
 std::string applyPlan(std::string_view page, const PagePlan& plan) {
+  // Counted first: a text that grows needs three times its room, and counting is quick.
+  std::size_t size = 0;
+  applyPlan(page, plan, [&](std::string_view block) { size += block.size(); });
   std::string out;
+  out.reserve(size);
   applyPlan(page, plan, [&](std::string_view block) { out += block; });
   return out;
 }
