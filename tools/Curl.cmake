@@ -18,7 +18,7 @@ file(CONFIGURE OUTPUT licences/LICENSE-curl.txt @ONLY NEWLINE_STYLE LF CONTENT
      "libcurl, libssh2 and mbedTLS, by which pages are published, from Debian's packages curl @curl_version@, libssh2\n@libssh2_version@ and mbedtls @mbedtls_version@\n\n== curl\n\n@curl_licence@\n\n== libssh2\n\n@libssh2_licence@\n\n== mbedTLS\n\n@mbedtls_licence@\n")
 
 # Not our sources: their warnings are their authors'.
-set(foreign -w $<$<CONFIG:Release>:-Os> -ffunction-sections -fdata-sections -ffile-prefix-map=${ZERVO_SOURCES}=.)
+set(foreign -w $<$<CONFIG:Release>:-Os> -fno-asynchronous-unwind-tables -ffunction-sections -fdata-sections -ffile-prefix-map=${ZERVO_SOURCES}=.)
 
 file(GLOB sources ${ZERVO_SOURCES}/mbedtls/library/*.c)
 list(FILTER sources EXCLUDE REGEX "/(ssl_|psa_|x509|mps_|net_sockets|certs|debug|havege)[a-z0-9_]*\\.c$")

@@ -17,8 +17,6 @@ import time
 import zipfile
 
 TOP = pathlib.Path(__file__).resolve().parent.parent
-# A zip packs each file by itself, and these would make it a fifth larger.
-INSTALLER_ALONE = ["zervo-cli.exe", "FONTS.txt", "LICENSE-curl.txt"]
 SAMPLES = ["vepkhistqaosani-legacy.html", "vepkhistqaosani-latin.txt"]
 
 
@@ -38,8 +36,6 @@ def make_zip(folder, output, seconds):
     date = time.gmtime(max(seconds, 315532800))[:6]  # the format begins with 1980
     with zipfile.ZipFile(output, "w", zipfile.ZIP_DEFLATED, compresslevel=9) as archive:
         for file in sorted(path for path in folder.rglob("*") if path.is_file()):
-            if file.name in INSTALLER_ALONE:
-                continue
             entry = zipfile.ZipInfo("Zervo/" + file.relative_to(folder).as_posix(), date)
             entry.compress_type = zipfile.ZIP_DEFLATED
             entry.create_system = 0

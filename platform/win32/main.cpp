@@ -1,4 +1,5 @@
 // The process entry: one thread, one message loop.
+#include "platform/win32/cli/command_line.h"
 #include "platform/win32/code_view/code_view.h"
 #include "platform/win32/drawing/fonts.h"
 #include "platform/win32/system/errors.h"
@@ -42,6 +43,7 @@ int run() {
 }  // namespace
 
 int WINAPI wWinMain(HINSTANCE, HINSTANCE, PWSTR, int) {
+  if (win32::startedAsCommandLine()) return win32::runCommandLine();
   OleInitialize(nullptr);
   const int result = win32::guarded(run, 1);
   OleUninitialize();

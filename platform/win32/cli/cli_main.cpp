@@ -1,70 +1,73 @@
-// The entry of zervo-cli.exe.
-#include <fcntl.h>
-#include <io.h>
-
+// zervo-cli.exe: starts Zervo.exe beside it as a command-line program. The rules are in there already, and a
+// second copy of them would be a third of the download.
 #include <cstdio>
-#include <cstdlib>
-#include <string>
-#include <vector>
+#include <cwchar>
+#include <initializer_list>
 
-#include "cli/cli.h"
-#include "cli/machine.h"
-#include "platform/curl/curl_transport.h"
+#include "platform/win32/cli/command_line.h"
 #include "platform/win32/system/windows_api.h"
 
 namespace {
 
-std::string utf8(const wchar_t* wide) {
-  const int size = WideCharToMultiByte(CP_UTF8, 0, wide, -1, nullptr, 0, nullptr, nullptr);
-  std::string text(static_cast<std::size_t>(size), '\0');
-  WideCharToMultiByte(CP_UTF8, 0, wide, -1, text.data(), size, nullptr, nullptr);
-  text.resize(text.size() - 1);
-  return text;
+constexpr int kCannotStart = 3;
+// The longest path and the longest command line of Windows, with its NUL. Plain arrays: strings of the
+// library would make this program ten times as large.
+constexpr std::size_t kLongest = 32768;
+wchar_t program[kLongest];
+wchar_t line[kLongest];
+
+// What stands behind the program's own name, exactly as it was given.
+const wchar_t* ownWords() {
+  const wchar_t* const all = GetCommandLineW();
+  if (*all != L'"') return all + std::wcscspn(all, L" \t");
+  const wchar_t* const quote = std::wcschr(all + 1, L'"');
+  return quote == nullptr ? L"" : quote + 1;
 }
 
-// What is written to a console is UTF-8, which is put back afterwards.
-class Utf8Console {
- public:
-  Utf8Console() { SetConsoleOutputCP(CP_UTF8); }
-  Utf8Console(const Utf8Console&) = delete;
-  Utf8Console& operator=(const Utf8Console&) = delete;
-  ~Utf8Console() { SetConsoleOutputCP(before_); }
+bool add(const wchar_t* text) {
+  const std::size_t used = std::wcslen(line);
+  if (used + std::wcslen(text) >= kLongest) return false;
+  std::wcscpy(line + used, text);
+  return true;
+}
 
- private:
-  UINT before_ = GetConsoleOutputCP();
-};
-
-std::optional<std::string> ask(const std::string& prompt, bool echo) {
-  const HANDLE console = GetStdHandle(STD_INPUT_HANDLE);
-  DWORD before = 0;
-  if (GetConsoleMode(console, &before) == FALSE) return std::nullopt;
-  std::fputs(prompt.c_str(), stderr);
-  SetConsoleMode(console, ENABLE_LINE_INPUT | ENABLE_PROCESSED_INPUT | (echo ? ENABLE_ECHO_INPUT : 0U));
-  std::wstring line;
-  bool whole = false;
-  wchar_t piece[128];
-  for (DWORD read = 0; !whole && ReadConsoleW(console, piece, 128, &read, nullptr) != FALSE && read > 0;) {
-    line.append(piece, read);
-    whole = line.ends_with(L'\n');
-  }
-  SetConsoleMode(console, before);
-  if (!echo) std::fputc('\n', stderr);
-  if (!whole) return std::nullopt;
-  line.resize(line.find_first_of(L"\r\n"));
-  return utf8(line.c_str());
+int failed(const char* sentence) {
+  std::fputs(sentence, stderr);
+  return kCannotStart;
 }
 
 }  // namespace
 
-int wmain(int count, wchar_t** words) {
-  const Utf8Console console;
-  _setmode(_fileno(stdin), _O_BINARY);
-  _setmode(_fileno(stdout), _O_BINARY);
-  std::vector<std::string> arguments;
-  for (int i = 1; i < count; ++i) arguments.push_back(utf8(words[i]));
-  cli::Machine machine;
-  machine.connect = platform::makeCurlTransport;
-  machine.ask = ask;
-  if (const wchar_t* const password = _wgetenv(L"ZERVO_PASSWORD")) machine.password = utf8(password);
-  return cli::run(arguments, {stdin, stdout, stderr}, machine);
+int wmain() {
+  constexpr const wchar_t* kProgram = L"Zervo.exe";
+  if (GetModuleFileNameW(nullptr, program, kLongest) >= kLongest - std::wcslen(kProgram))
+    return failed("zervo-cli: its own path is too long\n");
+  std::wcscpy(std::wcsrchr(program, L'\\') + 1, kProgram);
+  if (!add(L"\"") || !add(program) || !add(L"\" ") || !add(win32::kCommandLineWord) || !add(ownWords()))
+    return failed("zervo-cli: the command line is too long\n");
+  STARTUPINFOW start{};
+  start.cb = sizeof start;
+  start.dwFlags = STARTF_USESTDHANDLES;
+  start.hStdInput = GetStdHandle(STD_INPUT_HANDLE);
+  start.hStdOutput = GetStdHandle(STD_OUTPUT_HANDLE);
+  start.hStdError = GetStdHandle(STD_ERROR_HANDLE);
+  for (const HANDLE stream : {start.hStdInput, start.hStdOutput, start.hStdError}) {
+    SetHandleInformation(stream, HANDLE_FLAG_INHERIT, HANDLE_FLAG_INHERIT);
+  }
+  // Whoever ends this program ends both.
+  const HANDLE job = CreateJobObjectW(nullptr, nullptr);
+  JOBOBJECT_EXTENDED_LIMIT_INFORMATION limits{};
+  limits.BasicLimitInformation.LimitFlags = JOB_OBJECT_LIMIT_KILL_ON_JOB_CLOSE;
+  SetInformationJobObject(job, JobObjectExtendedLimitInformation, &limits, sizeof limits);
+  PROCESS_INFORMATION process{};
+  if (CreateProcessW(program, line, nullptr, nullptr, TRUE, CREATE_SUSPENDED, nullptr, nullptr, &start,
+                     &process) == FALSE) {
+    return failed("zervo-cli: Zervo.exe cannot be started; it has to be in the same folder\n");
+  }
+  AssignProcessToJobObject(job, process.hProcess);
+  ResumeThread(process.hThread);
+  WaitForSingleObject(process.hProcess, INFINITE);
+  DWORD code = kCannotStart;
+  GetExitCodeProcess(process.hProcess, &code);
+  return static_cast<int>(code);
 }
