@@ -83,7 +83,8 @@ bool mayKnowWindows(const std::string& path) {
 
 // The programs' own entries are where platform and program meet.
 bool isEntry(const std::string& path) {
-  return path == "platform/win32/main.cpp" || path.ends_with("/cli_main.cpp");
+  return path == "platform/win32/main.cpp" || path.starts_with("platform/win32/cli/") ||
+         path.ends_with("/cli_main.cpp");
 }
 
 // What makes the program half as large again: nothing that ships may need it.
