@@ -126,7 +126,12 @@ class Writers : public tests::MainWindowTest {
                      });
                      H->runCommand(mnutempformat);
                    }});
-    all.push_back({"templates, written elsewhere", raw("mine.TFF", many), [this] {
+    all.push_back({"templates, written elsewhere",
+                   [=, this] {
+                     templates->templates() = {TemplateFormat::of("a", "<A>", "</A>")};
+                     base::writeFile(own_("mine.TFF"), many);
+                   },
+                   [this] {
                      platform.modal.push_front([this](ui::Form& shown) {
                        platform.saveAnswers = {own_("mine.TFF")};
                        dynamic_cast<generators::frmtempformat&>(shown).Csave.click();
@@ -274,18 +279,20 @@ TEST_F(Writers, KilledWheneverTheyWriteEachFileIsWhole) {
   std::map<std::string, int> killed, changed;
   struct State {
     Files before, after;
-    std::chrono::microseconds takes{};
+    std::chrono::microseconds takes{std::chrono::hours(1)};
   };
   std::vector<State> known;
   for (const Writer& writer : all) {
     State& state = known.emplace_back();
     std::tie(state.before, state.after) = states(writer);
-    restore(state.before);
-    writer.prepare();
-    const auto start = std::chrono::steady_clock::now();
-    writer.change();
-    state.takes =
-        std::chrono::duration_cast<std::chrono::microseconds>(std::chrono::steady_clock::now() - start);
+    for (int i = 0; i < 3; ++i) {
+      restore(state.before);
+      writer.prepare();
+      const auto start = std::chrono::steady_clock::now();
+      writer.change();
+      state.takes = std::min(state.takes, std::chrono::duration_cast<std::chrono::microseconds>(
+                                              std::chrono::steady_clock::now() - start));
+    }
     restore(state.before);
   }
   for (int round = 0; round < rounds; ++round) {
