@@ -32,6 +32,12 @@ std::optional<char32_t> nextUtf8(std::string_view text, std::size_t& at) {
     ++at;
     return lead;
   }
+  // Georgian letters begin so, and are most of what is read.
+  if (lead == 0xE1 && text.size() - at >= 3 && (byte(at + 1) & 0xC0) == 0x80 &&
+      (byte(at + 2) & 0xC0) == 0x80) {
+    at += 3;
+    return char32_t{0x1000} | (byte(at - 2) & 0x3FU) << 6 | (byte(at - 1) & 0x3FU);
+  }
   const std::size_t length = lead >= 0xF0 ? 4 : lead >= 0xE0 ? 3 : 2;
   if (lead < 0xC2 || lead > 0xF4 || text.size() - at < length) return std::nullopt;
   char32_t character = lead & (0xFF >> (length + 1));

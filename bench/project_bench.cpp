@@ -8,23 +8,12 @@
 #include <string>
 
 #include "app/FrmH.h"
+#include "tests/support/fake_main_peer.h"
 #include "tests/support/fake_platform.h"
 #include "tests/support/memory_code_view.h"
 #include "tests/support/temp_folder.h"
 
 namespace {
-
-class NoWindow : public ui::MainPeer {
- public:
-  void show() override {}
-  void setState(ui::WindowState) override {}
-  ui::WindowPlace place() const override { return {}; }
-  void setPlace(ui::WindowPlace) override {}
-  ui::PaneWidths paneWidths() const override { return {}; }
-  void setPaneWidths(ui::PaneWidths) override {}
-  void toolBarChanged() override {}
-  void menusChanged() override {}
-};
 
 template <class Action>
 double milliseconds(const Action& action) {
@@ -65,7 +54,7 @@ int main(int count, char** words) {
     if (bytes != size * paths.size()) return 1;
     tests::FakePlatform platform;
     tests::MemoryCodeView view;
-    NoWindow window;
+    tests::FakeMainPeer window;
     app::FrmH form(platform, view);
     form.window = &window;
     open = std::min(open, milliseconds([&] { form.WEB_Open(project); }));

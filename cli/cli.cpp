@@ -141,10 +141,7 @@ class Program {
       if (plan.changes.empty() && !arguments_.fromUtf16) return;
       if (!arguments_.backup.empty()) backUp(file);
     }
-    std::string written;
-    written.reserve(page.size());
-    applyPlan(page, plan, [&](std::string_view bytes) { written += bytes; });
-    base::writeFile(arguments_.inPlace ? file : arguments_.output, written);
+    base::writeFile(arguments_.inPlace ? file : arguments_.output, applyPlan(page, plan));
   }
 
   void backUp(const std::string& file) const {

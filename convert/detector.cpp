@@ -489,6 +489,16 @@ std::string_view nameOf(Reason reason) {
   return kNames[static_cast<std::size_t>(reason)];
 }
 
+bool Detection::severalForms() const {
+  Form first = Form::Ascii;
+  for (const Verdict& verdict : verdicts) {
+    if (verdict.form == Form::Ascii || verdict.form == first) continue;
+    if (first != Form::Ascii) return true;
+    first = verdict.form;
+  }
+  return false;
+}
+
 Detection detect(std::string_view page, const DetectorOptions& options) {
   return Detector(page, options).run();
 }

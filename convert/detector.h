@@ -65,6 +65,9 @@ struct Detection {
   Reading reading;  // for all symbols of the page; references as each piece says
   PageParts parts;
   std::deque<Verdict> verdicts;  // for each piece
+
+  // Beside plain ASCII.
+  bool severalForms() const;
 };
 
 struct DetectorOptions {
@@ -77,7 +80,8 @@ struct DetectorOptions {
 Detection detect(std::string_view page, const DetectorOptions& options);
 
 inline Reading readingOf(const Detection& detection, const PagePiece& piece) {
-  return {piece.references, detection.reading.pairsAreBytes, detection.reading.oddOnesAreBytes};
+  return {piece.references, detection.reading.pairsAreBytes, detection.reading.oddOnesAreBytes,
+          hasEscapes(piece.place)};
 }
 
 }  // namespace convert

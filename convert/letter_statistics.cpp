@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <array>
+#include <cstring>
 #include <vector>
 
 #include "convert/form_codec.h"
@@ -241,46 +242,76 @@ std::uint8_t eightBitSymbol(std::uint8_t byte) {
 struct Glance {
   std::uint8_t high = 0;
   std::uint32_t ampersands = 0;
-  std::uint32_t letters = 0;  // ASCII
-  std::uint32_t eight = 0;    // C0..FF
-  std::uint32_t pairs = 0;    // bytes that may begin a UTF-8 character, before ones that may go on with it
-  std::uint32_t other = 0;    // 80..BF
+  std::uint32_t letters = 0;   // ASCII
+  std::uint32_t eight = 0;     // C0..FF
+  std::uint32_t pairs = 0;     // bytes that may begin a UTF-8 character, before ones that may go on with it
+  std::uint32_t other = 0;     // 80..BF
+  std::uint32_t georgian = 0;  // Georgian letters in UTF-8 (10A0..10FF)
   std::uint32_t notLegacy = 0;
   std::uint32_t notAcademy = 0;
 };
 
-// In blocks whose counts fit a byte, so that the compiler can count many bytes at a time.
+// Sixteen bytes that are counted side by side (vector extensions of GCC and Clang: no intrinsics of one
+// processor).
+constexpr std::size_t kLanes = 16;
+using Lanes = std::uint8_t __attribute__((vector_size(kLanes)));
+
+Lanes lanesAt(const std::uint8_t* bytes) {
+  Lanes lanes;
+  std::memcpy(&lanes, bytes, kLanes);
+  return lanes;
+}
+
+std::uint32_t sumOf(Lanes lanes) {
+  constexpr std::uint64_t kEven = 0x00FF00FF00FF00FF;
+  constexpr std::uint64_t kOnes = 0x0001000100010001;
+  std::array<std::uint64_t, 2> halves;
+  std::memcpy(halves.data(), &lanes, kLanes);
+  std::uint64_t sums = 0;
+  for (const std::uint64_t half : halves) sums += (half & kEven) + ((half >> 8) & kEven);
+  return static_cast<std::uint32_t>((sums * kOnes) >> 48);
+}
+
+// NULs behind the text count as nothing, so that no lane is left over.
 Glance glanceAt(std::string_view text) {
-  constexpr std::size_t kBlock = 192;
+  constexpr std::size_t kBlock = 192;  // bytes; no lane counts beyond 12
   Glance seen;
-  const auto* const bytes = reinterpret_cast<const std::uint8_t*>(text.data());
+  constexpr std::size_t kBefore = 2;
+  std::array<std::uint8_t, kBefore + kBlock + kLanes> padded{};  // the bytes before the block, and it
   for (std::size_t begin = 0; begin < text.size(); begin += kBlock) {
-    const std::size_t end = std::min(begin + kBlock, text.size());
-    std::uint8_t high = 0, ampersands = 0, letters = 0, eight = 0, other = 0, pairs = 0, notLegacy = 0,
-                 notAcademy = 0;
-    for (std::size_t i = begin; i < end; ++i) {
-      const std::uint8_t byte = bytes[i];
-      const auto lower = static_cast<std::uint8_t>((byte | 0x20) - 'a');
+    const std::size_t size = std::min(kBlock, text.size() - begin);
+    std::uint8_t* const block = padded.data() + kBefore;
+    if (begin > 0) std::memcpy(padded.data(), text.data() + begin - kBefore, kBefore);
+    std::memcpy(block, text.data() + begin, size);
+    std::memset(block + size, 0, kLanes);
+    Lanes high{}, ampersands{}, letters{}, eight{}, other{}, pairs{}, notLegacy{}, notAcademy{}, georgian{};
+    for (std::size_t i = 0; i < size; i += kLanes) {
+      const Lanes byte = lanesAt(block + i);
+      const Lanes before = lanesAt(block + i - 1);
+      const Lanes lower = (byte | 0x20) - 'a';
+      const Lanes follows = (byte & 0xC0) == 0x80;
+      // A comparison gives -1 where it holds.
       high |= byte;
-      ampersands = static_cast<std::uint8_t>(ampersands + (byte == '&'));
-      letters = static_cast<std::uint8_t>(letters + (lower < 26));
-      eight = static_cast<std::uint8_t>(eight + (byte >= 0xC0));
-      other = static_cast<std::uint8_t>(other + ((byte & 0xC0) == 0x80));
-      notLegacy = static_cast<std::uint8_t>(
-          notLegacy + ((byte >= 0xE5) | (byte == 0xC7) | (byte == 0xCE) | (byte == 0xD5) | (byte == 0xE2)));
-      notAcademy = static_cast<std::uint8_t>(notAcademy + (byte >= 0xE1));
+      ampersands -= byte == '&';
+      letters -= lower < 26;
+      eight -= byte >= 0xC0;
+      other -= follows;
+      pairs -= follows & (before >= 0xC2);
+      notLegacy -= (byte >= 0xE5) | (byte == 0xC7) | (byte == 0xCE) | (byte == 0xD5) | (byte == 0xE2);
+      notAcademy -= byte >= 0xE1;
+      const Lanes letter = ((before == 0x82) & (byte >= 0xA0)) | ((before == 0x83) & (byte != 0xBB));
+      georgian -= letter & follows & (lanesAt(block + i - kBefore) == 0xE1);
     }
-    for (std::size_t i = begin == 0 ? 1 : begin; high >= 0x80 && i < end; ++i) {
-      pairs = static_cast<std::uint8_t>(pairs + (((bytes[i] & 0xC0) == 0x80) & (bytes[i - 1] >= 0xC2)));
-    }
-    seen.high |= high;
-    seen.ampersands += ampersands;
-    seen.letters += letters;
-    seen.eight += eight;
-    seen.other += other;
-    seen.pairs += pairs;
-    seen.notLegacy += notLegacy;
-    seen.notAcademy += notAcademy;
+    for (std::size_t lane = 0; lane < kLanes; ++lane) seen.high |= high[lane];
+    seen.ampersands += sumOf(ampersands);
+    seen.letters += sumOf(letters);
+    if (seen.high < 0x80) continue;
+    seen.eight += sumOf(eight);
+    seen.other += sumOf(other);
+    seen.pairs += sumOf(pairs);
+    seen.notLegacy += sumOf(notLegacy);
+    seen.notAcademy += sumOf(notAcademy);
+    seen.georgian += sumOf(georgian);
   }
   return seen;
 }
@@ -294,6 +325,10 @@ class Reader {
   void run() {
     bool afterByte = false;
     for (std::size_t at = 0; at < text_.size();) {
+      if (simple(at)) {
+        afterByte = false;
+        continue;
+      }
       const Symbol symbol = symbolAt(text_, at, reading_, afterByte);
       afterByte = symbol.source == Source::Byte;
       std::uint32_t size = symbol.size;
@@ -315,6 +350,29 @@ class Reader {
   }
 
  private:
+  // Counts what most texts are full of and is read in one way only, and goes behind it: ASCII but references,
+  // Georgian letters in UTF-8, which are never a byte of something else. False: it is another character.
+  bool simple(std::size_t& at) {
+    const auto first = static_cast<std::uint8_t>(text_[at]);
+    if (first < 0x80 && first != '&') {
+      eight_[count_] = eightBitSymbol(first);
+      latin_[count_++] = latinTable().symbols()[first];
+      ++at;
+      return true;
+    }
+    if (first != 0xE1 || text_.size() - at < 3) return false;
+    const auto second = static_cast<std::uint8_t>(text_[at + 1]);
+    const auto third = static_cast<std::uint8_t>(text_[at + 2]);
+    if ((third & 0xC0) != 0x80) return false;
+    const auto letter = static_cast<char32_t>(0x1000 | (second & 0x3F) << 6 | (third & 0x3F));
+    if ((second & 0xC0) != 0x80 || !isGeorgian(letter)) return false;
+    ++found_.georgianUtf8;
+    eight_[count_] = latin_[count_] = 0;
+    ++count_;
+    at += 3;
+    return true;
+  }
+
   // Counts it, and gives its symbol as one of an 8-bit text.
   std::uint8_t character(const Symbol& symbol, std::size_t at, std::uint32_t& size) {
     const bool utf8 = symbol.source == Source::Utf8;
@@ -354,6 +412,14 @@ class Reader {
   std::size_t count_ = 0;
 };
 
+LatinCosts latinOf(std::string_view text, const Glance& seen) {
+  const auto& symbols = latinTable().symbols();
+  LatinCosts costs = latinTable().sum(
+      text.size(), [&](std::size_t i) { return symbols[static_cast<std::uint8_t>(text[i])]; });
+  costs.letters = seen.letters;
+  return costs;
+}
+
 }  // namespace
 
 Statistics statisticsOf(std::string_view text, Reading reading, std::size_t enough) {
@@ -361,12 +427,15 @@ Statistics statisticsOf(std::string_view text, Reading reading, std::size_t enou
   Statistics found;
   const Glance seen = glanceAt(text);
   const bool references = reading.references && seen.ampersands > 0;
-  if (references || (seen.pairs > 0 && !reading.pairsAreBytes)) {
-    Reader(text, reading, found).run();
+  // Georgian UTF-8 is read in one way only, without a look at each letter.
+  if (!references && seen.high >= 0x80 && 3 * seen.georgian == seen.eight + seen.other) {
+    found.georgianUtf8 = seen.georgian;
+    if (seen.letters > 0) found.latin = latinOf(text, seen);
     return found;
   }
   // UTF-8 of three bytes is seen even among 8-bit letters.
-  if (seen.pairs > 0 && text.find('\xE1') != std::string_view::npos) {
+  const bool utf8 = seen.pairs > 0 && (!reading.pairsAreBytes || text.find('\xE1') != std::string_view::npos);
+  if (references || utf8) {
     Reader(text, reading, found).run();
     return found;
   }
@@ -390,12 +459,7 @@ Statistics statisticsOf(std::string_view text, Reading reading, std::size_t enou
     found.notLegacy = seen.notLegacy;
     found.notAcademy = seen.notAcademy;
   }
-  if (seen.letters > 0) {
-    const auto& symbols = latinTable().symbols();
-    found.latin = latinTable().sum(
-        counted.size(), [&](std::size_t i) { return symbols[static_cast<std::uint8_t>(counted[i])]; });
-    found.latin.letters = seen.letters;
-  }
+  if (seen.letters > 0) found.latin = latinOf(counted, seen);
   return found;
 }
 

@@ -118,7 +118,23 @@ void write(char32_t c, Writing writing, std::string& out) {
   }
 }
 
-// The words of a text one after the other; `take(begin, end, kept)` gets the pieces between and the words.
+// Behind the escape that begins with the backslash at `at`: "\00C1 ", "\u10D0", "\n". The hexadecimal digits
+// of the longest one of CSS (CSS Syntax, 4.3.7), so that no letter of one is taken for a key; never a
+// byte that is no ASCII.
+std::size_t escapeEnd(std::string_view text, std::size_t at) {
+  constexpr std::size_t kMostDigits = 6;
+  std::size_t end = at + 1;
+  if (end < text.size() && (text[end] == 'u' || text[end] == 'x')) ++end;
+  const auto isHex = [](char c) {
+    return (c >= '0' && c <= '9') || ((c | 0x20) >= 'a' && (c | 0x20) <= 'f');
+  };
+  const std::size_t most = std::min(end + kMostDigits, text.size());
+  while (end < most && isHex(text[end])) ++end;
+  const bool character = end == at + 1 && end < text.size() && static_cast<std::uint8_t>(text[end]) < 0x80;
+  return character ? end + 1 : end;
+}
+
+// The words of a text one after the other.
 class Words {
  public:
   Words(std::string_view text, const Verdict& verdict)
@@ -202,7 +218,9 @@ class Writer {
 
   void run() {
     const EncodedBytes& encoded = encodedBytes(verdict_.eight);
-    const bool whole = !verdict_.keyboard || (verdict_.wholeKeyboard && verdict_.eight == Form::Western);
+    const bool escapes = verdict_.keyboard && reading_.escapes && text_.find('\\') != std::string_view::npos;
+    const bool whole =
+        !verdict_.keyboard || (verdict_.wholeKeyboard && verdict_.eight == Form::Western && !escapes);
     if (writing_ == Writing::Utf8 && whole && bytesAlone(text_, reading_)) {
       return appendEncoded(text_, verdict_.keyboard ? encodedKeys() : encoded, out_);
     }
@@ -222,6 +240,8 @@ class Writer {
           flush();
           at = word(at);
           done = at;
+        } else if (byte == '\\' && reading_.escapes) {
+          at = escapeEnd(text_, at);
         } else {
           ++at;
         }
@@ -316,12 +336,12 @@ void appendLetters(std::string_view text, const Verdict& verdict, Reading readin
   Writer(utf8, second, {reading.references, false}, writing, out).run();
 }
 
-KeyboardWords keyboardWords(std::string_view text, const Verdict& verdict) {
+KeyboardWords keyboardWords(std::string_view text, const Verdict& verdict, Reading reading) {
   KeyboardWords counts;
   Words words(text, verdict);
   for (std::size_t at = 0; at < text.size();) {
     if (!isLetter(text[at])) {
-      ++at;
+      at = text[at] == '\\' && reading.escapes ? escapeEnd(text, at) : at + 1;
       continue;
     }
     const std::size_t end = words.endOf(at);

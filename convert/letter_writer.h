@@ -30,7 +30,7 @@ struct KeyboardWords {
   std::uint32_t noKey = 0;  // of `left`: in words with letters that no key gives
 };
 // A verdict with `wholeKeyboard` set says that nothing is left.
-KeyboardWords keyboardWords(std::string_view text, const Verdict& verdict);
+KeyboardWords keyboardWords(std::string_view text, const Verdict& verdict, Reading reading);
 
 // The characters of bytes that are no UTF-8, of the form `eight`, in UTF-8; all else as it is.
 void appendReencoded(std::string_view text, Form eight, Reading reading, std::string& out);

@@ -25,6 +25,11 @@ enum class PageKind : std::uint8_t {
 enum class Place : std::uint8_t { Text, Title, Attribute, ScriptString, CssString, Comment };
 std::string_view nameOf(Place place);
 
+// Strings of code: a backslash begins an escape.
+constexpr bool hasEscapes(Place place) {
+  return place == Place::ScriptString || place == Place::CssString;
+}
+
 // Offsets are 32-bit: a page is smaller than 4 GB, and there are many of these.
 struct PagePiece {
   std::uint32_t begin = 0;

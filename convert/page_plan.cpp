@@ -64,7 +64,13 @@ class Planner {
 
   void letters() {
     Detection& found = plan_.detection;
-    plan_.changes.reserve(found.parts.pieces.size() + 2);
+    // As many as there will be at most, but for bytes outside texts: a second copy of them would be the most
+    // that a page needs.
+    const auto some = std::ranges::count_if(found.verdicts, [](const Verdict& verdict) {
+      return verdict.changesToUtf8 || verdict.changesToReferences || verdict.uncertain;
+    });
+    plan_.changes.reserve(static_cast<std::size_t>(some) + found.parts.fonts.size() +
+                          found.parts.charsets.size() + 1);
     std::size_t i = 0;
     std::size_t done = 0;
     for (const PagePiece& piece : found.parts.pieces) {
@@ -176,7 +182,8 @@ class Planner {
     }
     change.verdict.afterwards = repairsAfterwards(range, piece, verdict);
     if (verdict.keyboard) {
-      const KeyboardWords words = keyboardWords(page_.substr(range.begin, range.size()), verdict);
+      const KeyboardWords words =
+          keyboardWords(page_.substr(range.begin, range.size()), verdict, readingOf(plan_.detection, piece));
       font.converted += words.converted;
       font.left += words.left;
       change.verdict.wholeKeyboard = words.left == 0;
@@ -276,7 +283,7 @@ void takeAlong(std::vector<Change>& changes) {
 
 }  // namespace
 
-PagePlan makePlan(std::string_view page, const PlanOptions& options) {
+PagePlan PagePlan::make(std::string_view page, const PlanOptions& options, const Verdicts& settled) {
   PagePlan plan;
   plan.target = options.to;
   plan.kind_ = options.detector.parts.kind;
@@ -286,6 +293,7 @@ PagePlan makePlan(std::string_view page, const PlanOptions& options) {
   if (options.fonts == OldFonts::Exchange) plan.newFonts_ = options.newFonts;
   plan.detection = detect(page, options.detector);
   if (plan.detection.page.trouble != Trouble::None) return plan;
+  for (const auto& [piece, verdict] : settled) plan.detection.verdicts[piece] = verdict;
   const std::string declared = base::upperAscii(plan.detection.parts.declared(page));
   const bool russian =
       plan.detection.page.form == Form::Russian || declared == "WINDOWS-1251" || declared == "CP1251";
@@ -305,10 +313,82 @@ PagePlan makePlan(std::string_view page, const PlanOptions& options) {
   return plan;
 }
 
+// Adds what the page is found to be when this plan has been done; false: nothing else.
+bool PagePlan::lookAgain(std::string_view page, const PlanOptions& options, Verdicts& settled) const {
+  const std::string done = applyPlan(page, *this);
+  const PagePlan next = make(done, options, {});
+  const std::deque<PagePiece>& pieces = detection.parts.pieces;
+  const std::deque<PagePiece>& nextPieces = next.detection.parts.pieces;
+  // Where a place in `done` is in the page; for places in ascending order.
+  std::size_t i = 0;
+  std::size_t old = 0;
+  std::size_t now = 0;
+  const auto placeOf = [&](std::size_t place) {
+    for (; i < changes.size(); ++i) {
+      const Change& change = changes[i];
+      std::string put;
+      if (change.apply && !stays(change))
+        appendNewBytes(page, change, put);
+      else
+        appendLeft(page, change, put);
+      const std::size_t behind = now + (change.begin - old) + put.size();
+      if (behind > place) return std::min<std::size_t>(old + (place - now), change.begin);
+      old = change.end;
+      now = behind;
+    }
+    return old + (place - now);
+  };
+  bool more = false;
+  std::size_t piece = 0;
+  std::size_t nextPiece = 0;
+  for (const Change& change : next.changes) {
+    if (change.kind != ChangeKind::Letters || next.stays(change) ||
+        next.newBytes(done, change) == next.oldBytes(done, change)) {
+      continue;
+    }
+    while (nextPieces[nextPiece].begin < change.begin) ++nextPiece;
+    Verdict verdict = next.detection.verdicts[nextPiece];
+    verdict.changesToUtf8 = verdict.changesToReferences = true;
+    const std::size_t begin = placeOf(change.begin);
+    while (piece < pieces.size() && pieces[piece].end <= begin) ++piece;
+    if (piece == pieces.size()) break;
+    // Beside what this plan makes of it.
+    const Verdict& first = detection.verdicts[piece];
+    verdict.repair |= first.repair;
+    if (first.keyboard && !verdict.keyboard) {
+      verdict.keyboard = true;
+      verdict.reason = first.reason;
+    }
+    if (first.eightEverywhere && !verdict.eightEverywhere) {
+      verdict.eightEverywhere = true;
+      verdict.eight = first.eight;
+    }
+    settled[piece] = verdict;
+    more = true;
+  }
+  return more;
+}
+
+PagePlan makePlan(std::string_view page, const PlanOptions& options) {
+  PagePlan plan = PagePlan::make(page, options, {});
+  // Texts of one form are judged no other way when they have become UTF-8.
+  if (!(plan.uncertain() || plan.detection.severalForms()) || options.selection || options.detector.from)
+    return plan;
+  constexpr int kMostLooks = 3;
+  PlanOptions alone = options;
+  alone.choices = nullptr;
+  if (options.choices != nullptr) plan = PagePlan::make(page, alone, {});
+  PagePlan::Verdicts settled;
+  for (int look = 0; look < kMostLooks && plan.lookAgain(page, alone, settled); ++look) {
+    plan = PagePlan::make(page, alone, settled);
+  }
+  return options.choices == nullptr ? plan : PagePlan::make(page, options, settled);
+}
+
 void PagePlan::appendNewBytes(std::string_view page, const Change& change, std::string& out) const {
   const std::string_view old = oldBytes(page, change);
-  const Reading reading{change.references, detection.reading.pairsAreBytes,
-                        detection.reading.oddOnesAreBytes};
+  const Reading reading{change.references, detection.reading.pairsAreBytes, detection.reading.oddOnesAreBytes,
+                        hasEscapes(change.place)};
   switch (change.kind) {
     case ChangeKind::Letters: {
       Writing writing = Writing::Utf8;
@@ -418,7 +498,11 @@ void PagePlan::appendLeft(std::string_view page, const Change& change, std::stri
 }
 
 std::string applyPlan(std::string_view page, const PagePlan& plan) {
+  // Counted first: a text that grows needs three times its room, and counting is quick.
+  std::size_t size = 0;
+  applyPlan(page, plan, [&](std::string_view block) { size += block.size(); });
   std::string out;
+  out.reserve(size);
   applyPlan(page, plan, [&](std::string_view block) { out += block; });
   return out;
 }

@@ -92,6 +92,10 @@ class PagePlan {
 
  private:
   friend PagePlan makePlan(std::string_view page, const PlanOptions& options);
+  // What texts are found to be, where that is not what the page as it is says; by the number of the piece.
+  using Verdicts = std::unordered_map<std::size_t, Verdict>;
+  static PagePlan make(std::string_view page, const PlanOptions& options, const Verdicts& settled);
+  bool lookAgain(std::string_view page, const PlanOptions& options, Verdicts& settled) const;
   PageKind kind_ = PageKind::Html;
   bool selection_ = false;
   Form base_ = Form::Western;
@@ -100,7 +104,9 @@ class PagePlan {
   const FontTable* fonts_ = nullptr;
 };
 
-// Linear in the size of the page. A page with a Trouble has no changes.
+// Linear in the size of the page. A page with a Trouble has no changes. What the plan makes of the page it
+// leaves alone: a text that would be found to be something once those around it have become UTF-8 is found to
+// be that at once.
 PagePlan makePlan(std::string_view page, const PlanOptions& options);
 
 // The page with all changes whose `apply` is set; of those not set nothing, but bytes that are no UTF-8

@@ -15,7 +15,7 @@ constexpr int kMostTimes = 3;
 // What stands in the pages of our users: Latin-1, Cyrillic, Georgian, punctuation and signs, emoji.
 bool isLikely(char32_t c) {
   return c <= 0xFF || (c >= 0x400 && c <= 0x47F) || isGeorgian(c) || (c >= 0x2000 && c <= 0x27BF) ||
-         c == 0xFEFF || c >= 0x1F000;
+         c == 0xFEFF || (c >= 0x1F000 && c < 0x20000);
 }
 
 std::uint8_t byteAt(std::string_view text, std::size_t at) {

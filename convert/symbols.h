@@ -44,6 +44,8 @@ struct Reading {
   bool pairsAreBytes = false;
   // So are three and more whose character nobody would write: the page is not UTF-8 as a whole.
   bool oddOnesAreBytes = false;
+  // A backslash begins an escape of the language that the text is a string of.
+  bool escapes = false;
 };
 
 // The symbol at `at`, which must be inside the text. `afterByte`: the one before was a Byte.

@@ -25,12 +25,13 @@ constexpr std::string_view kTemporary = ".zervo-";
 constexpr std::string_view kTemporaryEnd = ".tmp";
 constexpr std::string_view kCheck = ",\"check\":\"";
 constexpr std::string_view kReadMe =
-    "This is what files were before zervo-cli site apply changed them: in \"pages\", under their own "
-    "names.\r\n"
-    "zervo-cli site restore FOLDER gives them all back; FOLDER is this one.\r\n\r\n"
-    "აქ ინახება ფაილები, როგორიც zervo-cli site apply-ის გაშვებამდე იყო: საქაღალდეში \"pages\", თავისი "
+    "This is what files were before Zervo converted their letters: in \"pages\", under their own names.\r\n"
+    "Zervo gives them all back: File menu, the window for a whole site. So does the command\r\n"
+    "zervo-cli site restore FOLDER; FOLDER is this one.\r\n\r\n"
+    "აქ ინახება ფაილები, როგორიც Zervo-თი ასოების გარდაქმნამდე იყო: საქაღალდეში \"pages\", თავისი "
     "სახელებით.\r\n"
-    "zervo-cli site restore FOLDER ყველას აღადგენს; FOLDER ეს საქაღალდეა.\r\n";
+    "ყველას აღადგენს Zervo: მენიუ „ფაილი“, მთელი საიტის ფანჯარა; ან ბრძანება\r\n"
+    "zervo-cli site restore FOLDER; FOLDER ეს საქაღალდეა.\r\n";
 
 // The end of a line tells whether all of it came to the disk.
 std::string checked(std::string line) {

@@ -15,6 +15,7 @@
 #include "base/error.h"
 #include "base/file_errors.h"
 #include "base/files.h"
+#include "base/hash.h"
 #include "base/path.h"
 #include "base/scoped_flag.h"
 #include "base/text.h"
@@ -30,7 +31,10 @@ constexpr std::size_t kMostNamed = 12;   // files in a question
 constexpr int kPoll = 30;                // milliseconds in which the window does nothing
 constexpr double kTellTimeFrom = 2;      // seconds; before that nobody knows
 
-const char* const kReport = "Zervo-site.html";
+// Each site's own: two windows may show theirs at the same time.
+std::string reportName(std::string_view folder) {
+  return "Zervo-site-" + base::hexOf(base::hash64(folder)) + ".html";
+}
 
 std::string number(std::size_t value) {
   return std::to_string(value);
@@ -385,7 +389,7 @@ void frmsite::takeDone(std::vector<Row> done) {
 
 void frmsite::Creport_Click() {
   if (running_ || !report_) return;
-  const std::string path = base::joinPath(base::tempFolder(), kReport);
+  const std::string path = base::joinPath(base::tempFolder(), reportName(folder_));
   run(
       [&](Observer&) {
         base::removeFile(path);
@@ -395,7 +399,7 @@ void frmsite::Creport_Click() {
         report_->write([&](std::string_view bytes) {
           if (code == 0) code = base::disk::write(file, bytes);
         });
-        std::fclose(file);
+        if (std::fclose(file) != 0 && code == 0) code = errno != 0 ? errno : EIO;
         if (code != 0) base::throwFileError(code, path);
       },
       [](FileResult&) {});

@@ -147,8 +147,7 @@ std::string work(std::string_view page, const Options& options, std::optional<Fo
   if (options.differences > 0) collect(page, plan, options.differences, result);
   std::string bytes;
   if (wanted && !plan.changes.empty()) {
-    bytes.reserve(page.size());
-    convert::applyPlan(page, plan, [&](std::string_view block) { bytes += block; });
+    bytes = applyPlan(page, plan);
     result.changes = bytes != page;
     if (!result.changes) bytes.clear();
   } else {

@@ -173,6 +173,9 @@ TEST(PagePlan, DeclaresTheCharacterSet) {
   sheet.detector.parts.kind = convert::PageKind::StyleSheet;
   EXPECT_EQ(converted("@charset \"iso-8859-1\"; p:before { content: \"" + l + "\"; quotes: 'da' }", sheet),
             "@charset \"utf-8\"; p:before { content: \"" + s + "\"; quotes: 'da' }");
+  // The digits of an escape are no keys.
+  EXPECT_EQ(converted("q:before { content: '\\00C0 \\201E Cveni saiti aris lamazi' }", sheet),
+            "@charset \"utf-8\";\r\nq:before { content: '\\00C0 \\201E ჩვენი საიტი არის ლამაზი' }");
 }
 
 TEST(PagePlan, ScriptsCommentsAndBytesElsewhere) {

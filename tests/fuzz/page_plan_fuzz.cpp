@@ -28,8 +28,6 @@ void checkPage(std::string_view page, const convert::PlanOptions& options) {
     old = change.end;
   }
   MUST(std::string_view(out).substr(now) == page.substr(old));
-  // In a page of several forms a text that was left is judged anew, beside what has become of the others.
-  if (plan.uncertain() || plan.detection.page.form == convert::Form::Mixed) return;
   const convert::PagePlan second = convert::makePlan(out, options);
   MUST(second.detection.page.trouble != convert::Trouble::None || applyPlan(out, second) == out);
 }

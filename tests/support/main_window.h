@@ -9,31 +9,12 @@
 
 #include "app/FrmH.h"
 #include "app/frmBOXa.h"
+#include "tests/support/fake_main_peer.h"
 #include "tests/support/fake_platform.h"
 #include "tests/support/memory_code_view.h"
 #include "tests/support/temp_folder.h"
 
 namespace tests {
-
-class FakeMainPeer : public ui::MainPeer {
- public:
-  void show() override { ++shown; }
-  void setState(ui::WindowState newState) override { state = newState; }
-  ui::WindowPlace place() const override { return at; }
-  void setPlace(ui::WindowPlace place) override { at = place; }
-  ui::PaneWidths paneWidths() const override { return widths; }
-  void setPaneWidths(ui::PaneWidths newWidths) override { widths = newWidths; }
-  void nextPane() override { ++panesPassed; }
-  void toolBarChanged() override {}
-  void toolBarStates() override {}
-  void menusChanged() override {}
-
-  int shown = 0;
-  ui::WindowState state = ui::WindowState::Normal;
-  ui::WindowPlace at{0, 0};
-  ui::PaneWidths widths;
-  int panesPassed = 0;
-};
 
 class MainWindowTest : public testing::Test {
  protected:
