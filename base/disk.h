@@ -39,8 +39,12 @@ bool isFree(std::string_view path);  // an existing file that nobody has made wi
 
 int rename(std::string_view from, std::string_view to);  // replaces an existing file
 // Puts `from` in the place of the existing file `to`, whose attributes, rights, owner and creation time it
-// takes over. Where it cannot have all of them nothing is done.
+// takes over. Where it cannot have all of them nothing is done. The system may need more than one step: then
+// the old file lies as asideOf(from) meanwhile.
 int replace(std::string_view from, std::string_view to);
+inline std::string asideOf(std::string_view from) {
+  return std::string(from) + ".old";
+}
 int remove(std::string_view path);  // a file or an empty folder
 int makeFolder(std::string_view path);
 int fileNames(std::string_view folder, std::vector<std::string>& names);  // adds those of its ordinary files

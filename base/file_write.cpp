@@ -45,6 +45,7 @@ class TemporaryFile {
     for (int code = EEXIST; code == EEXIST;) {
       // Short, whatever the target is called.
       path_ = folder_ + ".zervo-" + disk::newName() + ".tmp";
+      if (disk::look(disk::asideOf(path_)).kind != disk::Kind::Nothing) continue;
       noteIt(note_.emplace());  // without it the file may stay behind, no worse
       file = disk::open(path_, disk::Mode::Create);
       code = file == nullptr ? errno : 0;

@@ -9,6 +9,7 @@
 
 #include "base/disk.h"
 #include "base/file_errors.h"
+#include "base/write_notes.h"
 
 namespace base {
 namespace {
@@ -105,6 +106,8 @@ FileLock::FileLock(std::string_view path) {
   constexpr int kTries = 60;
   constexpr int kPause = 10;  // milliseconds; Windows makes up to 16 of them
   const std::string name = std::string(path) + ".lock";
+  note_ = std::make_unique<WriteNote>();
+  note_->temporary(name, name, {});
   for (int i = 0; i < kTries; ++i) {
     // Making a folder is atomic everywhere, and nobody's file can be harmed by it.
     const int code = disk::makeFolder(name);

@@ -4,6 +4,7 @@
 
 #include <cstdint>
 #include <cstdio>
+#include <memory>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -41,8 +42,11 @@ void copyInPieces(std::string_view from, std::string_view to);
 void renameFile(std::string_view from, std::string_view to);  // replaces an existing target
 void removeFile(std::string_view path);                       // a missing file is no error
 
+class WriteNote;
+
 // While it lives no other copy of the program holds the lock of the same file. Waits a second at most; then,
-// or where no lock file can be made, goes on without: a lock left behind must not stop anybody.
+// or where no lock file can be made, goes on without: a lock left behind must not stop anybody. That of a run
+// that died goes at the next start.
 class FileLock {
  public:
   explicit FileLock(std::string_view path);
@@ -52,6 +56,7 @@ class FileLock {
 
  private:
   std::string lockFile_;  // empty: not ours
+  std::unique_ptr<WriteNote> note_;
 };
 
 // Both name one existing file, whatever the spelling.

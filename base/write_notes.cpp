@@ -40,13 +40,7 @@ void finish(std::string_view note) {
     const std::string target = reader.text();
     const std::uint64_t low = reader.u32();
     const std::uint64_t sum = low | (static_cast<std::uint64_t>(reader.u32()) << 32U);
-    // The system takes the old file away before it puts the new one there, and a run can die in between.
-    const bool gone = disk::look(target).kind == disk::Kind::Nothing;
-    if (gone && fileExists(path) && sumOf(readFile(path)) == sum) {
-      disk::rename(path, target);
-    } else {
-      disk::remove(path);
-    }
+    finishReplacing(path, target, [sum](std::string_view bytes) { return sumOf(bytes) == sum; });
   } else if (kind == kRewriting) {
     const std::string before = reader.text();
     const std::string after = reader.text();
@@ -114,6 +108,21 @@ int rewriteInPlace(std::string_view path, std::string_view before, std::string_v
   }
   std::fclose(file);
   return code;
+}
+
+void finishReplacing(std::string_view path, std::string_view target,
+                     const std::function<bool(std::string_view bytes)>& isWhole) {
+  const std::string aside = disk::asideOf(path);
+  // The system takes the old file away before it puts the new one there, and a run can die in between.
+  if (disk::look(target).kind == disk::Kind::Nothing) {
+    if (fileExists(path) && isWhole(readFile(path))) {
+      renameFile(path, target);
+    } else if (fileExists(aside)) {
+      renameFile(aside, target);
+    }
+  }
+  disk::remove(path);
+  disk::remove(aside);
 }
 
 void finishInterruptedWrites() {

@@ -3,6 +3,7 @@
 #pragma once
 
 #include <cstdio>
+#include <functional>
 #include <string>
 #include <string_view>
 
@@ -31,6 +32,12 @@ class WriteNote {
 // Writes `after` over the existing file, byte by byte in its place, so that links, rights and all else of it
 // stay; `before` is what it holds. Where it cannot be written to its end it is `before` again.
 int rewriteInPlace(std::string_view path, std::string_view before, std::string_view after);
+
+// Ends what a run had begun that died before or while `path` was put in the place of `target` by
+// disk::replace: `target` is the new file or the old one, and no other is left. Asks `isWhole` of the bytes
+// of `path` where `target` is gone. Throws base::Error where that cannot be done now.
+void finishReplacing(std::string_view path, std::string_view target,
+                     const std::function<bool(std::string_view bytes)>& isWhole);
 
 // At the start of the program: takes away what dead runs left behind and ends what they had begun. A file
 // that somebody has changed since is left as it is.

@@ -1,6 +1,7 @@
 #include "convert/page_plan.h"
 
 #include <algorithm>
+#include <optional>
 
 #include "base/text.h"
 #include "base/utf8.h"
@@ -252,6 +253,34 @@ class Planner {
   PagePlan& plan_;
 };
 
+// A declaration or font that changes takes the bytes in it along: none of them is a change of its own.
+void takeAlong(std::vector<Change>& changes) {
+  const auto overlap = [](const Change& a, const Change& b) { return a.end > b.begin; };
+  if (std::ranges::adjacent_find(changes, overlap) == changes.end()) return;
+  std::vector<Change> kept;
+  std::uint32_t reach = 0;
+  for (Change& change : changes) {
+    if (change.kind == ChangeKind::Bytes) {
+      change.begin = std::max(change.begin, reach);
+      if (change.begin < change.end) kept.push_back(change);
+      continue;
+    }
+    std::optional<Change> behind;
+    if (!kept.empty() && kept.back().kind == ChangeKind::Bytes && overlap(kept.back(), change)) {
+      behind = kept.back();
+      kept.back().end = change.begin;
+      if (kept.back().begin == change.begin) kept.pop_back();
+    }
+    kept.push_back(change);
+    reach = change.end;
+    if (behind && behind->end > reach) {
+      behind->begin = reach;
+      kept.push_back(*behind);
+    }
+  }
+  changes = std::move(kept);
+}
+
 }  // namespace
 
 PagePlan PagePlan::make(std::string_view page, const PlanOptions& options, const Verdicts& settled) {
@@ -280,6 +309,7 @@ PagePlan PagePlan::make(std::string_view page, const PlanOptions& options, const
   };
   std::stable_sort(middle, plan.changes.end(), before);
   std::inplace_merge(plan.changes.begin(), middle, plan.changes.end(), before);
+  takeAlong(plan.changes);
   return plan;
 }
 
@@ -381,7 +411,13 @@ void PagePlan::appendNewBytes(std::string_view page, const Change& change, std::
     case ChangeKind::Font:
       if (change.wholeFont) return;
       const std::string names = namesWithout(old, *fonts_, newFonts_);
-      out += names.empty() ? std::string_view("sans-serif") : std::string_view(names);
+      if (names.empty()) {
+        out += "sans-serif";
+      } else if (selection_ || detection.census.isUtf8()) {
+        out += names;
+      } else {
+        appendReencoded(names, base_, reading, out);
+      }
       return;
   }
 }

@@ -12,6 +12,7 @@
 #include "base/path.h"
 #include "base/text.h"
 #include "base/web_file.h"
+#include "base/write_notes.h"
 
 namespace site {
 namespace {
@@ -156,13 +157,8 @@ void removeTemporaries(const Journals& journals, std::string_view folder) {
   for (const Kept& kept : journals.temporaries) {
     const std::string target = base::joinPath(folder, kept.file);
     const std::string path = base::joinPath(base::folderOf(target), kept.temporary);
-    if (!base::fileExists(path)) continue;
-    // The system may take the old file away before it puts the new one there, and a run can die in between.
-    const bool gone = disk::look(target).kind == disk::Kind::Nothing;
-    if (gone && base::hash64(base::readFile(path)) == kept.after)
-      disk::rename(path, target);
-    else
-      disk::remove(path);
+    base::finishReplacing(path, target,
+                          [&](std::string_view bytes) { return base::hash64(bytes) == kept.after; });
   }
 }
 

@@ -211,6 +211,7 @@ int remove(std::string_view path) {
 }
 
 int makeFolder(std::string_view path) {
+  if (const int code = faults::due()) return faults::strike(code);
   std::error_code error;
   const bool made = fs::create_directory(native(path), error);
   return error || made ? error.value() : EEXIST;

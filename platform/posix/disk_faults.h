@@ -6,8 +6,8 @@ namespace base::disk::faults {
 
 inline constexpr int kDie = -1;  // in place of an error of <cerrno>
 
-// The operation number `nth`, from 1, of those that come: making or opening a file to write, writing (of
-// which half is done), resizing, flushing, renaming.
+// The operation number `nth`, from 1, of those that come: making a folder, making or opening a file to
+// write, writing (of which half is done), resizing, flushing, renaming.
 void planAt(int nth, int code);
 bool happened();  // ends the plan
 

@@ -210,11 +210,15 @@ TEST(Files, TheNextRunEndsWhatADeadOneHadBegun) {
   const std::string torn = folder.make("torn", "NEW bytes of the o");
   const std::string foreign = folder.make("foreign", "somebody else's");
   const std::string whole = folder.make(".zervo-1-2.tmp", "the new text"), gone = folder.file("gone");
+  folder.make(".zervo-1-2.tmp.old", "the old text");
+  const std::string half = folder.make(".zervo-1-3.tmp", "the ne"), back = folder.file("back");
+  folder.make(".zervo-1-3.tmp.old", "the old text");
   const pid_t dying = fork();
   if (dying == 0) {
-    auto* const notes = new base::WriteNote[4];
+    auto* const notes = new base::WriteNote[5];
     _exit(notes[0].temporary(left, torn, "whole") != 0 ||
           notes[3].temporary(whole, gone, "the new text") != 0 ||
+          notes[4].temporary(half, back, "the new text") != 0 ||
           notes[1].rewriting(torn, "the bytes of the o", "NEW text") != 0 ||
           notes[2].rewriting(foreign, "a", "b") != 0);
   }
@@ -228,9 +232,11 @@ TEST(Files, TheNextRunEndsWhatADeadOneHadBegun) {
   EXPECT_FALSE(base::fileExists(left));
   EXPECT_FALSE(base::fileExists(whole));
   EXPECT_EQ(base::readFile(gone), "the new text") << "it died while the old file was exchanged for the new";
+  EXPECT_EQ(base::readFile(back), "the old text");
   EXPECT_EQ(base::readFile(torn), "NEW text");
   EXPECT_EQ(base::readFile(foreign), "somebody else's");
   EXPECT_TRUE(base::fileExists(mine));
+  EXPECT_EQ(base::fileNames(folder.path()).size(), 5U) << "nothing else is left";
   EXPECT_EQ(base::fileNames(folder.path() + "/zervo/Writing").size(), 1U) << "the note of the run that lives";
   unsetenv("XDG_STATE_HOME");
 }

@@ -4,11 +4,8 @@
 
 #include "editor/colour_ranges.h"
 #include "editor/editor.h"
-#include "tests/support/colour_chain.h"
 #include "tests/support/main_window.h"
-#include "tests/support/plain_rtf.h"
 #include "tests/support/random_html.h"
-#include "tests/support/rtf_reader.h"
 
 namespace {
 
@@ -21,18 +18,6 @@ std::string painted(std::size_t size, const std::vector<ui::ColourRange>& ranges
   for (const ui::ColourRange& range : ranges) {
     letters.replace(static_cast<std::size_t>(range.start), static_cast<std::size_t>(range.length),
                     static_cast<std::size_t>(range.length), "BLRG"[range.colour]);
-  }
-  return letters;
-}
-
-std::string colorsOf(const tests::RtfText& rtf) {
-  std::string letters;
-  for (const int color : rtf.colors) {
-    letters += color == 0          ? 'B'
-               : color == 0x0000FF ? 'L'
-               : color == 0xFF0000 ? 'R'
-               : color == 0x009632 ? 'G'
-                                   : '?';
   }
   return letters;
 }
@@ -127,17 +112,6 @@ TEST(Colours, OfPages) {
   };
   for (const Golden& golden : cases) {
     EXPECT_EQ(painted(golden.page.size(), editor::coloured(golden.page)), golden.colors) << golden.name;
-  }
-}
-
-// The chain itself, over a page's RTF, read by an RTF reader of the tests' own.
-TEST(Colours, RangesAreThoseOfTheChainOfReplacements) {
-  std::mt19937 random(7);  // NOLINT: the same pages in every run
-  for (int run = 0; run < 3000; ++run) {
-    const std::string text = tests::randomHtml(random, random() % 300);
-    const tests::RtfText chain = tests::readRtf(tests::colourByChain(tests::plainRtf(text, "\r\n", "F")));
-    ASSERT_EQ(chain.text, text);
-    ASSERT_EQ(painted(text.size(), editor::coloured(text)), colorsOf(chain)) << text;
   }
 }
 

@@ -84,38 +84,6 @@ TEST(Reflow, GoldenCases) {
   for (const Case& c : cases) EXPECT_EQ(rewrapAll(c.before, c.length), c.after) << c.name;
 }
 
-// The pieces that must not change, in order, found by the scanner in the text before.
-std::vector<std::string> untouchable(const std::string& text) {
-  std::vector<std::string> all;
-  for (const editor::Piece& piece : editor::scanMarkup(text)) {
-    if (piece.kind != editor::Piece::Kind::Text)
-      all.push_back(text.substr(piece.start, piece.end - piece.start));
-  }
-  return all;
-}
-
-TEST(Reflow, LosesNothingAndBreaksNoTag) {
-  std::mt19937 random(11);  // NOLINT: the same pages in every run
-  for (int run = 0; run < 3000; ++run) {
-    const std::string text = tests::randomHtml(random, random() % 400);
-    const auto start = random() % (text.size() + 1), length = random() % (text.size() - start + 1);
-    const editor::LineRange range = editor::linesOf(text, start, length);
-    ASSERT_LE(range.start, length == 0 ? 0 : start);
-    ASSERT_GE(range.end, start + length);
-    const std::string wrapped = editor::rewrap(text, range, 10 + static_cast<int>(random() % 60));
-    const std::string indented = editor::indentParagraphs(text, range, 3 + static_cast<int>(random() % 17));
-    for (const std::string& changed : {wrapped, indented}) {
-      ASSERT_EQ(withoutBlanks(changed), withoutBlanks(text)) << text;
-      ASSERT_EQ(untouchable(changed), untouchable(text)) << text;
-      ASSERT_EQ(changed.substr(0, range.start), text.substr(0, range.start));
-      const std::size_t behind = text.size() - range.end;
-      ASSERT_EQ(changed.substr(changed.size() - behind), text.substr(range.end)) << text;
-    }
-    const std::size_t moved = editor::samePlace(text, start, wrapped);
-    ASSERT_EQ(withoutBlanks(wrapped.substr(0, moved)), withoutBlanks(text.substr(0, start)));
-  }
-}
-
 TEST(Reflow, LinesHaveTheLength) {
   std::string text;
   for (int i = 0; i < 2000; ++i) text += "word" + std::to_string(i) + (i % 7 == 0 ? "\r\n" : " ");

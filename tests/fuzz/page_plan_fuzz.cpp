@@ -1,30 +1,12 @@
 // Any bytes as a page: scanner, detector and conversion. What must hold of every page is checked without
-// them. The rules' tests run it over a fixed seed; for libFuzzer it is built with -DZERVO_LIBFUZZER.
-#include <cstdint>
-#include <cstdio>
-#include <cstdlib>
-#include <random>
-#include <string>
-#include <string_view>
-
+// them.
 #include "base/utf8.h"
 #include "convert/page_plan.h"
-#ifndef ZERVO_LIBFUZZER
-#include <gtest/gtest.h>
-#endif
+#include "tests/fuzz/fuzz.h"
 
 namespace {
 
-// Stops at once, in every build, so that a fuzzer keeps the input.
-[[noreturn]] void failed(const char* condition, std::string_view page) {
-  std::fprintf(stderr, "page plan: not so: %s\n", condition);
-  for (const char c : page) std::fprintf(stderr, "\\x%02x", static_cast<std::uint8_t>(c));
-  std::fputc('\n', stderr);
-  std::abort();
-}
-
 void checkPage(std::string_view page, const convert::PlanOptions& options) {
-#define MUST(condition) ((condition) ? void() : failed(#condition, page))
   const convert::PagePlan plan = convert::makePlan(page, options);
   const std::string out = applyPlan(page, plan);
   if (plan.detection.page.trouble != convert::Trouble::None) {
@@ -48,95 +30,72 @@ void checkPage(std::string_view page, const convert::PlanOptions& options) {
   MUST(std::string_view(out).substr(now) == page.substr(old));
   const convert::PagePlan second = convert::makePlan(out, options);
   MUST(second.detection.page.trouble != convert::Trouble::None || applyPlan(out, second) == out);
-#undef MUST
 }
 
-void checkBytes(std::string_view bytes) {
+}  // namespace
+
+FUZZ(PagePlan, {"<",
+                ">",
+                "</",
+                "<!--",
+                "-->",
+                "<?",
+                "?>",
+                "<%",
+                "%>",
+                "<P>",
+                "<FONT FACE=AcadNusx>",
+                "</FONT>",
+                "<FONT FACE=\"Geo_Times\">",
+                "<STYLE>",
+                "</STYLE>",
+                ".a{font-family:AcadNusx}",
+                "p:before{content:'\xC0\xC1'}",
+                "<SCRIPT>",
+                "</SCRIPT>",
+                "'",
+                "\"",
+                "<META CHARSET=windows-1252>",
+                "<META HTTP-EQUIV=Content-Type CONTENT=\"text/html; charset=utf-8\">",
+                "<HEAD>",
+                "<TITLE>",
+                "</TITLE>",
+                "<IMG ALT=\"",
+                "<A HREF=\"\xC0\">",
+                "<B CLASS=a STYLE='font-family:LitNusx'>",
+                "@charset \"x\";",
+                "&#4304;",
+                "&#43\r\n04;",
+                "&#4305",
+                "&Agrave;",
+                "&#193;",
+                "&nbsp;",
+                "&amp;",
+                "&",
+                "Cveni saiti aris lamazi ",
+                "the quick brown fox ",
+                "\xDC\xC5\xC4\xCD\xC9 \xD3\xC0\xC9\xD4\xC9 \xC0\xD2\xC9\xD3 ",
+                "\xC4\x94",
+                "\xC0 ",
+                "\xD0\xF3\xF1\xF1\xEA\xE8\xE9 \xFF\xE7\xFB\xEA ",
+                "caf\xE9 ",
+                "\xE1\x83\x90\xE1\x83\x91 ",
+                "\xC3\xA1\xC6\x92\xC2\x90",
+                "\xC3\x83\xC2\xA9",
+                "\xC3\xA9",
+                std::string("\0", 1),
+                "\r\n",
+                " ",
+                "x",
+                "\xFF",
+                "\xE1\x83",
+                "Microsoft ",
+                "da ",
+                "a@b.ge ",
+                "\xD0\x9F\xD1\x80"}) {
   convert::PlanOptions options;
   checkPage(bytes, options);
   options.to = convert::Target::References;
   options.detector.parts.comments = true;
   checkPage(bytes, options);
 }
-
-}  // namespace
-
-#ifdef ZERVO_LIBFUZZER
-extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
-  checkBytes({reinterpret_cast<const char*>(data), size});
-  return 0;
-}
-#else
-TEST(PagePlan, KeepsItsWordOnAnyBytes) {
-  static const std::string pieces[] = {"<",
-                                       ">",
-                                       "</",
-                                       "<!--",
-                                       "-->",
-                                       "<?",
-                                       "?>",
-                                       "<%",
-                                       "%>",
-                                       "<P>",
-                                       "<FONT FACE=AcadNusx>",
-                                       "</FONT>",
-                                       "<FONT FACE=\"Geo_Times\">",
-                                       "<STYLE>",
-                                       "</STYLE>",
-                                       ".a{font-family:AcadNusx}",
-                                       "p:before{content:'\xC0\xC1'}",
-                                       "<SCRIPT>",
-                                       "</SCRIPT>",
-                                       "'",
-                                       "\"",
-                                       "<META CHARSET=windows-1252>",
-                                       "<META HTTP-EQUIV=Content-Type CONTENT=\"text/html; charset=utf-8\">",
-                                       "<HEAD>",
-                                       "<TITLE>",
-                                       "</TITLE>",
-                                       "<IMG ALT=\"",
-                                       "<A HREF=\"\xC0\">",
-                                       "<B CLASS=a STYLE='font-family:LitNusx'>",
-                                       "@charset \"x\";",
-                                       "&#4304;",
-                                       "&#43\r\n04;",
-                                       "&#4305",
-                                       "&Agrave;",
-                                       "&#193;",
-                                       "&nbsp;",
-                                       "&amp;",
-                                       "&",
-                                       "Cveni saiti aris lamazi ",
-                                       "the quick brown fox ",
-                                       "\xDC\xC5\xC4\xCD\xC9 \xD3\xC0\xC9\xD4\xC9 \xC0\xD2\xC9\xD3 ",
-                                       "\xC4\x94",
-                                       "\xC0 ",
-                                       "\xD0\xF3\xF1\xF1\xEA\xE8\xE9 \xFF\xE7\xFB\xEA ",
-                                       "caf\xE9 ",
-                                       "\xE1\x83\x90\xE1\x83\x91 ",
-                                       "\xC3\xA1\xC6\x92\xC2\x90",
-                                       "\xC3\x83\xC2\xA9",
-                                       "\xC3\xA9",
-                                       std::string("\0", 1),
-                                       "\r\n",
-                                       " ",
-                                       "x",
-                                       "\xFF",
-                                       "\xE1\x83",
-                                       "Microsoft ",
-                                       "da ",
-                                       "a@b.ge ",
-                                       "\xD0\x9F\xD1\x80"};
-  std::mt19937 random(2024);
-  const auto below = [&](std::size_t n) { return random() % n; };
-  for (int round = 0; round < 6000; ++round) {
-    std::string page;
-    for (std::size_t n = below(24); n-- > 0;) {
-      const std::string& piece = pieces[below(std::size(pieces))];
-      for (std::size_t times = below(8) == 0 ? 1 + below(12) : 1; times-- > 0;) page += piece;
-      if (below(6) == 0) page += static_cast<char>(random());
-    }
-    checkBytes(page);
-  }
-}
-#endif

@@ -1,25 +1,15 @@
 // Any bytes as a *.TFF file. A second reader of the format, made for this file alone, says what must come
-// out. The rules' tests run it over a fixed seed; docs/design.md says how libFuzzer does.
-#include <cstdint>
-#include <cstdio>
-#include <cstdlib>
+// out.
 #include <optional>
-#include <string_view>
 
 #include "base/error.h"
 #include "generators/template_formats.h"
+#include "tests/fuzz/fuzz.h"
 
 namespace {
 
 using generators::TemplateFormat;
 using generators::TemplateFormats;
-
-// Stops at once, in every build, so that a fuzzer keeps the input.
-#define MUST(condition) ((condition) ? void() : failed(#condition))
-[[noreturn]] void failed(const char* condition) {
-  std::fprintf(stderr, "template formats: not so: %s\n", condition);
-  std::abort();
-}
 
 struct Expected {
   TemplateFormats templates;
@@ -66,20 +56,20 @@ void checkParts(const TemplateFormat& format) {
 
 }  // namespace
 
-extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
-  const std::string_view bytes(reinterpret_cast<const char*>(data), size);
-  const auto wanted = expected(data, size);
+FUZZ(TemplateFormats,
+     {std::string("\0\0\1\0T\6\0X<\xA7$\xA7>", 13), "\xFF\xFF", "\xFF\x7F", std::string("\0\0", 2),
+      std::string("\2\0", 2), std::string("\1\0A", 3), std::string("\0\x80", 2), "<\xA7$\xA7>", "z"}) {
+  const auto wanted = expected(reinterpret_cast<const std::uint8_t*>(bytes.data()), bytes.size());
   TemplateFormats templates;
   try {
     templates = generators::decodeTemplates(bytes);
   } catch (const base::Error& error) {
     MUST(error.number() == base::ErrorNumber::BadFileFormat);
     MUST(!wanted);
-    return 0;
+    return;
   }
   MUST(wanted);
   MUST(templates == wanted->templates);
   MUST(generators::encodeTemplates(templates) == bytes.substr(0, wanted->size));
   for (const TemplateFormat& format : templates) checkParts(format);
-  return 0;
 }

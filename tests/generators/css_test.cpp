@@ -271,59 +271,7 @@ TEST(Css, RealSheetsStayWhereverTheCaretIs) {
   }
 }
 
-TEST(Css, BrokenTextsLoseNothing) {
-  const std::vector<std::string> parts = {
-      "a",       "{",         "}",       ";",          ":",      " ",    "\r\n",         "\"",      "'",
-      "/*",      "*/",        "(",       ")",          "[",      "]",    "url(",         "\\",      "@media",
-      "@import", "<!--",      "-->",     "!important", "color",  "<?",   "?>",           "&quot;",  "&#39;",
-      "&",       "<P STYLE=", "<STYLE>", "</STYLE>",   ">",      "\xC0", "\xE1\x83\x90", ",",       "=",
-      "<B>",     "</B>",      "x: 1; ",  "<PRE>",      "</PRE>", "--x:", "&:b{",         "<? \" ?>"};
-  std::mt19937 random(7);
-  int rules = 0;
-  for (int round = 0; round < 6000; ++round) {
-    std::string text;
-    for (std::size_t n = random() % 40; n-- > 0;) text += parts[random() % parts.size()];
-    const bool sheet = round % 2 == 0;
-    for (const auto spelling : {generators::CssSpelling::Sheet, generators::CssSpelling::Attribute}) {
-      std::size_t end = 0;
-      for (const auto& token : generators::scanCss(text, spelling)) {
-        ASSERT_EQ(token.start, end);
-        ASSERT_GT(token.end, end);
-        end = token.end;
-      }
-      ASSERT_EQ(end, text.size());
-    }
-    const CssPlace place =
-        generators::cssPlace(text, random() % (text.size() + 1), random() % 3 == 0 ? random() % 5 : 0, sheet);
-    if (place.kind == Kind::Nothing) continue;
-    ASSERT_LE(place.start, place.end);
-    ASSERT_LE(place.end, text.size());
-    CssEdit edit(text, place);
-    if (place.kind == Kind::Rule || place.kind == Kind::Attribute) {
-      ++rules;
-      ASSERT_EQ(edit.written(), edit.text()) << text;
-    }
-    // Every text between the values is still there, in order.
-    std::string rest = edit.written();
-    for (auto& entry : edit.entries) entry.value = entry.value.empty() ? "" : "Q";
-    edit.entries.push_back({"n", "N", true, -1});
-    const std::string changed = edit.written();
-    ASSERT_LE(edit.caret(), changed.size());
-    std::size_t at = 0;
-    if (place.kind == Kind::Rule && place.closed) {
-      const std::string block = text.substr(place.blockStart, place.blockEnd - place.blockStart);
-      std::size_t done = 0;
-      for (const auto& declaration : generators::readDeclarations(block, generators::CssSpelling::Sheet)) {
-        const std::string between = block.substr(done, declaration.valueStart - done);
-        at = changed.find(between, at);
-        ASSERT_NE(at, std::string::npos) << text << "\n-> " << changed;
-        at += between.size();
-        done = declaration.valueEnd;
-      }
-    }
-  }
-  EXPECT_GT(rules, 300);
-  // Brackets that never close take no longer than others.
+TEST(Css, BracketsThatNeverCloseTakeNoLonger) {
   for (const char* part : {"(", "[", "{", "/*", "url(", "\"", "<P STYLE='", "a{"}) {
     std::string text;
     while (text.size() < 200000) text += part;

@@ -9,14 +9,7 @@
 #include "generators/generators.h"
 #include "tests/support/main_window.h"
 
-extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size);
-
 namespace {
-
-// Ends the test program when the rules are wrong about the bytes.
-void fuzz(const std::string& bytes) {
-  LLVMFuzzerTestOneInput(reinterpret_cast<const std::uint8_t*>(bytes.data()), bytes.size());
-}
 
 using generators::TemplateFormat;
 using generators::TemplateFormats;
@@ -70,21 +63,6 @@ TEST(Templates, DamagedFilesAreRefusedOrReadForWhatTheySay) {
                                    TemplateFormat::of("c", "x<\xA7$\xA7>", "y")});
   for (std::size_t size = 0; size < good.size(); ++size) {
     EXPECT_ANY_THROW(generators::decodeTemplates(good.substr(0, size)));
-    fuzz(good.substr(0, size));
-  }
-  std::mt19937 random(1);
-  constexpr std::array<char, 6> kEdges = {'\0', '\1', '\x7F', '\x80', '\xFF', '\xA7'};
-  for (int round = 0; round < 20000; ++round) {
-    std::string bytes = good + std::string(random() % 3, 'z');
-    const auto place = [&] { return random() % bytes.size(); };
-    for (std::uint32_t changes = random() % 4; changes > 0; --changes) {
-      const std::uint32_t way = random() % 4;
-      if (way == 0) bytes[place()] = static_cast<char>(random());
-      if (way == 1) bytes[place()] = kEdges[random() % kEdges.size()];
-      if (way == 2 && bytes.size() > 1) bytes.erase(place(), 1);
-      if (way == 3) bytes.insert(place(), good.substr(random() % good.size(), random() % 6));
-    }
-    fuzz(bytes);
   }
 }
 

@@ -1,12 +1,44 @@
 // The program is killed while the user works, and started again.
+#include <array>
+#include <chrono>
 #include <cstdlib>
 #include <optional>
 #include <random>
+#include <set>
 
 #include "tests/gui/fixture.h"
 
 namespace gui {
 namespace {
+
+// When to kill: in the time that the first round was seen to take, or a little later.
+class Moments {
+ public:
+  // Until the file is another one. Asked without opening it, which would be in the way.
+  void learn(const std::filesystem::path& file) {
+    const auto look = [&file] {
+      WIN32_FILE_ATTRIBUTE_DATA data{};
+      GetFileAttributesExW(file.c_str(), GetFileExInfoStandard, &data);
+      return std::array{data.nFileSizeLow, data.ftLastWriteTime.dwLowDateTime};
+    };
+    const auto before = look();
+    const auto start = std::chrono::steady_clock::now();
+    while (look() == before || look()[1] == 0) {
+      if (std::chrono::steady_clock::now() - start > std::chrono::seconds(30)) throw Failure("no write");
+    }
+    takes_ = std::chrono::steady_clock::now() - start;
+  }
+  // Without sleeping, which could not be that short.
+  void wait() {
+    const auto end = std::chrono::steady_clock::now() + takes_ * (random_() % 1000) / 800;
+    while (std::chrono::steady_clock::now() < end) {
+    }
+  }
+
+ private:
+  std::chrono::steady_clock::duration takes_{};
+  std::mt19937 random_{19};
+};
 
 class Killed : public Session {
  protected:
@@ -32,6 +64,7 @@ TEST_F(Killed, WhileTypingLosesTheLastTwoSecondsAtMost) {
   const auto path = file(L"page.html", page);
   std::mt19937 random(18);
   std::string typed;
+  DWORD longest = 0;  // milliseconds from the first letter that was lost to the kill
   std::optional<Zervo> zervo(std::in_place, folder / L"Zervo.exe", L"\"" + path.wstring() + L"\"");
   zervo->waitForText(page);
   for (int round = 0; round < rounds(); ++round) {
@@ -66,6 +99,11 @@ TEST_F(Killed, WhileTypingLosesTheLastTwoSecondsAtMost) {
     ASSERT_TRUE(text.ends_with(typed + page)) << text;
     const std::string kept = text.substr(0, text.size() - typed.size() - page.size());
     EXPECT_GE(kept.size(), least);
+    for (const auto& [time, size] : when) {
+      if (size <= kept.size()) continue;
+      longest = std::max(longest, killed - time);
+      break;
+    }
     EXPECT_EQ(kept, added.substr(0, kept.size()));
     typed = kept + typed;
     ASSERT_EQ(readBytes(path), page);
@@ -75,6 +113,7 @@ TEST_F(Killed, WhileTypingLosesTheLastTwoSecondsAtMost) {
   zervo->waitUntilFree();
   leave(*zervo);
   EXPECT_TRUE(std::filesystem::is_empty(folder / L"Recovery"));
+  std::printf("lost at most the last %lu ms\n", longest);
 }
 
 // The file is whole old or whole new after the next start, and nothing else lies in its folder.
@@ -84,7 +123,7 @@ TEST_F(Killed, WhileSavingLeavesTheFileWholeOldOrWholeNew) {
   const auto path = pages / L"page.txt";
   std::string before(300'000, 'o');
   writeBytes(path, before);
-  std::mt19937 random(19);
+  Moments moments;
   int saved = 0;
   for (int round = 0; round < rounds(); ++round) {
     SCOPED_TRACE(round);
@@ -95,8 +134,13 @@ TEST_F(Killed, WhileSavingLeavesTheFileWholeOldOrWholeNew) {
     zervo->type(letter);
     const std::string after = static_cast<char>(letter) + before;
     zervo->waitForText(after);
+    zervo->waitUntilFree();
     zervo->command(mnuSave);
-    Sleep(random() % 60);
+    if (round == 0) {
+      moments.learn(path);
+    } else {
+      moments.wait();
+    }
     zervo.reset();
     open();  // what the start does is done when the window is there
     const std::string now = readBytes(path);
@@ -107,6 +151,86 @@ TEST_F(Killed, WhileSavingLeavesTheFileWholeOldOrWholeNew) {
     std::filesystem::remove_all(folder / L"Recovery");
   }
   std::printf("%d of %d saves were done\n", saved, rounds());
+}
+
+// What the user does, up to the click that writes, and the file that it changes.
+struct SmallFile {
+  std::wstring name;
+  std::string before;
+  std::function<void(const Zervo&)> write;
+  std::string after{};  // found out in the first round of each
+  int rounds = 0, written = 0;
+  Moments moments{};
+};
+
+TEST_F(Killed, WhileSmallFilesAreWrittenEachIsWholeOldOrWholeNew) {
+  const auto one = file(L"one.html", "one"), two = file(L"two.html", "two");
+  const std::string settings = readBytes(builtProgram().parent_path() / L"props.ini");
+  std::vector<SmallFile> files;
+  files.push_back({L"props.ini", settings, [](const Zervo& zervo) {
+                     zervo.command(mnuproperties);
+                     const HWND form = shownForm(L"frmproperties");
+                     fill(form, IDC_frmproperties_Tsize, L"17");
+                     press(form, IDC_frmproperties_Capply);
+                   }});
+  files.push_back({L"recentF.ini", utf8(one.wstring()) + "\r\n" + utf8(two.wstring()) + "\r\n",
+                   [](const Zervo& zervo) { zervo.command(mnurecent1 + 1); }});
+  files.push_back({L"FTP.ini", "A\x01h\x01u\x01\x01/", [](const Zervo& zervo) {
+                     zervo.command(mnuupload);
+                     const HWND form = shownForm(L"frmupload");
+                     SendMessageW(GetDlgItem(form, IDC_frmupload_Command4), BM_CLICK, 0, 0);
+                     SendMessageW(GetDlgItem(form, IDC_frmupload_Command2), BM_CLICK, 0, 0);
+                     fill(form, IDC_frmupload_Text2, L"second");
+                     press(form, IDC_frmupload_Command2 + 1);
+                   }});
+  files.push_back({L"formats.TFF", std::string("\0\0\1\0T\6\0X<\xA7$\xA7>", 13), [](const Zervo& zervo) {
+                     zervo.command(mnutempformat);
+                     const HWND form = shownForm(L"frmtempformat");
+                     fill(form, IDC_frmtempformat_Tsaxeli, L"second");
+                     fill(form, IDC_frmtempformat_Tfor, L"<B>");
+                     press(form, IDC_frmtempformat_Cadd);
+                   }});
+  files.push_back({L"site.WEB", "one.html\r\ntwo.html\r\nSTOPF=one.html\r\n", [](const Zervo& zervo) {
+                     zervo.waitForText("one");
+                     zervo.clickNode("two.html");
+                     zervo.waitForText("two");
+                     zervo.waitUntilFree();
+                     zervo.command(mnuSaveWEB);
+                   }});
+  std::set<std::wstring> names = {L"Zervo.exe", L"Recovery", L"one.html", L"two.html"};
+  for (const SmallFile& small : files) names.insert(small.name);
+  const auto wanted = std::max(rounds(), static_cast<int>(files.size()));
+  for (int round = 0; round < wanted; ++round) {
+    SCOPED_TRACE(round);
+    SmallFile& small = files[static_cast<std::size_t>(round) % files.size()];
+    for (const SmallFile& other : files) file(other.name, other.before);
+    const bool project = small.name.ends_with(L".WEB");
+    std::optional<Zervo> zervo(project ? open({folder / small.name}) : open());
+    zervo->waitUntilFree();
+    small.write(*zervo);
+    const auto path = folder / small.name;
+    if (small.rounds++ == 0) {
+      small.moments.learn(path);
+      small.after = readBytes(path);
+    } else {
+      small.moments.wait();
+    }
+    zervo.reset();
+    open();
+    for (const SmallFile& each : files) {
+      const std::string now = readBytes(folder / each.name);
+      const bool opened = project && each.name == L"recentF.ini";  // the project is a recent file
+      ASSERT_TRUE(now == each.before || (&each == &small && now == each.after) || opened) << utf8(each.name);
+      if (&each == &small && now == each.after) ++small.written;
+    }
+    for (const auto& entry : std::filesystem::directory_iterator(folder.path)) {
+      ASSERT_TRUE(names.contains(entry.path().filename().wstring())) << utf8(entry.path().wstring());
+    }
+    std::filesystem::remove_all(folder / L"Recovery");
+  }
+  for (const SmallFile& small : files) {
+    std::printf("%s: %d of %d writes were done\n", utf8(small.name).c_str(), small.written, small.rounds);
+  }
 }
 
 // A large page is kept by what changes; nobody waits for it. Untitled ones come back, too.

@@ -5,54 +5,25 @@
 
 #include <algorithm>
 #include <chrono>
-#include <clocale>
-#include <cwctype>
 #include <random>
 
-#include "base/cp1252.h"
 #include "base/error.h"
 #include "base/utf8.h"
 #include "search/letter_case.h"
+#include "tests/support/plain_find.h"
 
 namespace {
 
 using namespace search;
 
-// The C library's idea of lower case, byte by byte.
-std::uint8_t libraryLowerCase(int byte) {
-  static const char* const locale = std::setlocale(LC_CTYPE, "C.UTF-8");
-  if (locale == nullptr) return 0;
-  const auto lower = static_cast<char32_t>(std::towlower(base::charOfByte(static_cast<std::uint8_t>(byte))));
-  return base::byteOfChar(lower).value_or(static_cast<std::uint8_t>(byte));
-}
+using tests::libraryLowerCase;
+using tests::plainAll;
 
 TEST(LetterCase, IsThatOfTheWesternCodePage) {
   for (int byte = 0; byte < 256; ++byte) {
-    EXPECT_EQ(lowerCase(static_cast<char>(byte)), libraryLowerCase(byte)) << "byte " << byte;
+    EXPECT_EQ(lowerCase(static_cast<char>(byte)), libraryLowerCase(static_cast<std::uint8_t>(byte)))
+        << "byte " << byte;
   }
-}
-
-bool equalAt(const std::string& text, std::size_t at, const std::string& term, Comparison comparison) {
-  if (at + term.size() > text.size()) return false;
-  for (std::size_t i = 0; i < term.size(); ++i) {
-    const char a = text[at + i], b = term[i];
-    if (a == b) continue;
-    if (comparison == Comparison::Exact) return false;
-    if (libraryLowerCase(static_cast<std::uint8_t>(a)) != libraryLowerCase(static_cast<std::uint8_t>(b)))
-      return false;
-  }
-  return true;
-}
-
-std::vector<std::size_t> plainAll(const std::string& text, const std::string& term, Comparison comparison,
-                                  Range range) {
-  std::vector<std::size_t> places;
-  for (std::size_t at = range.begin; at < range.end;) {
-    const bool here = equalAt(text, at, term, comparison);
-    if (here) places.push_back(at);
-    at += here ? term.size() : 1;
-  }
-  return places;
 }
 
 struct Case {

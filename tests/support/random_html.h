@@ -7,7 +7,7 @@
 
 namespace tests {
 
-inline std::string randomHtml(std::mt19937& random, std::size_t size) {
+inline const std::vector<std::string>& htmlParts() {
   static const std::vector<std::string> kParts = {"<",
                                                   ">",
                                                   "\"",
@@ -60,8 +60,12 @@ inline std::string randomHtml(std::mt19937& random, std::size_t size) {
                                                   "<P>",
                                                   "\r\n\r\n",
                                                   "<IMG SRC=\"a b\">"};
+  return kParts;
+}
+
+inline std::string randomHtml(std::mt19937& random, std::size_t size) {
   std::string text;
-  while (text.size() < size) text += kParts[random() % kParts.size()];
+  while (text.size() < size) text += htmlParts()[random() % htmlParts().size()];
   return text;
 }
 

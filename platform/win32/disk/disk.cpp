@@ -260,8 +260,17 @@ int replace(std::string_view from, std::string_view to) {
   SetFileAttributesW(source.c_str(), data.dwFileAttributes);
   // New files of a folder mostly have the rights of its old ones. Copied ones are not everywhere the same.
   if (rightsOf(kept) != rightsOf(source)) return EPERM;
-  return result(
-      ReplaceFileW(kept.c_str(), source.c_str(), nullptr, REPLACEFILE_IGNORE_MERGE_ERRORS, nullptr, nullptr));
+  // Under a name that is known: without one the system makes one up, and who dies meanwhile leaves the old
+  // file under it.
+  const std::wstring aside = native(asideOf(from));
+  const int code = result(ReplaceFileW(kept.c_str(), source.c_str(), aside.c_str(),
+                                       REPLACEFILE_IGNORE_MERGE_ERRORS, nullptr, nullptr));
+  if (code == 0) {
+    DeleteFileW(aside.c_str());
+  } else if (look(to).kind == Kind::Nothing) {
+    MoveFileExW(aside.c_str(), kept.c_str(), 0);
+  }
+  return code;
 }
 
 int remove(std::string_view path) {
