@@ -174,6 +174,7 @@ class FrmH final : public ui::MainForm, public Workbench {
   bool settleWithFile(std::int16_t index, Purpose purpose);
   void fileVanished(std::int16_t index);
   void reload(std::int16_t index, std::string_view bytes, const base::FileTrace& trace);
+  void keepBackup(const std::string& path, std::string_view text);
   void writeText(const std::string& path, std::int16_t index);
   void showNotice();
   void cutOldEnd();

@@ -83,8 +83,21 @@ void FrmH::reload(std::int16_t index, std::string_view bytes, const base::FileTr
   showCaption();
 }
 
+// Without it nothing is written: the user relies on it.
+void FrmH::keepBackup(const std::string& path, std::string_view text) {
+  if (!Props.KeepBackup || !base::fileExists(path)) return;
+  try {
+    const std::string before = base::readFile(path);
+    if (before != text) base::writeFile(path + ".bak", before);
+  } catch (const base::Error& error) {
+    throw base::Error(error.number(), std::string("წინა ვერსია ვერ შეინახა, ამიტომ ფაილი არ ჩაწერილა. ") +
+                                          "ამის გამორთვა პარამეტრებში შეიძლება.\r\n\r\n" + error.what());
+  }
+}
+
 void FrmH::writeText(const std::string& path, std::int16_t index) {
   const std::string_view text = documentText(index);
+  keepBackup(path, text);
   std::string tail;
   if (Props.CutOldEnd) {
     base::writeFile(path, text);

@@ -59,6 +59,7 @@ struct PropsRecord {
 
   bool ReopenSession = false;  // all documents of the last run come back at start
   bool CutOldEnd = false;      // a shorter text saved over a longer file leaves nothing of it
+  bool KeepBackup = false;     // what a document's file held before a save is kept beside it, as ".bak"
 
   bool operator==(const PropsRecord&) const = default;
 };
@@ -100,6 +101,7 @@ void eachField(Record& props, Visit&& visit) {
   visit(props.NewPageSkeleton, false);
   visit(props.ReopenSession, false);
   visit(props.CutOldEnd, false);
+  visit(props.KeepBackup, false);
 }
 
 // The settings that the program is shipped with.

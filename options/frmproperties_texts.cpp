@@ -15,6 +15,8 @@ std::span<const frmproperties::Tick> frmproperties::ticks() {
        "დაწყებისას ბოლო სეანსის ყველა &დოკუმენტის გახსნა"},
       {IDC_frmproperties_CKcutend, &Props::CutOldEnd, Page::Editor,
        "შენახვისას ძველი, გრძელი ფაილის &ბოლოს მოჭრა"},
+      {IDC_frmproperties_CKbackup, &Props::KeepBackup, Page::Editor,
+       "შენახვისას ფაილის წინა &ვერსიის დატოვება იქვე, .bak"},
       {IDC_frmproperties_CKbold, &Props::EditorFontBold, Page::Editor, "&მუქი"},
       {IDC_frmproperties_CKitalic, &Props::EditorFontItalic, Page::Editor, "დახ&რილი"},
       {IDC_frmproperties_CKwrap, &Props::WordWrap, Page::Editor, "გრძელი სტრიქონების გადა&ტანა"},

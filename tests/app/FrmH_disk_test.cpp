@@ -115,6 +115,26 @@ TEST_F(Disk, TheOldEndIsToldAndCutOffWhereThatIsWanted) {
   EXPECT_FALSE(H->Lnotice.visible());
 }
 
+TEST_F(Disk, ThePreviousVersionIsKeptWhereThatIsWanted) {
+  const std::string kept = a + ".bak";
+  start(a);
+  type("x");
+  H->runCommand(mnuSave);
+  EXPECT_FALSE(base::fileExists(kept));
+  H->Props.KeepBackup = true;
+  type("y");
+  H->runCommand(mnuSave);
+  H->runCommand(mnuSave);  // the same text is no version
+  EXPECT_EQ(base::readFile(kept), "x0123456789");
+  type("z");
+  base::removeFile(kept);
+  folder.makeFolder("a.html.bak");
+  expectBoxWith(kept, kAnswerOk);
+  H->runCommand(mnuSave);
+  EXPECT_EQ(base::readFile(a), "xy0123456789");
+  EXPECT_TRUE(H->FileChanged);
+}
+
 TEST_F(Disk, OneFileIsOneDocumentHoweverItIsSpelled) {
   std::filesystem::create_directory_symlink(folder.path(), folder.path() + "/link");
   const std::string other = folder.path() + "/link/a.html";

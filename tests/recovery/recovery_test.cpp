@@ -151,6 +151,34 @@ TEST_F(Recovering, TextNamePlaceViewAndOrderComeBack) {
   EXPECT_EQ(left().size(), 1u);  // the list of the run that lives
 }
 
+TEST_F(Recovering, AProjectComesBackWithItsDocumentsInTheirOrder) {
+  const std::string a = folder.make("a.html", "Alpha"), b = folder.make("b.html", "Beta"),
+                    outside = folder.makeFolder("x") + "\\o.css";
+  base::writeFile(outside, "O");
+  const std::string project = folder.make("site.WEB", "a.html\r\nb.html\r\nSTOPF=b.html\r\n");
+  begin();
+  life->window.ofnen(project);
+  life->window.ofnen(outside);
+  life->window.moveDocument(1, 0);
+  life->window.showDocument(1);
+  T1.setText("Alpha, changed");
+  T1.select(4, 1);
+  die();
+  expectOffer({"a.html"}, [](recovery::frmrecovery& form) { form.COK.click(); });
+  begin();
+  app::ColectionMain& list = life->window.WebProject;
+  EXPECT_TRUE(list.WEBopened);
+  EXPECT_EQ(list.WEBpath + list.WEBtitle, project);
+  EXPECT_EQ(life->titles(), (std::vector<std::string>{"b.html", "a.html", "o.css"}));
+  EXPECT_TRUE(list.Item(1).IsInWEB);
+  EXPECT_FALSE(list.Item(2).IsInWEB);
+  EXPECT_EQ(life->window.CurrentFilePath, a);
+  EXPECT_EQ(T1.text(), "Alpha, changed");
+  EXPECT_EQ(T1.selStart(), 4);
+  life->window.runCommand(mnuSave);
+  EXPECT_EQ(base::readFile(a), "Alpha, changed");
+}
+
 TEST_F(Recovering, WhatIsTypedWithoutAMarkIsKeptAndWhatIsSavedIsNot) {
   const std::string a = folder.make("a.html", "Alpha"), c = folder.make("c.gif", "GIF");
   begin();
