@@ -151,6 +151,9 @@ class Planner {
   void text(const PagePiece& piece, Verdict verdict) {
     FontUse& font = plan_.detection.parts.fonts[piece.font];
     Range range{piece.begin, piece.end};
+    // The mark of UTF-8 is no letter of the page, and a reference in its place would be one.
+    if (range.begin == 0 && page_.starts_with(kUtf8Mark)) range.begin = std::min(kUtf8Mark.size(), range.end);
+    if (range.empty()) return;
     if (options_.selection) {
       range = {std::max(range.begin, options_.selection->begin),
                std::min(range.end, options_.selection->end)};

@@ -176,6 +176,17 @@ TEST(PagePlan, DeclaresTheCharacterSet) {
   // The digits of an escape are no keys.
   EXPECT_EQ(converted("q:before { content: '\\00C0 \\201E Cveni saiti aris lamazi' }", sheet),
             "@charset \"utf-8\";\r\nq:before { content: '\\00C0 \\201E ჩვენი საიტი არის ლამაზი' }");
+  convert::PlanOptions references;
+  references.to = convert::Target::References;
+  EXPECT_EQ(converted("\xEF\xBB\xBFx<P>\xE1\x83\x90", references), "\xEF\xBB\xBFx<P>&#4304;")
+      << "a mark is no letter";
+  // Bytes in what changes as a whole are no change of their own.
+  const std::string odd =
+      "<META CHARSET=win\xED"
+      "ows><P>" +
+      l;
+  EXPECT_EQ(converted(odd), "<META CHARSET=utf-8><P>" + s);
+  EXPECT_EQ(convert::makePlan(odd, {}).changes.size(), 2U);
 }
 
 TEST(PagePlan, ScriptsCommentsAndBytesElsewhere) {
