@@ -115,6 +115,15 @@ std::optional<std::string> inputBox(ui::Platform& platform, const ui::Text& prom
   return std::string(base::trimSpaces(box.Tanswer.text()));
 }
 
+std::optional<std::string> passwordBox(ui::Platform& platform, const ui::Text& prompt, ui::Text title) {
+  frmBOXa box(frmBOXa::Kind::Input, prompt, std::move(title), ui::IconBox::Sign::None);
+  box.blanksCount = true;
+  box.Tanswer.setMasked(true);
+  platform.showModal(box);
+  if (box.answer() != kAnswerOk) return std::nullopt;
+  return box.Tanswer.text();
+}
+
 std::optional<std::vector<std::size_t>> choiceBox(ui::Platform& platform, const ui::Text& prompt,
                                                   ui::Text title, const std::vector<std::string>& rows) {
   frmBOXa box(frmBOXa::Kind::Choice, prompt, std::move(title), ui::IconBox::Sign::None);

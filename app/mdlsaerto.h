@@ -47,6 +47,8 @@ std::string messageBox(ui::Platform& platform, const ui::Text& text, ui::Text ti
                        ui::IconBox::Sign sign = ui::IconBox::Sign::Information);
 std::optional<std::string> inputBox(ui::Platform& platform, const ui::Text& prompt, ui::Text title,
                                     std::string proposal = {}, Blanks blanks = Blanks::Trimmed);
+// What is typed is shown as dots, and kept nowhere.
+std::optional<std::string> passwordBox(ui::Platform& platform, const ui::Text& prompt, ui::Text title);
 std::optional<std::vector<std::size_t>> choiceBox(
     ui::Platform& platform, const ui::Text& prompt, ui::Text title,
     const std::vector<std::string>& rows);  // all ticked at first

@@ -18,8 +18,9 @@
 namespace program {
 
 struct Program::Parts {
-  Parts(ui::Platform& platform, ui::CodeView& codeView) : window(platform, codeView) {
-    project::attach(window);
+  Parts(ui::Platform& platform, ui::CodeView& codeView, const publish::MakeTransport& connect)
+      : window(platform, codeView) {
+    project::attach(window, connect);
     recent::attach(window);
     print::attachPrinting(window);
     attachAbout(window);
@@ -36,8 +37,8 @@ struct Program::Parts {
   std::unique_ptr<recovery::Recovery> recovering = recovery::attach(window);
 };
 
-Program::Program(ui::Platform& platform, ui::CodeView& codeView)
-    : parts_(std::make_unique<Parts>(platform, codeView)) {}
+Program::Program(ui::Platform& platform, ui::CodeView& codeView, const publish::MakeTransport& connect)
+    : parts_(std::make_unique<Parts>(platform, codeView, connect)) {}
 
 Program::~Program() = default;
 

@@ -4,6 +4,7 @@
 #include <memory>
 #include <string>
 
+#include "publish/transport.h"
 #include "ui/code_view.h"
 #include "ui/main_form.h"
 #include "ui/platform/platform.h"
@@ -12,8 +13,9 @@ namespace program {
 
 class Program {
  public:
-  // Both must outlive the program. Nothing is shown or read yet.
-  Program(ui::Platform& platform, ui::CodeView& codeView);
+  // Both must outlive the program. `connect` makes the connections of publishing. Nothing is shown or read
+  // yet.
+  Program(ui::Platform& platform, ui::CodeView& codeView, const publish::MakeTransport& connect);
   ~Program();
 
   ui::MainForm& window();

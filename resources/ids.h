@@ -61,6 +61,7 @@
 #define mnuwebRename 40033
 
 #define mnuupload 40051
+#define mnupublish 40052
 
 #define mnusite 40061  // the letters of a whole site
 

@@ -78,7 +78,7 @@ zervo_folder(editor RULES_NEED base markup NEED ui app convert
              SPEAKERS editor colour_ranges colouring document_reference entities insertion list_keys pair_grid
                       shown_bytes tag_palette)
 zervo_folder(search RULES_NEED base convert NEED ui app convert SPEAKERS followed_text insert_menu)
-zervo_folder(project RULES_NEED base NEED ui app SPEAKERS html_header mdlFTP upload_run)
+zervo_folder(project RULES_NEED base publish NEED ui app SPEAKERS html_header mdlFTP upload_run LINK Threads::Threads)
 zervo_folder(generators RULES_NEED base editor NEED ui app editor
              SPEAKERS generators frame_geometry selection)
 zervo_folder(recent RULES_NEED base NEED ui app)
@@ -87,5 +87,5 @@ zervo_folder(preview RULES_NEED base markup convert NEED ui app SPEAKERS preview
 zervo_folder(options SPEAKERS "*" NEED base ui app)
 zervo_folder(recovery RULES_NEED base NEED ui app)
 zervo_folder(program SPEAKERS "*"
-             NEED base ui app convert editor search project generators recent print preview options recovery site)
+             NEED base ui app convert editor search project generators recent print preview options recovery site publish)
 file(COPY_FILE ${CMAKE_BINARY_DIR}/folders.new ${CMAKE_BINARY_DIR}/folders.txt ONLY_IF_DIFFERENT)

@@ -1,4 +1,5 @@
 // The process entry: one thread, one message loop.
+#include "platform/curl/curl_transport.h"
 #include "platform/win32/cli/command_line.h"
 #include "platform/win32/code_view/code_view.h"
 #include "platform/win32/drawing/fonts.h"
@@ -30,7 +31,7 @@ int run() {
   const win32::BundledFonts fonts;
   win32::Win32Platform platform;
   win32::CodeView codeView;
-  program::Program program(platform, codeView);
+  program::Program program(platform, codeView, platform::makeCurlTransport);
   const win32::MainWindow window(program.window(), codeView);
   program.start(win32::utf8FromWide(commandLine()));
   const int result =

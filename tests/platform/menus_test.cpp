@@ -36,7 +36,7 @@ class WholeProgram {
 
   QuitTaken quit_;
   win32::Win32Platform platform_;
-  program::Program program_{platform_, view};
+  program::Program program_{platform_, view, nullptr};
   win32::MainWindow window_{program_.window(), view};
 };
 

@@ -5,6 +5,7 @@ import os
 import pathlib
 import pwd
 import shutil
+import signal
 import socket
 import subprocess
 import sys
@@ -225,6 +226,7 @@ xferlog_enable=NO
 
 if __name__ == "__main__":
     # servers.py FOLDER: starts them all and says their ports, until it is ended.
+    signal.signal(signal.SIGTERM, lambda *_: sys.exit())
     servers = Servers(sys.argv[1])
     try:
         print("ssh", servers.ssh(), "ftps", servers.ftps(), "ftp", servers.ftp(), "user", servers.user, flush=True)

@@ -1,0 +1,463 @@
+#include "project/frmpublish.h"
+
+#include <algorithm>
+#include <chrono>
+#include <type_traits>
+#include <utility>
+
+#include "app/mdlsaerto.h"
+#include "base/files.h"
+#include "base/path.h"
+#include "base/text.h"
+#include "project/publish_texts.h"
+#include "publish/host_file.h"
+
+namespace project {
+namespace {
+
+using publish::Change;
+
+constexpr int kPoll = 30;                                 // milliseconds in which the window does nothing
+constexpr std::size_t kMostLog = std::size_t{32} * 1024;  // bytes that are shown of it
+constexpr std::chrono::milliseconds kLook{300};           // list and log are shown anew no more often
+
+std::string number(std::int64_t value) {
+  return std::to_string(value);
+}
+
+std::string sizeText(std::int64_t bytes) {
+  constexpr std::int64_t kKilo = 1024;
+  if (bytes < kKilo) return number(bytes) + " B";
+  if (bytes < kKilo * kKilo) return number((bytes + kKilo / 2) / kKilo) + " KB";
+  const std::int64_t tenths = bytes * 10 / (kKilo * kKilo);
+  return number(tenths / 10) + "." + number(tenths % 10) + " MB";
+}
+
+std::string timeText(std::int64_t seconds) {
+  return seconds < 60 ? number(seconds) + " წმ"
+                      : number(seconds / 60) + " წთ " + number(seconds % 60) + " წმ";
+}
+
+}  // namespace
+
+frmpublish::frmpublish(app::Workbench& bench, publish::MakeTransport connect)
+    : Form("frmpublish", IDD_frmpublish), bench_(bench), connect_(std::move(connect)) {
+  setCaption("საიტის გამოქვეყნება");
+  Laccount.setCaption("&ანგარიში:");
+  CBaccount.hint = "FTP.ini-ს ანგარიშები";
+  Laddress.setCaption("&მისამართი:");
+  Taddress.hint = "sftp://სერვერი/საქაღალდე, ftps://... ან ftp://...";
+  Luser.setCaption("მომ&ხმარებელი:");
+  Lpassword.setCaption("პა&როლი:");
+  Tpassword.hint = "ცარიელი: საჭიროებისას გკითხავთ";
+  Tpassword.setMasked(true);
+  Lkey.setCaption("&გასაღები:");
+  Tkey.hint = "SSH-ის პირადი გასაღების ფაილი (OpenSSH); ცარიელი: პაროლით";
+  Ckey.setCaption("...");
+  Ckey.hint = "გასაღების ფაილის არჩევა";
+  Lfolder.setCaption("&საქაღალდე:");
+  Tfolder.hint = "ამ კომპიუტერის საქაღალდე, რომელიც გამოქვეყნდება";
+  Cfolder.setCaption("...");
+  Cfolder.hint = "საქაღალდის არჩევა";
+  Ccompare.setCaption("შე&დარება");
+  Cstop.setCaption("შეჩ&ერება");
+  LV.hint = "რა განსხვავდება სერვერისგან";
+  LV.stretches = LV.checkBoxes = true;
+  LV.columns = {{"ფაილი", 190}, {"ცვლილება", 80}, {"ზომა", 50}, {"მდგომარეობა", 110}};
+  CKall.setCaption("ყველას მო&ნიშვნა");
+  Tlog.hint = "ჟურნალი";
+  Cupload.setCaption("გა&გზავნა...");
+  Clog.setCaption("ჟურნალის შენახ&ვა...");
+  CEXIT.setCaption("დახურვა");
+  defaultButton = &Ccompare;
+  cancelButton = &CEXIT;
+
+  CBaccount.selectionChanged.connect([this] { CBaccount_Click(); });
+  Taddress.changed.connect([this] { Taddress_Changed(); });
+  for (ui::TextBox* box : {&Tuser, &Tpassword, &Tkey, &Tfolder}) {
+    box->changed.connect([this] { accountChanged(); });
+  }
+  Ckey.clicked.connect([this] { Ckey_Click(); });
+  Cfolder.clicked.connect([this] { Cfolder_Click(); });
+  Ccompare.clicked.connect([this] { Ccompare_Click(); });
+  Cstop.clicked.connect([this] { stop_ = true; });
+  LV.rowChecked.connect([this](int row) { LV_Checked(row); });
+  CKall.changed.connect([this] { CKall_Changed(); });
+  Cupload.clicked.connect([this] { Cupload_Click(); });
+  Clog.clicked.connect([this] { Clog_Click(); });
+  CEXIT.clicked.connect([this] {
+    if (queryClose()) close();
+  });
+  showButtons();
+}
+
+void frmpublish::load() {
+  const std::string path = base::joinPath(bench_.platform().programFolder(), "FTP.ini");
+  lines_.clear();
+  // What is damaged in it says the window of the accounts.
+  ui::atGate([&] {
+    if (base::fileExists(path)) lines_ = parseAccounts(base::readFile(path)).lines;
+  });
+  std::vector<ui::Text> names;
+  for (const std::string& line : lines_) names.emplace_back(accountFields(line)[0]);
+  CBaccount.setItems(std::move(names));
+  if (Tfolder.text().empty()) {
+    const app::ColectionMain& documents = bench_.documents();
+    const std::string shown = bench_.shownPath();
+    Tfolder.setText(documents.WEBopened ? documents.WEBpath : shown.empty() ? "" : base::folderOf(shown));
+  }
+  Taddress_Changed();
+}
+
+bool frmpublish::queryClose() {
+  if (!running_) return true;
+  stop_ = closeBehindRun_ = true;
+  return false;
+}
+
+void frmpublish::CBaccount_Click() {
+  const auto at = static_cast<std::size_t>(std::max(CBaccount.selected(), 0));
+  if (CBaccount.selected() < 0 || at >= lines_.size()) return;
+  const FtpFields fields = accountFields(lines_[at]);
+  publish::AddressFault fault{};
+  auto address = publish::parseAddress(fields[1], fault);
+  if (address) {
+    if (address->folder.empty() || address->folder == "/") {
+      if (!fields[4].empty()) address->folder = fields[4];
+    }
+    address->user.clear();
+    Taddress.setText(publish::addressText(*address));
+  } else {
+    Taddress.setText(fields[1]);
+  }
+  Tuser.setText(fields[2]);
+  Tpassword.setText(fields[3]);
+  Tkey.setText("");
+  Taddress_Changed();
+}
+
+void frmpublish::Taddress_Changed() {
+  publish::AddressFault fault{};
+  const auto address = publish::parseAddress(base::trimSpaces(Taddress.text()), fault);
+  const bool open = address && address->scheme == publish::Scheme::Ftp;
+  Lnote.setCaption(open ? "ჩვეულებრივ FTP-ში პაროლი და ფაილები დაუშიფრავად იგზავნება." : "");
+  accountChanged();
+}
+
+void frmpublish::accountChanged() {
+  compared_ = false;
+  showButtons();
+}
+
+void frmpublish::Ckey_Click() {
+  ui::FileDialog dialog;
+  dialog.title = "პირადი გასაღები";
+  dialog.filter = "All Files(*.*)|*.*";
+  dialog.kind = "key";
+  const auto chosen = bench_.platform().openFiles(dialog);
+  if (!chosen.empty()) Tkey.userSet(chosen[0]);
+}
+
+void frmpublish::Cfolder_Click() {
+  if (const auto folder = bench_.platform().pickFolder("რა გამოქვეყნდეს")) Tfolder.userSet(*folder);
+}
+
+bool frmpublish::readAccount(publish::Account& account) {
+  publish::AddressFault fault{};
+  const auto address = publish::parseAddress(base::trimSpaces(Taddress.text()), fault);
+  std::string missing;
+  if (!address) {
+    missing = textOf(fault);
+  } else if (!base::folderExists(Tfolder.text())) {
+    missing = "ასეთი საქაღალდე არ არის: " + Tfolder.text();
+  } else if (address->scheme == publish::Scheme::Sftp && address->user.empty() && Tuser.text().empty()) {
+    missing = "ჩაწერეთ მომხმარებლის სახელი.";
+  }
+  if (!missing.empty()) {
+    app::messageBox(bench_.platform(), missing, caption());
+    return false;
+  }
+  account.address = *address;
+  account.login.user = Tuser.text();
+  if (!Tpassword.text().empty()) account.login.password = Tpassword.text();
+  account.login.keyFile = Tkey.text();
+  account.knownHosts = publish::usualHostFile();
+  return true;
+}
+
+std::string frmpublish::unsavedInFolder(const std::string& folder) {
+  app::Session& session = bench_.session();
+  std::string names;
+  for (const std::int16_t index : session.unsaved()) {
+    const std::string path = session.path(index);
+    const bool inside = base::upperAscii(path).starts_with(base::upperAscii(folder));
+    if (!path.empty() && inside) names += "\r\n" + base::fileName(path);
+  }
+  return names;
+}
+
+void frmpublish::setRunning(bool on) {
+  running_ = on;
+  for (ui::Control* control : controls()) {
+    const ui::ControlKind kind = control->kind();
+    if (kind != ui::ControlKind::Label && kind != ui::ControlKind::ProgressBar) control->setEnabled(!on);
+  }
+  Tlog.setEnabled(true);
+  CEXIT.setEnabled(true);
+  Cstop.setEnabled(on);
+  if (!on) showButtons();
+  (on ? Cstop : compared_ ? Cupload : Ccompare).setFocus();
+}
+
+bool frmpublish::run(const std::function<void()>& work) {
+  stop_ = closeBehindRun_ = false;
+  setRunning(true);
+  bool good = false;
+  const bool told = ui::atGate([&] {
+    try {
+      work_.start(work);
+      for (PublishWork::News news = work_.wait(kPoll);; news = work_.wait(kPoll)) {
+        take(news);
+        if (news.question && !stop_) work_.answer(answerTo(*news.question));
+        if (news.ended) break;
+        bench_.platform().pumpEvents();
+        if (stop_) work_.stop();
+      }
+      work_.finish();
+      good = !stop_;
+    } catch (const publish::Failure& failure) {
+      const std::string text = textOf(failure);
+      appendLog(text);
+      Lprogress.setCaption(text);
+      if (failure.fault() != publish::Fault::Stopped) {
+        app::messageBox(bench_.platform(), text, caption(), app::frmBOXa::Kind::Message,
+                        ui::IconBox::Sign::Warning);
+      }
+    }
+  });
+  if (stop_) Lprogress.setCaption("შეჩერებულია");
+  showLog();
+  Bar.setValue(0);
+  setRunning(false);
+  showRows();
+  if (closeBehindRun_) close();
+  return told && good;
+}
+
+void frmpublish::take(const PublishWork::News& news) {
+  for (const std::string& line : news.lines) appendLog(line);
+  for (const PublishWork::Event& event : news.events) takeEvent(event);
+  if (news.again) appendLog(textOf(*news.again) + "; კიდევ ვცდით");
+  rowsChanged_ |= !news.events.empty();
+  const auto now = std::chrono::steady_clock::now();
+  if (news.ended || now - looked_ > kLook) {
+    looked_ = now;
+    if (std::exchange(rowsChanged_, false)) showRows();
+    showLog();
+  }
+  showProgress(news.progress);
+}
+
+void frmpublish::showProgress(const publish::Progress& now) {
+  if (stop_) Lprogress.setCaption("ჩერდება...");
+  if (stop_ || now.files == 0) return;
+  std::string text = number(now.filesDone) + " / " + number(now.files) + "   " + sizeText(now.bytesDone) +
+                     " / " + sizeText(now.bytes);
+  if (now.rate > 0) text += "   " + sizeText(now.rate) + "/წმ";
+  if (now.secondsLeft >= 0) text += "   დარჩა " + timeText(now.secondsLeft);
+  if (!now.path.empty()) text += "   " + now.path;
+  Lprogress.setCaption(text);
+  Bar.setValue(now.bytes == 0 ? 0 : static_cast<int>(now.bytesDone * ui::ProgressBar::kMost / now.bytes));
+}
+
+void frmpublish::takeEvent(const PublishWork::Event& event) {
+  const auto row = std::ranges::find_if(rows_, [&](const Row& one) { return one.item.path == event.path; });
+  if (event.failure) appendLog(event.path + ": " + textOf(*event.failure));
+  if (row == rows_.end()) return;
+  row->done = !event.failure;
+  row->state = event.failure ? textOf(*event.failure) : event.removed ? "წაშლილია" : "გაგზავნილია";
+}
+
+std::optional<std::string> frmpublish::answerTo(const PublishQuestion& question) {
+  const auto agreed = [this](const std::string& text, ui::IconBox::Sign sign) -> std::optional<std::string> {
+    const std::string answer =
+        app::messageBox(bench_.platform(), text, caption(), app::frmBOXa::Kind::YesNo, sign);
+    return answer == app::kAnswerYes ? std::optional<std::string>("") : std::nullopt;
+  };
+  return std::visit(
+      [&](const auto& what) -> std::optional<std::string> {
+        using What = std::decay_t<decltype(what)>;
+        if constexpr (std::is_same_v<What, publish::Certificate>) {
+          return agreed("სერვერის სერტიფიკატს არავინ ადასტურებს: " + what.why + "\r\n\r\nვისია: " +
+                            what.subject + "\r\nვინ გასცა: " + what.issuer + "\r\nვადა: " + what.ends +
+                            "\r\n" + what.fingerprint + "\r\n\r\nვენდოთ ამ ანგარიშისთვის?",
+                        ui::IconBox::Sign::Warning);
+        } else if constexpr (std::is_same_v<What, publish::HostKey>) {
+          return agreed("ამ სერვერს პირველად ვუკავშირდებით: " + what.host + "\r\n\r\nმისი გასაღები:\r\n" +
+                            what.type + " " + publish::fingerprint(what) +
+                            "\r\n\r\nეს ნამდვილად ამ სერვერის გასაღებია?",
+                        ui::IconBox::Sign::Question);
+        } else if constexpr (std::is_same_v<What, PasswordQuestion>) {
+          return app::passwordBox(bench_.platform(),
+                                  (what.again ? "პაროლი არ მიიღეს. კიდევ სცადეთ: " : "პაროლი: ") +
+                                      publish::addressText(what.address),
+                                  caption());
+        } else {
+          return app::passwordBox(
+              bench_.platform(),
+              (what.again ? "ფრაზა არასწორია. კიდევ სცადეთ: " : "გასაღების საიდუმლო ფრაზა: ") + what.keyFile,
+              caption());
+        }
+      },
+      question);
+}
+
+void frmpublish::Ccompare_Click() {
+  publish::Account account;
+  if (running_ || !readAccount(account)) return;
+  const std::string folder = Tfolder.text();
+  const std::string unsaved = unsavedInFolder(folder);
+  if (!unsaved.empty()) {
+    app::messageBox(bench_.platform(),
+                    "ამ გახსნილ დოკუმენტებს შეუნახავი ცვლილებები აქვს:" + unsaved +
+                        "\r\n\r\nგაიგზავნება ფაილები, როგორიც დისკზეა.",
+                    caption());
+  }
+  rows_.clear();
+  same_ = 0;
+  compared_ = false;
+  showRows();
+  Lprogress.setCaption("ვადარებთ სერვერს...");
+  std::vector<publish::Item> items;
+  compared_ = run([&, account = std::move(account)]() mutable {
+    const std::string state = publish::stateFile(folder, account.address);
+    publisher_.reset();
+    publisher_ = std::make_unique<publish::Publisher>(std::move(account), connect_, state, work_);
+    items = publisher_->compare(publish::localFiles(folder));
+  });
+  if (!compared_) return;
+  for (publish::Item& item : items) {
+    if (item.change == Change::Same) {
+      ++same_;
+      continue;
+    }
+    const bool ticked = item.change == Change::New || item.change == Change::Changed;
+    rows_.push_back({std::move(item), ticked, false, {}});
+  }
+  // What nobody can do without a look comes first.
+  std::ranges::stable_sort(rows_, {}, [](const Row& row) {
+    return row.item.change == Change::Conflict ? 0 : row.item.change == Change::Gone ? 2 : 1;
+  });
+  Lprogress.setCaption("");
+  showRows();
+  showButtons();
+  (rows_.empty() ? static_cast<ui::Control&>(Ccompare) : LV).setFocus();
+}
+
+void frmpublish::Cupload_Click() {
+  if (running_ || !compared_) return;
+  std::vector<publish::Item> chosen;
+  std::size_t removed = 0;
+  std::size_t conflicts = 0;
+  for (const Row& row : rows_) {
+    if (!row.ticked || row.done) continue;
+    chosen.push_back(row.item);
+    removed += row.item.here ? 0U : 1U;
+    conflicts += row.item.change == Change::Conflict ? 1U : 0U;
+  }
+  if (chosen.empty()) return;
+  std::string question = "გაიგზავნება " + std::to_string(chosen.size() - removed) + " ფაილი:\r\n" +
+                         std::string(base::trimSpaces(Taddress.text()));
+  if (removed > 0) question += "\r\n\r\nსერვერიდან წაიშლება " + std::to_string(removed) + " ფაილი.";
+  if (conflicts > 0) {
+    question += "\r\n\r\nსერვერის " + std::to_string(conflicts) +
+                " ფაილი სხვამ შეცვალა ან თქვენ არ გამოგიქვეყნებიათ; მათ თქვენი ფაილი შეცვლის.";
+  }
+  const std::string answer = app::messageBox(
+      bench_.platform(), question + "\r\n\r\nგავაგრძელოთ?", caption(), app::frmBOXa::Kind::YesNo,
+      removed + conflicts > 0 ? ui::IconBox::Sign::Warning : ui::IconBox::Sign::Question);
+  if (answer != app::kAnswerYes) return;
+  publish::Outcome outcome;
+  if (!run([&] { outcome = publisher_->run(chosen); })) return;
+  std::string text = "გაიგზავნა: " + std::to_string(outcome.sent);
+  if (outcome.removed > 0) text += "   წაიშალა: " + std::to_string(outcome.removed);
+  if (outcome.failed > 0) text += "   ვერ მოხერხდა: " + std::to_string(outcome.failed);
+  Lprogress.setCaption(text);
+  appendLog(text);
+  showLog();
+}
+
+void frmpublish::Clog_Click() {
+  ui::FileDialog dialog;
+  dialog.title = "ჟურნალის შენახვა";
+  dialog.filter = "*.txt|*.txt";
+  dialog.kind = "log";
+  if (const auto path = bench_.platform().saveFile(dialog)) base::writeFile(*path, log_);
+}
+
+void frmpublish::appendLog(const std::string& line) {
+  log_ += line + std::string(base::kCrLf);
+  logChanged_ = true;
+}
+
+void frmpublish::showLog() {
+  if (!std::exchange(logChanged_, false)) return;
+  std::string_view shown = log_;
+  if (shown.size() > kMostLog) shown = shown.substr(shown.find('\n', shown.size() - kMostLog) + 1);
+  Tlog.setText(std::string(shown));
+  Tlog.select(static_cast<int>(shown.size()), 0);
+}
+
+void frmpublish::LV_Checked(int row) {
+  const auto at = static_cast<std::size_t>(row);
+  if (row < 0 || at >= rows_.size()) return;
+  rows_[at].ticked = LV.items()[at].checked;
+  showButtons();
+}
+
+void frmpublish::CKall_Changed() {
+  for (Row& row : rows_) row.ticked = CKall.checked();
+  showRows();
+  showButtons();
+}
+
+ui::ListView::Item frmpublish::itemOf(const Row& row) const {
+  ui::ListView::Item item;
+  item.text = row.item.path;
+  item.subItems = {textOf(row.item.change),
+                   sizeText(row.item.here ? row.item.local.size : row.item.remote.size), row.state};
+  item.boxed = !row.done;
+  item.checked = row.ticked && !row.done;
+  return item;
+}
+
+void frmpublish::showRows() {
+  std::vector<ui::ListView::Item> items;
+  items.reserve(rows_.size());
+  for (const Row& row : rows_) items.push_back(itemOf(row));
+  LV.setItems(std::move(items));
+}
+
+void frmpublish::showButtons() {
+  if (running_) return;
+  std::size_t ticked = 0;
+  std::int64_t bytes = 0;
+  for (const Row& row : rows_) {
+    if (!row.ticked || row.done) continue;
+    ++ticked;
+    bytes += row.item.here ? row.item.local.size : 0;
+  }
+  std::string text;
+  if (compared_) {
+    text = "განსხვავდება: " + std::to_string(rows_.size()) + "   იგივეა: " + std::to_string(same_) +
+           "   მონიშნულია: " + std::to_string(ticked) + " (" + sizeText(bytes) + ")";
+  }
+  Lsum.setCaption(text);
+  CKall.setChecked(!rows_.empty() && ticked == rows_.size());
+  CKall.setEnabled(!rows_.empty());
+  Cstop.setEnabled(false);
+  Cupload.setEnabled(compared_ && ticked > 0);
+  Clog.setEnabled(!log_.empty());
+}
+
+}  // namespace project
