@@ -48,7 +48,7 @@ class Parser {
         return list('{', '}', [&] {
           auto& member = value.members.emplace_back();
           space();
-          return string(member.first) && take(':') && read(member.second, depth + 1);
+          return string(member.name) && take(':') && read(member.value, depth + 1);
         });
       case '[':
         value.kind = Json::Kind::List;

@@ -5,7 +5,6 @@
 #include <optional>
 #include <string>
 #include <string_view>
-#include <utility>
 #include <vector>
 
 namespace base {
@@ -18,12 +17,18 @@ struct Json {
   Kind kind = Kind::Null;
   std::string text;  // of Text, and a Number as it is spelt
   std::vector<Json> items;
-  std::vector<std::pair<std::string, Json>> members;  // in their order
+  struct Member;
+  std::vector<Member> members;  // in their order
 
   // Of an object; an empty one where there is no such member.
   const Json& operator[](std::string_view name) const;
   bool isTrue() const { return kind == Kind::True; }
   std::uint64_t number() const;  // 0 of all that is no whole number from 0 on
+};
+
+struct Json::Member {
+  std::string name;
+  Json value;
 };
 
 // Nothing where it is not exactly one value, or one nested deeper than 50.
