@@ -4,6 +4,7 @@
 #include <array>
 #include <string_view>
 
+#include "base/file_kind.h"
 #include "base/path.h"
 
 namespace app {
@@ -14,29 +15,26 @@ enum Root : int { kPages, kImages, kAudio, kOther };
 struct Pass {
   Root root;
   TreeIcon icon;
-  bool listed;  // false: the pass takes what is NOT in its list
-  std::vector<std::string_view> extensions;
+  base::FileKind kind;
 };
 
-// Each pass walks the whole list, so a document may be met twice: the last list is shorter than the union of
-// the others on purpose, and SHTML, MHT, CGI and their like stand under "Other" as well.
-const std::array<Pass, 9>& passes() {
-  static const std::array<Pass, 9> rows = {{
-      {kPages, kIconPage, true, {"HTML", "HTM", "SHTML", "MHT", "MHTML", "HPF", "HTT"}},
-      {kPages, kIconStyle, true, {"CGI", "CSS"}},
-      {kPages, kIconPage, true, {"ASP"}},
-      {kPages, kIconScript, true, {"VBS", "JS", "WSF"}},
-      {kPages, kIconXml, true, {"XML"}},
-      {kPages, kIconScript, true, {"PHP3", "PHP"}},
-      {kImages, kIconPicture, true, {"JPG", "GIF", "PNG", "BMP", "WMF"}},
-      {kAudio, kIconMedia, true, {"MP3", "WAV", "MID", "RA", "RM", "FLA"}},
-      {kOther,
-       kIconOther,
-       false,
-       {"HTML", "HTM", "CSS", "ASP", "JS", "VBS", "XML", "PHP", "PHP3", "GIF", "JPG", "PNG", "BMP", "WMF",
-        "WAV", "MP3", "MID", "RA", "RM"}},
-  }};
-  return rows;
+// Each pass walks the whole list, so a document may be met twice.
+constexpr std::array<Pass, 9> kPasses = {{{kPages, kIconPage, base::FileKind::Page},
+                                          {kPages, kIconStyle, base::FileKind::Style},
+                                          {kPages, kIconPage, base::FileKind::ActivePage},
+                                          {kPages, kIconScript, base::FileKind::Script},
+                                          {kPages, kIconXml, base::FileKind::Xml},
+                                          {kPages, kIconScript, base::FileKind::Php},
+                                          {kImages, kIconPicture, base::FileKind::Picture},
+                                          {kAudio, kIconMedia, base::FileKind::Media},
+                                          {kOther, kIconOther, base::FileKind::Other}}};
+
+// Under "Other" are those of no kind above and, on purpose, some that are shown under their own kind as well.
+bool isUnderOther(std::string_view extension, base::FileKind kind) {
+  constexpr std::array<std::string_view, 8> kTwice = {"SHTML", "MHT", "MHTML", "HPF",
+                                                      "HTT",   "CGI", "WSF",   "FLA"};
+  return kind >= base::FileKind::WebProject ||
+         std::find(kTwice.begin(), kTwice.end(), extension) != kTwice.end();
 }
 
 }  // namespace
@@ -44,9 +42,7 @@ const std::array<Pass, 9>& passes() {
 bool isImage(const Ithem& record) {
   if (!(record.Value == kImageValue)) return false;
   // A page may hold just that word; only a picture's name makes it a picture.
-  const std::string extension = base::extensionOf(record.FileTitle);
-  const auto& pictures = passes()[6].extensions;
-  return std::find(pictures.begin(), pictures.end(), extension) != pictures.end();
+  return base::fileKindOf(base::extensionOf(record.FileTitle)) == base::FileKind::Picture;
 }
 
 bool isPictureFile(const std::string& path) {
@@ -59,13 +55,14 @@ std::vector<ui::TreeView::Node> treeNodes(ColectionMain& documents) {
                                            {-1, "B", "Image", "", kIconPictures},
                                            {-1, "A", "Audio", "", kIconSounds},
                                            {-1, "O", "Other", "", kIconOthers}};
-  for (const Pass& pass : passes()) {
+  for (const Pass& pass : kPasses) {
     for (std::int16_t i = 0; i < documents.Count(); ++i) {
       const Ithem& record = documents.Item(i);
       const std::string extension = base::extensionOf(record.FileTitle);
-      const bool found =
-          std::find(pass.extensions.begin(), pass.extensions.end(), extension) != pass.extensions.end();
-      if (found != pass.listed) continue;
+      const base::FileKind kind = base::fileKindOf(extension);
+      const bool listed =
+          pass.kind == base::FileKind::Other ? isUnderOther(extension, kind) : kind == pass.kind;
+      if (!listed) continue;
       const bool data = pass.root == kImages && !isImage(record);
       nodes.push_back(
           {pass.root, "", record.FileTitle, std::to_string(i), data ? kIconPictureData : pass.icon});

@@ -83,7 +83,7 @@ void frmBOXa::showText(const ui::Text& text) {
 }
 
 std::string frmBOXa::text() const {
-  const std::string label = ui::display(LBtext.caption());
+  std::string label = ui::display(LBtext.caption());
   if (!Tlist.visible()) return label;
   return label.empty() ? Tlist.text() : Tlist.text() + "\r\n\r\n" + label;
 }

@@ -8,13 +8,24 @@
 namespace base {
 namespace {
 
+int hexDigit(char c) {
+  if (c >= '0' && c <= '9') return c - '0';
+  const char lower = static_cast<char>(c | 0x20);
+  return lower >= 'a' && lower <= 'f' ? lower - 'a' + 10 : -1;
+}
+
 std::string escaped(std::string_view path) {
+  return percentEncoded(path, "/:.-_~");
+}
+
+}  // namespace
+
+std::string percentEncoded(std::string_view text, std::string_view plain) {
   constexpr std::string_view kDigits = "0123456789ABCDEF";
   std::string address;
-  for (const char c : path) {
-    const bool plain = (c >= '0' && c <= '9') || (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z') ||
-                       std::string_view("/:.-_~").find(c) != std::string_view::npos;
-    if (plain) {
+  for (const char c : text) {
+    if ((c >= '0' && c <= '9') || (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z') ||
+        plain.find(c) != std::string_view::npos) {
       address += c;
     } else {
       address += '%';
@@ -25,7 +36,21 @@ std::string escaped(std::string_view path) {
   return address;
 }
 
-}  // namespace
+std::string percentDecoded(std::string_view address) {
+  std::string text;
+  for (std::size_t at = 0; at < address.size(); ++at) {
+    const bool whole = address[at] == '%' && at + 2 < address.size();
+    const int high = whole ? hexDigit(address[at + 1]) : -1;
+    const int low = whole ? hexDigit(address[at + 2]) : -1;
+    if (high >= 0 && low >= 0) {
+      text += static_cast<char>(high * 16 + low);
+      at += 2;
+    } else {
+      text += address[at];
+    }
+  }
+  return text;
+}
 
 std::string addressOf(std::string_view folder, std::string_view path) {
   // Up to the last folder that both share, then up from one and down to the other.

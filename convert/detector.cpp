@@ -214,9 +214,9 @@ class Detector {
         if (likely(f, form) || (font == kEightBit[form] && f.gains[form] > 0)) whole_.eight[form] += letters;
       }
       const bool keyboardFont = font == Form::Keyboard;
-      if (f.latin >= 3 && keyboardFont && f.keyboardGain > -kFontHint)
-        whole_.keyboard += f.latin;
-      else if (f.keyboardGain >= kKeyboardAlone && font != Form::Western && font != Form::Utf8)
+      const bool byFont = f.latin >= 3 && keyboardFont && f.keyboardGain > -kFontHint;
+      const bool alone = f.keyboardGain >= kKeyboardAlone && font != Form::Western && font != Form::Utf8;
+      if (byFont || alone)
         whole_.keyboard += f.latin;
       else if (f.keyboardGain <= -kSure)
         whole_.latin += f.latin;

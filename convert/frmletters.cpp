@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <array>
+#include <cmath>
 #include <utility>
 
 #include "app/mdlsaerto.h"
@@ -530,7 +531,7 @@ void frmletters::paintPage(ui::Canvas& canvas) {
   const auto draw = [&](const std::vector<LinePart>& line, int left, int top, base::Color mark) {
     std::size_t column = 0;
     const auto x = [&](std::size_t at) {
-      return left + static_cast<int>(static_cast<double>(at) * style.advance + 0.5);
+      return left + static_cast<int>(std::lround(static_cast<double>(at) * style.advance));
     };
     for (const LinePart& part : line) {
       const std::size_t letters = lettersOf({part});

@@ -8,7 +8,7 @@
 namespace convert {
 namespace {
 
-constexpr std::size_t kLookedAt = 256 * 1024;
+constexpr std::size_t kLookedAt = 0x40000;
 constexpr std::size_t kFewest = 8;  // letters that decide nothing
 constexpr int kSure = 90;           // percent
 

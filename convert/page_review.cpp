@@ -13,8 +13,7 @@ namespace {
 // Of one text, as far as it is shown on a line: on one line, blanks as one, cut where a character ends.
 std::string oneLine(std::string_view letters, std::size_t most) {
   std::string line;
-  for (std::size_t at = 0; at < letters.size(); ++at) {
-    const char c = letters[at];
+  for (const char c : letters) {
     if (line.size() >= most && (static_cast<std::uint8_t>(c) & 0xC0U) != 0x80) return line + "…";
     const bool blank = static_cast<std::uint8_t>(c) <= ' ' || c == 0x7F;
     if (!blank)

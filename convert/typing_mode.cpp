@@ -250,7 +250,7 @@ void Typing::choose(TypingMode mode) {
 // The mode is the document's; one that has none takes that of its letters, or else the last one chosen.
 void Typing::followDocument() {
   ui::CodeDocument& document = *bench_.codeView().document();
-  TypingMode wanted = mode_;
+  TypingMode wanted;
   if (document.typingMode >= 0) {
     wanted = static_cast<TypingMode>(document.typingMode);
   } else {

@@ -100,12 +100,12 @@ std::string Preview::addressOf(Writing& writing, std::int16_t from, std::string_
   // A page without a file stands beside the project's files, or beside all open ones.
   const bool homeless = fromPath.empty();
   const std::string folder = homeless ? bench_.documents().WEBpath : base::folderOf(fromPath);
-  const std::string named = withoutPercents(base::nameFromStored(address));
+  const std::string named = base::percentDecoded(base::nameFromStored(address));
   for (std::int16_t i = 0; i < bench_.documents().Count(); ++i) {
     const app::Ithem& record = bench_.documents().Item(i);
     const bool file = !record.filepath.empty();
     const bool same =
-        (file && base::equalNoCase(named, withoutPercents(base::addressOf(folder, record.filepath)))) ||
+        (file && base::equalNoCase(named, base::percentDecoded(base::addressOf(folder, record.filepath)))) ||
         ((!file || homeless) && base::equalNoCase(named, record.FileTitle));
     if (!same || !isPage(record.FileTitle)) continue;
     if (i == shown) return fileUrl(writing.main);

@@ -3,9 +3,9 @@
 #include <algorithm>
 #include <array>
 #include <cctype>
-#include <charconv>
 #include <cstdint>
 
+#include "base/address.h"
 #include "base/font_names.h"
 #include "base/text.h"
 #include "base/utf8.h"
@@ -236,37 +236,10 @@ std::string withAddresses(std::string_view page,
   return text.append(page.substr(done));
 }
 
-std::string withoutPercents(std::string_view address) {
-  std::string text;
-  for (std::size_t at = 0; at < address.size(); ++at) {
-    unsigned byte = 0;
-    const char* const digits = address.data() + at + 1;
-    const bool code = address[at] == '%' && at + 2 < address.size() &&
-                      std::from_chars(digits, digits + 2, byte, 16).ptr == digits + 2;
-    text += code ? static_cast<char>(byte) : address[at];
-    if (code) at += 2;
-  }
-  return text;
-}
-
 std::string fileUrl(std::string_view path) {
-  constexpr std::string_view kDigits = "0123456789ABCDEF";
-  const bool share = path.starts_with("\\\\");
-  std::string url = share ? "file:" : "file:///";
-  for (const char c : path) {
-    const auto byte = static_cast<std::uint8_t>(c);
-    if (c == '\\') {
-      url += '/';
-    } else if (std::isalnum(byte) != 0 ||
-               std::string_view("/:-._~!$&'()*+,;=@").find(c) != std::string_view::npos) {
-      url += c;
-    } else {
-      url += '%';
-      url += kDigits[byte >> 4];
-      url += kDigits[byte & 0xF];
-    }
-  }
-  return url;
+  const std::string slashed = base::replaceAll(path, "\\", "/");
+  return (slashed.starts_with("//") ? "file:" : "file:///") +
+         base::percentEncoded(slashed, "/:-._~!$&'()*+,;=@");
 }
 
 }  // namespace preview

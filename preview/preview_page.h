@@ -26,9 +26,6 @@ std::string previewPage(std::string_view page, PageLetters letters, const std::s
 std::string withAddresses(std::string_view page,
                           const std::function<std::string(std::string_view address)>& other);
 
-// An address or part of one as plain text: "%20" is a blank.
-std::string withoutPercents(std::string_view address);
-
 // The URL of a path; a folder's ends in "/" when the path ends in "\".
 std::string fileUrl(std::string_view path);
 

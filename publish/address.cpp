@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "base/address.h"
 #include "base/text.h"
 
 namespace publish {
@@ -18,28 +19,6 @@ std::string_view nameOf(Scheme scheme) {
   return scheme == Scheme::Sftp ? "sftp" : scheme == Scheme::Ftps ? "ftps" : "ftp";
 }
 
-int hexDigit(char c) {
-  if (c >= '0' && c <= '9') return c - '0';
-  const char lower = static_cast<char>(c | 0x20);
-  return lower >= 'a' && lower <= 'f' ? lower - 'a' + 10 : -1;
-}
-
-std::string decoded(std::string_view text) {
-  std::string bytes;
-  for (std::size_t i = 0; i < text.size(); ++i) {
-    const bool whole = text[i] == '%' && i + 2 < text.size();
-    const int high = whole ? hexDigit(text[i + 1]) : -1;
-    const int low = whole ? hexDigit(text[i + 2]) : -1;
-    if (high >= 0 && low >= 0) {
-      bytes += static_cast<char>(high * 16 + low);
-      i += 2;
-    } else {
-      bytes += text[i];
-    }
-  }
-  return bytes;
-}
-
 std::string withoutSlashes(std::string path) {
   while (path.size() > 1 && path.back() == '/') path.pop_back();
   return path;
@@ -49,11 +28,11 @@ std::string withoutSlashes(std::string path) {
 std::string folderFrom(Scheme scheme, std::string_view text) {
   if (scheme == Scheme::Sftp) {
     if (text == "/~") return {};
-    if (text.starts_with("/~/")) return withoutSlashes(decoded(text.substr(3)));
-    return text.empty() ? std::string() : withoutSlashes(decoded(text));
+    if (text.starts_with("/~/")) return withoutSlashes(base::percentDecoded(text.substr(3)));
+    return text.empty() ? std::string() : withoutSlashes(base::percentDecoded(text));
   }
   if (text.size() < 2) return {};
-  return withoutSlashes(decoded(text.substr(1)));
+  return withoutSlashes(base::percentDecoded(text.substr(1)));
 }
 
 // A line end would be a command of its own to the server.
@@ -88,8 +67,8 @@ std::optional<Address> parseAddress(std::string_view text, AddressFault& fault) 
   if (const std::size_t at = host.rfind('@'); at != std::string_view::npos) {
     const std::string_view who = host.substr(0, at);
     const std::size_t colon = std::min(who.find(':'), who.size());
-    address.user = decoded(who.substr(0, colon));
-    if (colon < who.size()) address.password = decoded(who.substr(colon + 1));
+    address.user = base::percentDecoded(who.substr(0, colon));
+    if (colon < who.size()) address.password = base::percentDecoded(who.substr(colon + 1));
     host.remove_prefix(at + 1);
   }
   std::string_view port;

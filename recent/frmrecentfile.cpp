@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "app/mdlsaerto.h"
+#include "base/file_kind.h"
 #include "base/files.h"
 #include "base/path.h"
 #include "base/text.h"
@@ -19,34 +20,35 @@ constexpr int kOtherIcon = 8;
 constexpr const char* kFilter =
     "All Files(*.*)|*.*|HTML-HTM(*.html,*.htm)|*.html;*.htm|Text(*.txt)|*.txt|WEB Proect|*.WEB";
 
-struct IconRow {
-  int icon;
-  std::vector<std::string_view> extensions;
-};
-
-const std::vector<IconRow>& iconRows() {
-  static const std::vector<IconRow> rows = {{5, {"HTML", "HTM", "SHTML", "MHT", "MHTML", "HPF", "HTT"}},
-                                            {3, {"CSS", "CGI"}},
-                                            {1, {"ASP"}},
-                                            {7, {"JS", "VBS", "WSF"}},
-                                            {12, {"XML"}},
-                                            {9, {"PHP", "PHP3"}},
-                                            {4, {"GIF", "JPG", "PNG", "BMP", "WMF"}},
-                                            {2, {"WAV", "MP3", "MID", "RA", "RM", "FLA"}},
-                                            {6, {"WEB"}},
-                                            {10, {"INI", "INF"}},
-                                            {11, {"TXT"}}};
-  return rows;
-}
-
 }  // namespace
 
 int ikonumer(const std::string& path) {
   if (path.find('.') == std::string::npos) return kOtherIcon;
-  const std::string extension = base::extensionOf(path);
-  for (const IconRow& row : iconRows()) {
-    if (std::find(row.extensions.begin(), row.extensions.end(), extension) != row.extensions.end())
-      return row.icon;
+  switch (base::fileKindOf(base::extensionOf(path))) {
+    case base::FileKind::ActivePage:
+      return 1;
+    case base::FileKind::Media:
+      return 2;
+    case base::FileKind::Style:
+      return 3;
+    case base::FileKind::Picture:
+      return 4;
+    case base::FileKind::Page:
+      return 5;
+    case base::FileKind::WebProject:
+      return 6;
+    case base::FileKind::Script:
+      return 7;
+    case base::FileKind::Php:
+      return 9;
+    case base::FileKind::Settings:
+      return 10;
+    case base::FileKind::Text:
+      return 11;
+    case base::FileKind::Xml:
+      return 12;
+    case base::FileKind::Other:
+      break;
   }
   return kOtherIcon;
 }

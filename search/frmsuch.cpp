@@ -431,7 +431,7 @@ Comparison frmsuch::comparison() const {
 
 // The fields end lines with CR LF. One that is read as UTF-8 holds it already.
 std::string frmsuch::searched(const std::string& field, std::string_view document) {
-  const std::string text = base::withLineEndsOf(document, field);
+  std::string text = base::withLineEndsOf(document, field);
   const convert::ReadAs written = convert::readAs(bench_);
   const bool utf8 = Text1.font().characterSet == ui::CharacterSet::Utf8;
   if (CKutf8.checked() && !utf8) return utf8FromLegacy(text, tables());

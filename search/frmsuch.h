@@ -99,7 +99,7 @@ class frmsuch : public ui::Form {
   void replaceInShown();
   void replaceInAll();
   void replaceIn(std::int16_t document);
-  void setText(std::int16_t document, std::string text);  // the caret of a shown document stays
+  void setText(std::int16_t document, std::string_view text);  // the caret of a shown document stays
 
   void readAsShown();  // the fields show and take letters as the code view does
   void followShown();  // another document is in the code view

@@ -62,7 +62,7 @@ void frmsuch::replaceInShown() {
   auto result = replaceAll(text, pattern(text), searched(Tcvla.text(), text), range());
   if (!result) return;
   const auto partSize = static_cast<std::int32_t>(result->partSize);
-  setText(bench_.shownIndex(), std::move(result->text));
+  setText(bench_.shownIndex(), result->text);
   if (scope == Scope::Selection) {
     T1_.select(rangeStart, partSize);
     selectionEnd = rangeStart + partSize;
@@ -88,14 +88,14 @@ void frmsuch::replaceIn(std::int16_t document) {
   OldTexts::Entry old{document, {}, true, OldTexts::hashOf(result->text)};
   old.text = text;
   if (document != bench_.shownIndex()) old.changed = bench_.documents().Item(document).Changed;
-  setText(document, std::move(result->text));
+  setText(document, result->text);
   oldTexts_.keep(std::move(old));
 }
 
-void frmsuch::setText(std::int16_t document, std::string text) {
+void frmsuch::setText(std::int16_t document, std::string_view text) {
   const bool shown = document == bench_.shownIndex();
   const int start = T1_.selStart(), length = T1_.selLength();
-  bench_.setDocumentText(document, std::move(text));
+  bench_.setDocumentText(document, text);
   if (shown) T1_.select(start, length);
 }
 
@@ -112,7 +112,7 @@ void frmsuch::undoReplace() {
       oldTexts_.keep(std::move(entry));
       continue;
     }
-    setText(document, std::move(entry.text));
+    setText(document, entry.text);
     if (document != bench_.shownIndex()) bench_.documents().Item(document).Changed = entry.changed;
     ++restored;
   }

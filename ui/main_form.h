@@ -2,6 +2,7 @@
 #pragma once
 
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "ui/code_view.h"
@@ -72,7 +73,7 @@ class MainForm : public Form {
   virtual void menuHighlighted(const Text& help) = 0;
   virtual void filesDropped(const std::vector<std::string>& paths) = 0;
   // Bytes of the code view on their way to another window, with the letters that the user sees.
-  virtual TextClip clipFor(std::string bytes) { return {bytes, bytes}; }
+  virtual TextClip clipFor(std::string bytes) { return {bytes, std::move(bytes)}; }
   // No event is waiting: time for what need not happen on every keystroke.
   virtual void idle() = 0;
   // The user has done nothing for half a second, once after each time that they did.

@@ -5,6 +5,7 @@
 
 #include <set>
 
+#include "base/address.h"
 #include "base/utf8.h"
 #include "convert/attach.h"
 #include "preview/preview_page.h"
@@ -115,7 +116,7 @@ TEST(PreviewPage, AddressesOfPagesAreExchangedAndNothingElse) {
       changed,
       "<FRAME NAME=src SRC=\"Z\"><frame src = b%20c.htm scrolling=no><!-- <FRAME SRC=a.htm> --><A HREF='Z#x'>"
       "<IMG SRC=a.htm><A TITLE='HREF=a.htm'><IFRAME SRC=a.htm/><a href=\"#a.htm\"><area href=\"Z?q\"");
-  EXPECT_EQ(preview::withoutPercents("a%20b%e1%C0%2%"), "a b\xE1\xC0%2%");
+  EXPECT_EQ(base::percentDecoded("a%20b%e1%C0%2%"), "a b\xE1\xC0%2%");
 }
 
 class PreviewTest : public tests::MainWindowTest {
