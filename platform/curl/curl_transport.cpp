@@ -70,6 +70,37 @@ struct FreeHandle {
 };
 using Handle = std::unique_ptr<CURL, FreeHandle>;
 
+struct FreeConnections {
+  void operator()(CURLM* connections) const { curl_multi_cleanup(connections); }
+};
+using Connections = std::unique_ptr<CURLM, FreeConnections>;
+
+// curl_easy_perform, but for its waiting: that sleeps for a second where the library names no socket to wait
+// for, as it does now and then between the two connections of FTP over TLS. Here each wait is at most about
+// as long as what has been waited since something last happened.
+CURLcode performed(CURLM* connections, CURL* handle) {
+  constexpr int kShortest = 1, kLongest = 100;  // milliseconds
+  if (connections == nullptr || curl_multi_add_handle(connections, handle) != CURLM_OK) {
+    return CURLE_OUT_OF_MEMORY;
+  }
+  CURLcode result = CURLE_FAILED_INIT;
+  int running = 1;
+  int wait = kShortest;
+  for (;;) {
+    if (curl_multi_perform(connections, &running) != CURLM_OK) break;
+    int left = 0;
+    if (const CURLMsg* const message = curl_multi_info_read(connections, &left)) {
+      if (message->msg == CURLMSG_DONE) result = message->data.result;
+      break;
+    }
+    int ready = 0;
+    if (running == 0 || curl_multi_poll(connections, nullptr, 0, wait, &ready) != CURLM_OK) break;
+    wait = ready > 0 ? kShortest : std::min(2 * wait, kLongest);
+  }
+  curl_multi_remove_handle(connections, handle);
+  return result;
+}
+
 // For a command of SFTP.
 std::string quoted(const std::string& path) {
   std::string text = "\"";
@@ -113,12 +144,12 @@ class CurlTransport : public publish::Transport {
  public:
   explicit CurlTransport(publish::Address address) : address_(std::move(address)) {
     beginLibrary();
-    handle_.reset(curl_easy_init());
+    renew();
   }
 
   void connect() override {
     // What was answered meanwhile counts for a new connection.
-    handle_.reset(curl_easy_init());
+    renew();
     if (address_.scheme == Scheme::Sftp) {
       checkKeyFile();
       publish::HostKey host;
@@ -212,6 +243,12 @@ class CurlTransport : public publish::Transport {
 
  private:
   enum class Lists { Facts, Lines };
+
+  // Without the connection there was.
+  void renew() {
+    handle_.reset(curl_easy_init());
+    connections_.reset(curl_multi_init());
+  }
 
   template <class Value>
   void set(CURLoption option, Value value) {
@@ -350,7 +387,7 @@ class CurlTransport : public publish::Transport {
     if (watch.stopped()) throw Failure(Fault::Stopped);
     if (address_.scheme == Scheme::Sftp) watch.said("> " + what);
     lastSign_ = Clock::now();
-    const CURLcode code = curl_easy_perform(handle_.get());
+    const CURLcode code = performed(connections_.get(), handle_.get());
     if (thrown_) std::rethrow_exception(thrown_);
     if (code == CURLE_OK) return;
     std::string words = words_[0] != '\0' ? std::string(words_.data()) : curl_easy_strerror(code);
@@ -444,7 +481,7 @@ class CurlTransport : public publish::Transport {
     set(CURLOPT_SSL_VERIFYPEER, 0L);
     set(CURLOPT_SSL_VERIFYHOST, 0L);
     set(CURLOPT_CERTINFO, 1L);
-    curl_easy_perform(handle_.get());
+    performed(connections_.get(), handle_.get());
     if (watch.stopped()) throw Failure(Fault::Stopped);
     publish::Certificate found;
     found.why = why;
@@ -574,6 +611,7 @@ class CurlTransport : public publish::Transport {
   }
 
   const publish::Address address_;
+  Connections connections_;
   Handle handle_;
   Lists lists_ = Lists::Facts;
   publish::HostKey hostKey_;
