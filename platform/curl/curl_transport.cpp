@@ -366,6 +366,8 @@ class CurlTransport : public publish::Transport {
     set(CURLOPT_FTP_FILEMETHOD, static_cast<long>(CURLFTPMETHOD_NOCWD));
     set(CURLOPT_TRANSFERTEXT, 0L);
     if (address_.scheme == Scheme::Ftp) return;
+    // What nearly every server takes comes first: a wrong guess costs a round trip at each data connection.
+    set(CURLOPT_SSL_EC_CURVES, "P-256:X25519:P-384:P-521");
     set(CURLOPT_USE_SSL, static_cast<long>(CURLUSESSL_ALL));
     set(CURLOPT_FTPSSLAUTH, static_cast<long>(CURLFTPAUTH_TLS));
     set(CURLOPT_SSL_OPTIONS, static_cast<long>(CURLSSLOPT_REVOKE_BEST_EFFORT));
