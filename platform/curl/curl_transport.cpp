@@ -42,6 +42,8 @@ constexpr long kPieces = 512L << 10U;
 constexpr std::int64_t kSlowest = 4096;
 constexpr std::string_view kProbe = ".room";  // behind a name, while it is asked whether there is room
 constexpr long kMargin = 10;                  // seconds; the library's own limits come after ours
+// Seconds. Where no limit is set, the library waits for the end of an SFTP upload without ever sleeping.
+constexpr long kLongestTransfer = 1000000;
 
 void beginLibrary() {
   static std::once_flag once;
@@ -316,6 +318,7 @@ class CurlTransport : public publish::Transport {
     set(CURLOPT_ERRORBUFFER, words_.data());
     set(CURLOPT_CONNECTTIMEOUT, static_cast<long>(limits.connect));
     set(CURLOPT_SERVER_RESPONSE_TIMEOUT, limits.silence + kSendBuffer / kSlowest + kMargin);
+    set(CURLOPT_TIMEOUT, kLongestTransfer);
     set(CURLOPT_NOPROGRESS, 0L);
     set(CURLOPT_XFERINFOFUNCTION, &CurlTransport::onProgress);
     set(CURLOPT_XFERINFODATA, this);
