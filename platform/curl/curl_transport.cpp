@@ -163,7 +163,14 @@ class CurlTransport : public publish::Transport {
       if (!hosts.path().empty()) set(CURLOPT_SSH_KNOWNHOSTS, hosts.path().c_str());
       perform("connect");
     } else {
-      commands({}, "connect");
+      try {
+        commands({}, "connect");
+      } catch (const Failure&) {
+        if (!handshakeFailed_ || newestTls_) throw;
+        newestTls_ = true;
+        renew();
+        commands({}, "connect");
+      }
     }
   }
 
@@ -369,6 +376,12 @@ class CurlTransport : public publish::Transport {
     set(CURLOPT_FTP_FILEMETHOD, static_cast<long>(CURLFTPMETHOD_NOCWD));
     set(CURLOPT_TRANSFERTEXT, 0L);
     if (address_.scheme == Scheme::Ftp) return;
+    // A server of TLS 1.3 sends tickets when the handshake has ended. They reach a data connection that has
+    // been closed after a short file, the system answers with a reset, and the server loses what it has not
+    // read.
+    set(CURLOPT_SSLVERSION,
+        static_cast<long>(CURL_SSLVERSION_TLSv1_2) |
+            static_cast<long>(newestTls_ ? CURL_SSLVERSION_MAX_DEFAULT : CURL_SSLVERSION_MAX_TLSv1_2));
     // What nearly every server takes comes first: a wrong guess costs a round trip at each data connection.
     set(CURLOPT_SSL_EC_CURVES, "P-256:X25519:P-384:P-521");
     set(CURLOPT_USE_SSL, static_cast<long>(CURLUSESSL_ALL));
@@ -394,6 +407,7 @@ class CurlTransport : public publish::Transport {
     lastSign_ = Clock::now();
     const CURLcode code = performed(connections_.get(), handle_.get());
     if (thrown_) std::rethrow_exception(thrown_);
+    handshakeFailed_ = code == CURLE_SSL_CONNECT_ERROR;
     if (code == CURLE_OK) return;
     std::string words = words_[0] != '\0' ? std::string(words_.data()) : curl_easy_strerror(code);
     if (reply_.size() > 3 && reply_[0] >= '4') words = reply_;
@@ -529,8 +543,9 @@ class CurlTransport : public publish::Transport {
       me.sign();
     }
     // What was handed over lately may still be on its way.
-    const std::int64_t held = std::min<std::int64_t>(up, kSendBuffer);
-    const auto limit = std::chrono::seconds(me.limits.silence + (me.left_ == 0 ? held / kSlowest : 0));
+    const std::int64_t held = me.left_ == 0 ? std::min<std::int64_t>(up, kSendBuffer) : 0;
+    const std::int64_t more = std::min<std::int64_t>(held / kSlowest, 2LL * me.limits.silence);
+    const auto limit = std::chrono::seconds(me.limits.silence + more);
     me.silent_ = Clock::now() - me.lastSign_ > limit;
     return me.silent_ ? 1 : 0;
   }
@@ -619,6 +634,8 @@ class CurlTransport : public publish::Transport {
   Connections connections_;
   Handle handle_;
   Lists lists_ = Lists::Facts;
+  bool newestTls_ = false;        // asked of a server that takes nothing older
+  bool handshakeFailed_ = false;  // in the last request
   publish::HostKey hostKey_;
   std::string why_;
   // Of the request that runs.
