@@ -3,6 +3,7 @@
 #include <curl/curl.h>
 #ifndef _WIN32
 #include <sys/socket.h>
+#include <unistd.h>
 
 #include <csignal>
 #endif
@@ -12,6 +13,7 @@
 #include <chrono>
 #include <exception>
 #include <mutex>
+#include <set>
 #include <string>
 #include <utility>
 
@@ -25,6 +27,7 @@
 #include "publish/digest.h"
 #include "publish/listing.h"
 #include "publish/private_key.h"
+#include "publish/retry.h"
 
 namespace platform {
 namespace {
@@ -337,6 +340,9 @@ class CurlTransport : public publish::Transport {
     set(CURLOPT_HEADERFUNCTION, &CurlTransport::onHeader);
     set(CURLOPT_HEADERDATA, this);
     set(CURLOPT_SOCKOPTFUNCTION, &CurlTransport::onSocket);
+    set(CURLOPT_SOCKOPTDATA, this);
+    set(CURLOPT_CLOSESOCKETFUNCTION, &CurlTransport::onClose);
+    set(CURLOPT_CLOSESOCKETDATA, this);
     set(CURLOPT_UPLOAD_BUFFERSIZE, kPieces);
     set(CURLOPT_BUFFERSIZE, kPieces);
     set(CURLOPT_TCP_NODELAY, 1L);
@@ -406,13 +412,25 @@ class CurlTransport : public publish::Transport {
     if (address_.scheme == Scheme::Sftp) watch.said("> " + what);
     lastSign_ = Clock::now();
     const CURLcode code = performed(connections_.get(), handle_.get());
-    if (thrown_) std::rethrow_exception(thrown_);
+    if (thrown_) {
+      hangUp();
+      std::rethrow_exception(thrown_);
+    }
     handshakeFailed_ = code == CURLE_SSL_CONNECT_ERROR;
     if (code == CURLE_OK) return;
     std::string words = words_[0] != '\0' ? std::string(words_.data()) : curl_easy_strerror(code);
     if (reply_.size() > 3 && reply_[0] >= '4') words = reply_;
     watch.said("< " + words);
-    throw Failure(judged(code, words), words);
+    const Fault fault = judged(code, words);
+    if (fault == Fault::Stopped || publish::isWorthRetrying(fault)) hangUp();
+    throw Failure(fault, words);
+  }
+
+  // The library would say good-bye when it closes a connection, and wait a minute for the answer of a server
+  // that has none.
+  void hangUp() {
+    constexpr int kBothWays = 2;
+    for (const curl_socket_t socket : sockets_) shutdown(socket, kBothWays);
   }
 
   Fault judged(CURLcode code, const std::string& words) {
@@ -611,7 +629,17 @@ class CurlTransport : public publish::Transport {
     return size * count;
   }
 
-  static int onSocket(void*, curl_socket_t socket, curlsocktype) {
+  static int onClose(void* data, curl_socket_t socket) {
+    self(data).sockets_.erase(socket);
+#ifdef _WIN32
+    return closesocket(socket);
+#else
+    return close(socket);
+#endif
+  }
+
+  static int onSocket(void* data, curl_socket_t socket, curlsocktype) {
+    self(data).sockets_.insert(socket);
     const int size = kSendBuffer;
     setsockopt(socket, SOL_SOCKET, SO_SNDBUF, reinterpret_cast<const char*>(&size), sizeof size);
     return CURL_SOCKOPT_OK;
@@ -631,6 +659,7 @@ class CurlTransport : public publish::Transport {
   }
 
   const publish::Address address_;
+  std::set<curl_socket_t> sockets_;
   Connections connections_;
   Handle handle_;
   Lists lists_ = Lists::Facts;
