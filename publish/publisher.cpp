@@ -234,7 +234,7 @@ void Publisher::parallel(std::size_t count, const std::function<void(Session&, s
   for (std::size_t number = 1; number < most; ++number) {
     threads.emplace_back([&, number] {
       try {
-        sessions_[number]->ready();
+        sessions_[number]->open();
       } catch (const std::exception&) {
         return;
       }

@@ -26,7 +26,7 @@ Session::Session(const Account& account, const MakeTransport& make, Talk& talk, 
 }
 
 void Session::open() {
-  for (;;) {
+  while (!open_) {
     if (talk_.stopped()) throw Failure(Fault::Stopped);
     {
       const std::scoped_lock lock(door_.asking);
@@ -39,7 +39,6 @@ void Session::open() {
     try {
       transport_->connect();
       open_ = true;
-      return;
     } catch (const Failure& failure) {
       if (!answered(failure)) throw;
     }

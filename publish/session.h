@@ -38,12 +38,8 @@ class Session {
   // All must outlive the session.
   Session(const Account& account, const MakeTransport& make, Talk& talk, Door& door);
 
-  // Connects, asking where it must. Throws Failure.
+  // Connects where there is no connection yet, asking where it must. Throws Failure.
   void open();
-  // Connects where it has not yet, or the last connection has ended. Throws Failure.
-  void ready() {
-    if (!open_) open();
-  }
   // Does `work`, again after a pause where the connection was at fault; `tried` counts from 0.
   void run(const std::function<void(Transport& transport, int tried)>& work);
   Transport& transport() { return *transport_; }

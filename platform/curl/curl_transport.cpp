@@ -3,6 +3,7 @@
 #include <curl/curl.h>
 #ifndef _WIN32
 #include <sys/socket.h>
+#include <unistd.h>
 
 #include <csignal>
 #endif
@@ -12,6 +13,7 @@
 #include <chrono>
 #include <exception>
 #include <mutex>
+#include <set>
 #include <string>
 #include <utility>
 
@@ -25,6 +27,7 @@
 #include "publish/digest.h"
 #include "publish/listing.h"
 #include "publish/private_key.h"
+#include "publish/retry.h"
 
 namespace platform {
 namespace {
@@ -42,6 +45,8 @@ constexpr long kPieces = 512L << 10U;
 constexpr std::int64_t kSlowest = 4096;
 constexpr std::string_view kProbe = ".room";  // behind a name, while it is asked whether there is room
 constexpr long kMargin = 10;                  // seconds; the library's own limits come after ours
+// Seconds. Where no limit is set, the library waits for the end of an SFTP upload without ever sleeping.
+constexpr long kLongestTransfer = 1000000;
 
 void beginLibrary() {
   static std::once_flag once;
@@ -70,11 +75,36 @@ struct FreeHandle {
 };
 using Handle = std::unique_ptr<CURL, FreeHandle>;
 
-struct FreeMulti {
-  void operator()(CURLM* multi) const { curl_multi_cleanup(multi); }
+struct FreeConnections {
+  void operator()(CURLM* connections) const { curl_multi_cleanup(connections); }
 };
-// Holds the connection; the handle is in it only while a request runs.
-using Multi = std::unique_ptr<CURLM, FreeMulti>;
+using Connections = std::unique_ptr<CURLM, FreeConnections>;
+
+// curl_easy_perform, but for its waiting: that sleeps for a second where the library names no socket to wait
+// for, as it does now and then between the two connections of FTP over TLS. Here each wait is at most about
+// as long as what has been waited since something last happened.
+CURLcode performed(CURLM* connections, CURL* handle) {
+  constexpr int kShortest = 1, kLongest = 100;  // milliseconds
+  if (connections == nullptr || curl_multi_add_handle(connections, handle) != CURLM_OK) {
+    return CURLE_OUT_OF_MEMORY;
+  }
+  CURLcode result = CURLE_FAILED_INIT;
+  int running = 1;
+  int wait = kShortest;
+  for (;;) {
+    if (curl_multi_perform(connections, &running) != CURLM_OK) break;
+    int left = 0;
+    if (const CURLMsg* const message = curl_multi_info_read(connections, &left)) {
+      if (message->msg == CURLMSG_DONE) result = message->data.result;
+      break;
+    }
+    int ready = 0;
+    if (running == 0 || curl_multi_poll(connections, nullptr, 0, wait, &ready) != CURLM_OK) break;
+    wait = ready > 0 ? kShortest : std::min(2 * wait, kLongest);
+  }
+  curl_multi_remove_handle(connections, handle);
+  return result;
+}
 
 // For a command of SFTP.
 std::string quoted(const std::string& path) {
@@ -119,14 +149,12 @@ class CurlTransport : public publish::Transport {
  public:
   explicit CurlTransport(publish::Address address) : address_(std::move(address)) {
     beginLibrary();
-    handle_.reset(curl_easy_init());
-    multi_.reset(curl_multi_init());
+    renew();
   }
 
   void connect() override {
     // What was answered meanwhile counts for a new connection.
-    multi_.reset(curl_multi_init());
-    handle_.reset(curl_easy_init());
+    renew();
     if (address_.scheme == Scheme::Sftp) {
       checkKeyFile();
       publish::HostKey host;
@@ -138,7 +166,14 @@ class CurlTransport : public publish::Transport {
       if (!hosts.path().empty()) set(CURLOPT_SSH_KNOWNHOSTS, hosts.path().c_str());
       perform("connect");
     } else {
-      commands({}, "connect");
+      try {
+        commands({}, "connect");
+      } catch (const Failure&) {
+        if (!handshakeFailed_ || newestTls_) throw;
+        newestTls_ = true;
+        renew();
+        commands({}, "connect");
+      }
     }
   }
 
@@ -221,6 +256,12 @@ class CurlTransport : public publish::Transport {
  private:
   enum class Lists { Facts, Lines };
 
+  // Without the connection there was.
+  void renew() {
+    handle_.reset(curl_easy_init());
+    connections_.reset(curl_multi_init());
+  }
+
   template <class Value>
   void set(CURLoption option, Value value) {
     curl_easy_setopt(handle_.get(), option, value);
@@ -287,6 +328,7 @@ class CurlTransport : public publish::Transport {
     set(CURLOPT_ERRORBUFFER, words_.data());
     set(CURLOPT_CONNECTTIMEOUT, static_cast<long>(limits.connect));
     set(CURLOPT_SERVER_RESPONSE_TIMEOUT, limits.silence + kSendBuffer / kSlowest + kMargin);
+    set(CURLOPT_TIMEOUT, kLongestTransfer);
     set(CURLOPT_NOPROGRESS, 0L);
     set(CURLOPT_XFERINFOFUNCTION, &CurlTransport::onProgress);
     set(CURLOPT_XFERINFODATA, this);
@@ -298,6 +340,9 @@ class CurlTransport : public publish::Transport {
     set(CURLOPT_HEADERFUNCTION, &CurlTransport::onHeader);
     set(CURLOPT_HEADERDATA, this);
     set(CURLOPT_SOCKOPTFUNCTION, &CurlTransport::onSocket);
+    set(CURLOPT_SOCKOPTDATA, this);
+    set(CURLOPT_CLOSESOCKETFUNCTION, &CurlTransport::onClose);
+    set(CURLOPT_CLOSESOCKETDATA, this);
     set(CURLOPT_UPLOAD_BUFFERSIZE, kPieces);
     set(CURLOPT_BUFFERSIZE, kPieces);
     set(CURLOPT_TCP_NODELAY, 1L);
@@ -337,6 +382,14 @@ class CurlTransport : public publish::Transport {
     set(CURLOPT_FTP_FILEMETHOD, static_cast<long>(CURLFTPMETHOD_NOCWD));
     set(CURLOPT_TRANSFERTEXT, 0L);
     if (address_.scheme == Scheme::Ftp) return;
+    // A server of TLS 1.3 sends tickets when the handshake has ended. They reach a data connection that has
+    // been closed after a short file, the system answers with a reset, and the server loses what it has not
+    // read.
+    set(CURLOPT_SSLVERSION,
+        static_cast<long>(CURL_SSLVERSION_TLSv1_2) |
+            static_cast<long>(newestTls_ ? CURL_SSLVERSION_MAX_DEFAULT : CURL_SSLVERSION_MAX_TLSv1_2));
+    // What nearly every server takes comes first: a wrong guess costs a round trip at each data connection.
+    set(CURLOPT_SSL_EC_CURVES, "P-256:X25519:P-384:P-521");
     set(CURLOPT_USE_SSL, static_cast<long>(CURLUSESSL_ALL));
     set(CURLOPT_FTPSSLAUTH, static_cast<long>(CURLFTPAUTH_TLS));
     set(CURLOPT_SSL_OPTIONS, static_cast<long>(CURLSSLOPT_REVOKE_BEST_EFFORT));
@@ -358,33 +411,26 @@ class CurlTransport : public publish::Transport {
     if (watch.stopped()) throw Failure(Fault::Stopped);
     if (address_.scheme == Scheme::Sftp) watch.said("> " + what);
     lastSign_ = Clock::now();
-    const CURLcode code = runRequest();
-    if (thrown_) std::rethrow_exception(thrown_);
+    const CURLcode code = performed(connections_.get(), handle_.get());
+    if (thrown_) {
+      hangUp();
+      std::rethrow_exception(thrown_);
+    }
+    handshakeFailed_ = code == CURLE_SSL_CONNECT_ERROR;
     if (code == CURLE_OK) return;
     std::string words = words_[0] != '\0' ? std::string(words_.data()) : curl_easy_strerror(code);
     if (reply_.size() > 3 && reply_[0] >= '4') words = reply_;
     watch.said("< " + words);
-    throw Failure(judged(code, words), words);
+    const Fault fault = judged(code, words);
+    if (fault == Fault::Stopped || publish::isWorthRetrying(fault)) hangUp();
+    throw Failure(fault, words);
   }
 
-  // As curl_easy_perform, which now and then waits a whole second for no socket at all between opening and
-  // using a data connection over TLS: never so long here, and not at all where something moves.
-  CURLcode runRequest() {
-    constexpr int kLongest = 64;  // milliseconds
-    if (curl_multi_add_handle(multi_.get(), handle_.get()) != CURLM_OK) return CURLE_FAILED_INIT;
-    CURLcode code = CURLE_FAILED_INIT;
-    int running = 1;
-    for (int wait = 1; curl_multi_perform(multi_.get(), &running) == CURLM_OK && running > 0;) {
-      int ready = 0;
-      if (curl_multi_poll(multi_.get(), nullptr, 0, wait, &ready) != CURLM_OK) break;
-      wait = ready > 0 ? 1 : std::min(2 * wait, kLongest);
-    }
-    int left = 0;
-    while (const CURLMsg* const message = curl_multi_info_read(multi_.get(), &left)) {
-      if (message->msg == CURLMSG_DONE) code = message->data.result;
-    }
-    curl_multi_remove_handle(multi_.get(), handle_.get());
-    return code;
+  // The library would say good-bye when it closes a connection, and wait a minute for the answer of a server
+  // that has none.
+  void hangUp() {
+    constexpr int kBothWays = 2;
+    for (const curl_socket_t socket : sockets_) shutdown(socket, kBothWays);
   }
 
   Fault judged(CURLcode code, const std::string& words) {
@@ -472,7 +518,7 @@ class CurlTransport : public publish::Transport {
     set(CURLOPT_SSL_VERIFYPEER, 0L);
     set(CURLOPT_SSL_VERIFYHOST, 0L);
     set(CURLOPT_CERTINFO, 1L);
-    runRequest();
+    performed(connections_.get(), handle_.get());
     if (watch.stopped()) throw Failure(Fault::Stopped);
     publish::Certificate found;
     found.why = why;
@@ -515,8 +561,9 @@ class CurlTransport : public publish::Transport {
       me.sign();
     }
     // What was handed over lately may still be on its way.
-    const std::int64_t held = std::min<std::int64_t>(up, kSendBuffer);
-    const auto limit = std::chrono::seconds(me.limits.silence + (me.left_ == 0 ? held / kSlowest : 0));
+    const std::int64_t held = me.left_ == 0 ? std::min<std::int64_t>(up, kSendBuffer) : 0;
+    const std::int64_t more = std::min<std::int64_t>(held / kSlowest, 2LL * me.limits.silence);
+    const auto limit = std::chrono::seconds(me.limits.silence + more);
     me.silent_ = Clock::now() - me.lastSign_ > limit;
     return me.silent_ ? 1 : 0;
   }
@@ -582,7 +629,17 @@ class CurlTransport : public publish::Transport {
     return size * count;
   }
 
-  static int onSocket(void*, curl_socket_t socket, curlsocktype) {
+  static int onClose(void* data, curl_socket_t socket) {
+    self(data).sockets_.erase(socket);
+#ifdef _WIN32
+    return closesocket(socket);
+#else
+    return close(socket);
+#endif
+  }
+
+  static int onSocket(void* data, curl_socket_t socket, curlsocktype) {
+    self(data).sockets_.insert(socket);
     const int size = kSendBuffer;
     setsockopt(socket, SOL_SOCKET, SO_SNDBUF, reinterpret_cast<const char*>(&size), sizeof size);
     return CURL_SOCKOPT_OK;
@@ -602,9 +659,12 @@ class CurlTransport : public publish::Transport {
   }
 
   const publish::Address address_;
-  Multi multi_;
+  std::set<curl_socket_t> sockets_;
+  Connections connections_;
   Handle handle_;
   Lists lists_ = Lists::Facts;
+  bool newestTls_ = false;        // asked of a server that takes nothing older
+  bool handshakeFailed_ = false;  // in the last request
   publish::HostKey hostKey_;
   std::string why_;
   // Of the request that runs.

@@ -3,6 +3,7 @@
 
 Usage: check_publish.py ZERVO_CLI [COMMAND...]    (COMMAND runs it, such as wine)
 """
+import concurrent.futures
 import os
 import pathlib
 import subprocess
@@ -126,7 +127,7 @@ def faults(place, pages):
     for mode, limit, words in (("silent", 0, "is silent"), ("silent", 400_000, "is silent"), ("cut", 400_000, "cut")):
         mode += "-data" if place.name == "ftps" and limit else ""
         place.relay.be(mode, limit)
-        fails(f"{place.name}, {mode} after {limit}", words, place.publish(url, pages, relay=True), 120)
+        fails(f"{place.name}, {mode} after {limit}", words, place.publish(url, pages, relay=True, timeout=2), 40)
         check((folder / "page.html").read_bytes() == b"old", f"{place.name}, {mode}: the old file is whole")
     place.relay.be("slow", 150_000)
     code, _, said, _ = place.publish(url, pages, relay=True)
@@ -190,9 +191,15 @@ with tempfile.TemporaryDirectory() as name:
 
         for place in places.values():
             with_pages(changes, place)
-        for kind in ("sftp", "ftps"):
-            with_pages(faults, places[kind])
-            with_pages(full_disk, places[kind])
+
+        def badly(place):
+            with_pages(faults, place)
+            with_pages(full_disk, place)
+
+        # What waits for silent servers waits at the same time.
+        with concurrent.futures.ThreadPoolExecutor() as pool:
+            for running in [pool.submit(badly, places[kind]) for kind in ("sftp", "ftps")]:
+                running.result()
         with_pages(trust, servers, places)
     finally:
         servers.close()

@@ -86,8 +86,9 @@ class Relay:
                 if mode == "slow" and up:
                     time.sleep(len(data) / self.limit)
                 elif mode in ("silent", "cut") and self.seen > self.limit:
-                    if mode == "silent":
-                        time.sleep(60)
+                    # Silent until the client hangs up: the server holds a lock on the file for as long.
+                    while mode == "silent" and source.recv(65536):
+                        pass
                     up = None
                     break
                 target.sendall(data)
