@@ -20,9 +20,11 @@ frmabout::frmabout(ui::Platform& platform) : Form("frmabout", IDD_frmabout) {
       "HTML რედაქტორი ქართული ვებ-გვერდების ავტორებისთვის. გარდაქმნის ძველი შრიფტებით და ლათინური ასოებით "
       "აკრეფილ "
       "ქართულ ტექსტს UTF-8-ად და უკან.");
-  Llicence.setCaption("რედაქტორი: Scintilla; შრიფტები: DejaVu-დან. მათი &ლიცენზიები:");
-  Tlicence.setText(base::withLineEnds(
-      platform.resource("CODE_LICENCE") + "\n\n" + platform.resource("FONT_LICENCE"), base::LineEnd::CrLf));
+  Llicence.setCaption("რედაქტორი: Scintilla; კავშირი: libcurl; შრიფტები: DejaVu. &ლიცენზიები:");
+  Tlicence.setText(base::withLineEnds(platform.resource("CODE_LICENCE") + "\n\n" +
+                                          platform.resource("FONT_LICENCE") + "\n\n" +
+                                          platform.resource("NET_LICENCE"),
+                                      base::LineEnd::CrLf));
   Clink.setCaption("&DejaVu ინტერნეტში");
   Clink.hint = kLink;
   COK.setCaption("&OK");

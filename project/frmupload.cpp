@@ -43,7 +43,7 @@ frmupload::frmupload(app::Workbench& bench, ui::Ftp& ftp)
   Command4.setCaption("parametrebi"_keyboard);
   Command1.setCaption("&გამოსვლა");
   FR2.setCaption("FTP accounts:");
-  CBaccount.hint = "FTP Account";
+  CBaccount.hint = "FTP Account; ჩვეულებრივი FTP პაროლს დაუშიფრავად აგზავნის";
   CBdir.hint = "Subdirectori";
   Tfile.hint = "faili"_keyboard;
   Tinf.hint = "ჟურნალი";
@@ -276,6 +276,13 @@ void frmupload::Cupload_Click() {
     return;
   }
   keepSettings();
+  const std::string server = base::upperAscii(accountFields(line)[1]);
+  if (server.starts_with("SFTP://") || server.starts_with("FTPS://")) {
+    app::messageBox(bench_.platform(),
+                    "ეს ანგარიში დაშიფრული კავშირისაა. მისთვის სხვა ფანჯარაა: ფაილი > საიტის გამოქვეყნება.",
+                    "FTP Upload");
+    return;
+  }
   // What was kept open for another account must not take this one's files.
   if (line != connectedLine_) ftp_.FtpDisconnect();
   connectedLine_ = line;

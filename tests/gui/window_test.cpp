@@ -175,6 +175,7 @@ TEST_F(Window, EveryDialogNamesItsControlsAndCanDoWithoutAMouse) {
                   {mnunewWEB, L"frmWEB"},
                   {mnurecentfile, L"frmrecentfile"},
                   {mnuupload, L"frmupload"},
+                  {mnupublish, L"frmpublish"},
                   {mnutags, L"frmTags"},
                   {mnutagkod, L"frmkod"},
                   {mnuasos, L"frmasos"},
