@@ -1,7 +1,7 @@
 #!/usr/bin/env python3
 """zervo-cli publish against real servers: what is sent, what is left, and every way in which a server can fail.
 
-Usage: check_publish.py ZERVO_CLI [COMMAND...]    (COMMAND runs it, such as wine)
+Usage: check_publish.py ZERVO_CLI [ZERVO_CLI_EXE]    (the second one runs under Wine)
 """
 import concurrent.futures
 import os
@@ -14,7 +14,7 @@ import time
 sys.path.insert(0, str(pathlib.Path(__file__).resolve().parent))
 from servers import DATA_PORTS, PASSWORD, Relay, Servers
 
-CLI = sys.argv[2:] + [sys.argv[1]]
+CLI = [sys.argv[1]]
 failures = []
 
 
@@ -180,6 +180,18 @@ def trust(servers, places, pages):
     check(not (servers.site / "t").exists(), "nothing was sent to whom nobody trusts")
 
 
+def windows(servers, place, pages):
+    """Windows' own TLS, and SSH by the libraries that are built in: one run that sends, one that finds all the same."""
+    (pages / "page.html").write_bytes(os.urandom(300_000))
+    words = [f"Z:{word}" if isinstance(word, pathlib.Path) else word for word in place.words]
+    folder = servers.site / ("windows-" + place.name)
+    for what in ("new", "same"):
+        done = subprocess.run(["tools/wine-run", sys.argv[2], "publish", "--timeout", "10", *words, place.url("site/" + folder.name), f"Z:{pages}"],
+                              env={**os.environ, "ZERVO_PASSWORD": PASSWORD}, stdin=subprocess.DEVNULL, capture_output=True, timeout=120)
+        check(done.returncode == 0 and f"{what} page.html".encode() in done.stdout, f"Windows, {place.name}: {what}, not {done}")
+        check(folder.exists() and held(folder) == held(pages), f"Windows, {place.name}: all is there")
+
+
 with tempfile.TemporaryDirectory() as name:
     servers = Servers(name)
     try:
@@ -201,6 +213,8 @@ with tempfile.TemporaryDirectory() as name:
             for running in [pool.submit(badly, places[kind]) for kind in ("sftp", "ftps")]:
                 running.result()
         with_pages(trust, servers, places)
+        for kind in ("sftp", "ftps") if len(sys.argv) > 2 else ():
+            with_pages(windows, servers, places[kind])
     finally:
         servers.close()
 print(f"{len(failures)} faults")
