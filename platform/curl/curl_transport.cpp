@@ -24,6 +24,7 @@
 #include "base/text.h"
 #include "platform/curl/certificate.h"
 #include "platform/curl/faults.h"
+#include "platform/curl/tls_end.h"
 #include "publish/digest.h"
 #include "publish/listing.h"
 #include "publish/private_key.h"
@@ -55,6 +56,7 @@ void beginLibrary() {
     std::signal(SIGPIPE, SIG_IGN);
 #endif
     curl_global_init(CURL_GLOBAL_ALL);
+    hearEndOfTls();
   });
 }
 
@@ -83,7 +85,7 @@ using Connections = std::unique_ptr<CURLM, FreeConnections>;
 // curl_easy_perform, but for its waiting: that sleeps for a second where the library names no socket to wait
 // for, as it does now and then between the two connections of FTP over TLS. Here each wait is at most about
 // as long as what has been waited since something last happened.
-CURLcode performed(CURLM* connections, CURL* handle) {
+CURLcode performed(CURLM* connections, CURL* handle, [[maybe_unused]] bool looks) {
   constexpr int kShortest = 1, kLongest = 100;  // milliseconds
   if (connections == nullptr || curl_multi_add_handle(connections, handle) != CURLM_OK) {
     return CURLE_OUT_OF_MEMORY;
@@ -101,6 +103,14 @@ CURLcode performed(CURLM* connections, CURL* handle) {
     int ready = 0;
     if (running == 0 || curl_multi_poll(connections, nullptr, 0, wait, &ready) != CURLM_OK) break;
     wait = ready > 0 ? kShortest : std::min(2 * wait, kLongest);
+#ifdef _WIN32
+    // What Schannel has read along with the end of a handshake is looked at when the socket has more, which a
+    // short list never has; going on after a pause makes the library look.
+    if (ready == 0 && looks) {
+      curl_easy_pause(handle, CURLPAUSE_RECV);
+      curl_easy_pause(handle, CURLPAUSE_CONT);
+    }
+#endif
   }
   curl_multi_remove_handle(connections, handle);
   return result;
@@ -411,7 +421,8 @@ class CurlTransport : public publish::Transport {
     if (watch.stopped()) throw Failure(Fault::Stopped);
     if (address_.scheme == Scheme::Sftp) watch.said("> " + what);
     lastSign_ = Clock::now();
-    const CURLcode code = performed(connections_.get(), handle_.get());
+    const CURLcode code =
+        performed(connections_.get(), handle_.get(), read_ == nullptr && address_.scheme == Scheme::Ftps);
     if (thrown_) {
       hangUp();
       std::rethrow_exception(thrown_);
@@ -518,7 +529,7 @@ class CurlTransport : public publish::Transport {
     set(CURLOPT_SSL_VERIFYPEER, 0L);
     set(CURLOPT_SSL_VERIFYHOST, 0L);
     set(CURLOPT_CERTINFO, 1L);
-    performed(connections_.get(), handle_.get());
+    performed(connections_.get(), handle_.get(), false);
     if (watch.stopped()) throw Failure(Fault::Stopped);
     publish::Certificate found;
     found.why = why;

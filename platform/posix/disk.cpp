@@ -237,7 +237,8 @@ int entries(std::string_view folder, std::vector<Entry>& found) {
     Entry one{std::string(name)};
     unsigned char type = entry->d_type;
     struct stat known {};
-    if (type == DT_UNKNOWN && lstat((path / name).c_str(), &known) == 0) type = static_cast<unsigned char>(IFTODT(known.st_mode));
+    if (type == DT_UNKNOWN && lstat((path / name).c_str(), &known) == 0)
+      type = static_cast<unsigned char>(IFTODT(known.st_mode));
     one.link = type == DT_LNK;
     if (one.link) {
       one.kind = look((path / name).string()).kind;

@@ -162,28 +162,17 @@ TEST_F(Window, EveryDialogNamesItsControlsAndCanDoWithoutAMouse) {
   const struct {
     int command;
     const wchar_t* form;
-  } kDialogs[] = {{mnusuch, L"frmsuch"},
-                  {mnutempformat, L"frmtempformat"},
-                  {mnuDesign, L"frmDesign"},
-                  {mnuTable, L"frmTabColor"},
-                  {mnuTabColor, L"frmTabColor"},
-                  {mnuMatrix, L"frmMatrix"},
-                  {mnuCSSstile, L"frmCSSstile"},
-                  {mnuproperties, L"frmproperties"},
-                  {mnuAbout, L"frmabout"},
-                  {mnurusaso, L"frmrusaso"},
-                  {mnunewWEB, L"frmWEB"},
-                  {mnurecentfile, L"frmrecentfile"},
-                  {mnuupload, L"frmupload"},
-                  {mnupublish, L"frmpublish"},
-                  {mnutags, L"frmTags"},
-                  {mnutagkod, L"frmkod"},
-                  {mnuasos, L"frmasos"},
-                  {mnuabzac, L"frmabzac"},
-                  {mnuparzuch, L"frmxascvla"},
-                  {mnuletters, L"frmletters"},
-                  {mnusite, L"frmsite"},
-                  {mnuPrintPreview, L"frmprintpreview"}};
+  } kDialogs[] = {{mnusuch, L"frmsuch"},         {mnutempformat, L"frmtempformat"},
+                  {mnuDesign, L"frmDesign"},     {mnuTable, L"frmTabColor"},
+                  {mnuTabColor, L"frmTabColor"}, {mnuMatrix, L"frmMatrix"},
+                  {mnuCSSstile, L"frmCSSstile"}, {mnuproperties, L"frmproperties"},
+                  {mnuAbout, L"frmabout"},       {mnurusaso, L"frmrusaso"},
+                  {mnunewWEB, L"frmWEB"},        {mnurecentfile, L"frmrecentfile"},
+                  {mnuupload, L"frmupload"},     {mnupublish, L"frmpublish"},
+                  {mnutags, L"frmTags"},         {mnutagkod, L"frmkod"},
+                  {mnuasos, L"frmasos"},         {mnuabzac, L"frmabzac"},
+                  {mnuparzuch, L"frmxascvla"},   {mnuletters, L"frmletters"},
+                  {mnusite, L"frmsite"},         {mnuPrintPreview, L"frmprintpreview"}};
   Zervo zervo = open({file(L"page.html", "<P ALIGN=left STYLE=\"color: red\">one</P>")});
   zervo.waitUntilFree();
   zervo.select(0, 0);

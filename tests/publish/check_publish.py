@@ -1,7 +1,7 @@
 #!/usr/bin/env python3
 """zervo-cli publish against real servers: what is sent, what is left, and every way in which a server can fail.
 
-Usage: check_publish.py ZERVO_CLI [COMMAND...]    (COMMAND runs it, such as wine)
+Usage: check_publish.py ZERVO_CLI, or check_publish.py --windows ZERVO_CLI_EXE: that one sends a page under Wine.
 """
 import concurrent.futures
 import os
@@ -14,7 +14,8 @@ import time
 sys.path.insert(0, str(pathlib.Path(__file__).resolve().parent))
 from servers import DATA_PORTS, PASSWORD, Relay, Servers
 
-CLI = sys.argv[2:] + [sys.argv[1]]
+WINDOWS = sys.argv[1] == "--windows"
+CLI = [sys.argv[-1]]
 failures = []
 
 
@@ -180,6 +181,18 @@ def trust(servers, places, pages):
     check(not (servers.site / "t").exists(), "nothing was sent to whom nobody trusts")
 
 
+def windows(servers, place, pages):
+    """Windows' own TLS, and SSH by the libraries that are built in: one run that sends, one that finds all the same."""
+    (pages / "page.html").write_bytes(os.urandom(300_000))
+    words = [f"Z:{word}" if isinstance(word, pathlib.Path) else word for word in place.words]
+    folder = servers.site / ("windows-" + place.name)
+    for what in ("new", "same"):
+        done = subprocess.run(["tools/wine-run", *CLI, "publish", "--timeout", "10", *words, place.url("site/" + folder.name), f"Z:{pages}"],
+                              env={**os.environ, "ZERVO_PASSWORD": PASSWORD}, stdin=subprocess.DEVNULL, capture_output=True, timeout=120)
+        check(done.returncode == 0 and f"{what} page.html".encode() in done.stdout, f"Windows, {place.name}: {what}, not {done}")
+        check(folder.exists() and held(folder) == held(pages), f"Windows, {place.name}: all is there")
+
+
 with tempfile.TemporaryDirectory() as name:
     servers = Servers(name)
     try:
@@ -189,18 +202,22 @@ with tempfile.TemporaryDirectory() as name:
             with tempfile.TemporaryDirectory() as pages:
                 test(*words, pathlib.Path(pages))
 
-        for place in places.values():
-            with_pages(changes, place)
+        if WINDOWS:
+            for kind in ("sftp", "ftps"):
+                with_pages(windows, servers, places[kind])
+        else:
+            for place in places.values():
+                with_pages(changes, place)
 
-        def badly(place):
-            with_pages(faults, place)
-            with_pages(full_disk, place)
+            def badly(place):
+                with_pages(faults, place)
+                with_pages(full_disk, place)
 
-        # What waits for silent servers waits at the same time.
-        with concurrent.futures.ThreadPoolExecutor() as pool:
-            for running in [pool.submit(badly, places[kind]) for kind in ("sftp", "ftps")]:
-                running.result()
-        with_pages(trust, servers, places)
+            # What waits for silent servers waits at the same time.
+            with concurrent.futures.ThreadPoolExecutor() as pool:
+                for running in [pool.submit(badly, places[kind]) for kind in ("sftp", "ftps")]:
+                    running.result()
+            with_pages(trust, servers, places)
     finally:
         servers.close()
 print(f"{len(failures)} faults")

@@ -17,7 +17,7 @@ class WholeProgram : public testing::Test {
 
   WholeProgram() {
     platform.folder = folder.makeFolder("program");
-    program = std::make_unique<program::Program>(platform, T1, connect);
+    program = std::make_unique<program::Program>(platform, T1, nullptr);
     program->window().window = &peer;
     program->start("");
   }
