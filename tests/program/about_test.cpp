@@ -13,6 +13,7 @@ TEST_F(About, ShowsVersionAndLicenceAndOpensTheLink) {
   start();
   platform.resources["CODE_LICENCE"] = "Copyright 1998-2021 by Neil Hodgson";
   platform.resources["FONT_LICENCE"] = base::readFile(ZERVO_SOURCE "/resources/fonts/LICENSE-DejaVu.txt");
+  platform.resources["NET_LICENCE"] = "COPYRIGHT AND PERMISSION NOTICE";
   platform.modal.push_back([this](ui::Form& form) {
     auto& box = dynamic_cast<program::frmabout&>(form);
     EXPECT_EQ(box.Lname.caption(), ui::Text("Zervo " ZERVO_VERSION));
@@ -20,6 +21,7 @@ TEST_F(About, ShowsVersionAndLicenceAndOpensTheLink) {
     EXPECT_NE(box.Tlicence.text().find("free of charge, to any person obtaining a copy\r\nof the fonts"),
               std::string::npos);
     EXPECT_TRUE(box.Tlicence.text().starts_with("Copyright 1998-2021 by Neil Hodgson"));
+    EXPECT_NE(box.Tlicence.text().find("COPYRIGHT AND PERMISSION NOTICE"), std::string::npos);
     box.Clink.click();
     EXPECT_EQ(platform.opened, std::vector<std::string>{"https://dejavu-fonts.github.io/ 1"});
     EXPECT_FALSE(box.closed());
