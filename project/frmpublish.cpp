@@ -66,7 +66,7 @@ frmpublish::frmpublish(app::Workbench& bench, publish::MakeTransport connect)
   LV.columns = {{"ფაილი", 190}, {"ცვლილება", 80}, {"ზომა", 50}, {"მდგომარეობა", 110}};
   CKall.setCaption("ყველას მო&ნიშვნა");
   Tlog.hint = "ჟურნალი";
-  Cupload.setCaption("გა&გზავნა...");
+  Cupload.setCaption("გაგ&ზავნა...");
   Clog.setCaption("ჟურნალის შენახ&ვა...");
   CEXIT.setCaption("დახურვა");
   defaultButton = &Ccompare;

@@ -8,8 +8,8 @@ import struct
 import subprocess
 import sys
 
-SYSTEM = {"advapi32", "comctl32", "comdlg32", "dwmapi", "gdi32", "hhctrl", "imm32", "kernel32", "msimg32", "msvcrt",
-          "ntdll", "ole32", "oleacc", "oleaut32", "secur32", "shell32", "shlwapi", "user32",
+SYSTEM = {"advapi32", "bcrypt", "comctl32", "comdlg32", "crypt32", "dwmapi", "gdi32", "hhctrl", "imm32", "kernel32",
+          "msimg32", "msvcrt", "ntdll", "ole32", "oleacc", "oleaut32", "secur32", "shell32", "shlwapi", "user32",
           "uxtheme", "version", "wininet", "winspool", "ws2_32", "rpcrt4", "uuid"}
 RT_MANIFEST = 24
 GERMAN = 1031
