@@ -2,13 +2,13 @@
 
 #include <algorithm>
 #include <chrono>
-#include <type_traits>
 #include <utility>
 
 #include "app/mdlsaerto.h"
 #include "base/files.h"
 #include "base/path.h"
 #include "base/text.h"
+#include "project/frmremote.h"
 #include "project/publish_texts.h"
 #include "publish/host_file.h"
 
@@ -17,20 +17,11 @@ namespace {
 
 using publish::Change;
 
-constexpr int kPoll = 30;                                 // milliseconds in which the window does nothing
 constexpr std::size_t kMostLog = std::size_t{32} * 1024;  // bytes that are shown of it
 constexpr std::chrono::milliseconds kLook{300};           // list and log are shown anew no more often
 
 std::string number(std::int64_t value) {
   return std::to_string(value);
-}
-
-std::string sizeText(std::int64_t bytes) {
-  constexpr std::int64_t kKilo = 1024;
-  if (bytes < kKilo) return number(bytes) + " B";
-  if (bytes < kKilo * kKilo) return number((bytes + kKilo / 2) / kKilo) + " KB";
-  const std::int64_t tenths = bytes * 10 / (kKilo * kKilo);
-  return number(tenths / 10) + "." + number(tenths % 10) + " MB";
 }
 
 std::string timeText(std::int64_t seconds) {
@@ -41,7 +32,9 @@ std::string timeText(std::int64_t seconds) {
 }  // namespace
 
 frmpublish::frmpublish(app::Workbench& bench, publish::MakeTransport connect)
-    : Form("frmpublish", IDD_frmpublish), bench_(bench), connect_(std::move(connect)) {
+    : PublishForm("frmpublish", IDD_frmpublish, bench), connect_(std::move(connect)) {
+  stopButton_ = &Cstop;
+  stayOpen_ = {&Tlog, &CEXIT};
   setCaption("საიტის გამოქვეყნება");
   Laccount.setCaption("&ანგარიში:");
   CBaccount.hint = "FTP.ini-ს ანგარიშები";
@@ -68,6 +61,7 @@ frmpublish::frmpublish(app::Workbench& bench, publish::MakeTransport connect)
   Tlog.hint = "ჟურნალი";
   Cupload.setCaption("გაგ&ზავნა...");
   Clog.setCaption("ჟურნალის შენახ&ვა...");
+  Cremote.setCaption("სერვერის &ფაილები...");
   CEXIT.setCaption("დახურვა");
   defaultButton = &Ccompare;
   cancelButton = &CEXIT;
@@ -80,11 +74,12 @@ frmpublish::frmpublish(app::Workbench& bench, publish::MakeTransport connect)
   Ckey.clicked.connect([this] { Ckey_Click(); });
   Cfolder.clicked.connect([this] { Cfolder_Click(); });
   Ccompare.clicked.connect([this] { Ccompare_Click(); });
-  Cstop.clicked.connect([this] { stop_ = true; });
+  Cstop.clicked.connect([this] { stop(); });
   LV.rowChecked.connect([this](int row) { LV_Checked(row); });
   CKall.changed.connect([this] { CKall_Changed(); });
   Cupload.clicked.connect([this] { Cupload_Click(); });
   Clog.clicked.connect([this] { Clog_Click(); });
+  Cremote.clicked.connect([this] { Cremote_Click(); });
   CEXIT.clicked.connect([this] {
     if (queryClose()) close();
   });
@@ -107,12 +102,6 @@ void frmpublish::load() {
     Tfolder.setText(documents.WEBopened ? documents.WEBpath : shown.empty() ? "" : base::folderOf(shown));
   }
   Taddress_Changed();
-}
-
-bool frmpublish::queryClose() {
-  if (!running_) return true;
-  stop_ = closeBehindRun_ = true;
-  return false;
 }
 
 void frmpublish::CBaccount_Click() {
@@ -196,52 +185,16 @@ std::string frmpublish::unsavedInFolder(const std::string& folder) {
   return names;
 }
 
-void frmpublish::setRunning(bool on) {
-  running_ = on;
-  for (ui::Control* control : controls()) {
-    const ui::ControlKind kind = control->kind();
-    if (kind != ui::ControlKind::Label && kind != ui::ControlKind::ProgressBar) control->setEnabled(!on);
+void frmpublish::ended(const std::string& why) {
+  if (!why.empty()) {
+    appendLog(why);
+    Lprogress.setCaption(why);
   }
-  Tlog.setEnabled(true);
-  CEXIT.setEnabled(true);
-  Cstop.setEnabled(on);
-  if (!on) showButtons();
-  (on ? Cstop : compared_ ? Cupload : Ccompare).setFocus();
-}
-
-bool frmpublish::run(const std::function<void()>& work) {
-  stop_ = closeBehindRun_ = false;
-  setRunning(true);
-  bool good = false;
-  const bool told = ui::atGate([&] {
-    try {
-      work_.start(work);
-      for (PublishWork::News news = work_.wait(kPoll);; news = work_.wait(kPoll)) {
-        take(news);
-        if (news.question && !stop_) work_.answer(answerTo(*news.question));
-        if (news.ended) break;
-        bench_.platform().pumpEvents();
-        if (stop_) work_.stop();
-      }
-      work_.finish();
-      good = !stop_;
-    } catch (const publish::Failure& failure) {
-      const std::string text = textOf(failure);
-      appendLog(text);
-      Lprogress.setCaption(text);
-      if (failure.fault() != publish::Fault::Stopped) {
-        app::messageBox(bench_.platform(), text, caption(), app::frmBOXa::Kind::Message,
-                        ui::IconBox::Sign::Warning);
-      }
-    }
-  });
-  if (stop_) Lprogress.setCaption("შეჩერებულია");
   showLog();
   Bar.setValue(0);
-  setRunning(false);
   showRows();
-  if (closeBehindRun_) close();
-  return told && good;
+  showButtons();
+  (compared_ ? Cupload : Ccompare).setFocus();
 }
 
 void frmpublish::take(const PublishWork::News& news) {
@@ -259,8 +212,8 @@ void frmpublish::take(const PublishWork::News& news) {
 }
 
 void frmpublish::showProgress(const publish::Progress& now) {
-  if (stop_) Lprogress.setCaption("ჩერდება...");
-  if (stop_ || now.files == 0) return;
+  if (stopping()) Lprogress.setCaption("ჩერდება...");
+  if (stopping() || now.files == 0) return;
   std::string text = number(now.filesDone) + " / " + number(now.files) + "   " + sizeText(now.bytesDone) +
                      " / " + sizeText(now.bytes);
   if (now.rate > 0) text += "   " + sizeText(now.rate) + "/წმ";
@@ -278,43 +231,9 @@ void frmpublish::takeEvent(const PublishWork::Event& event) {
   row->state = event.failure ? textOf(*event.failure) : event.removed ? "წაშლილია" : "გაგზავნილია";
 }
 
-std::optional<std::string> frmpublish::answerTo(const PublishQuestion& question) {
-  const auto agreed = [this](const std::string& text, ui::IconBox::Sign sign) -> std::optional<std::string> {
-    const std::string answer =
-        app::messageBox(bench_.platform(), text, caption(), app::frmBOXa::Kind::YesNo, sign);
-    return answer == app::kAnswerYes ? std::optional<std::string>("") : std::nullopt;
-  };
-  return std::visit(
-      [&](const auto& what) -> std::optional<std::string> {
-        using What = std::decay_t<decltype(what)>;
-        if constexpr (std::is_same_v<What, publish::Certificate>) {
-          return agreed("სერვერის სერტიფიკატს არავინ ადასტურებს: " + what.why + "\r\n\r\nვისია: " +
-                            what.subject + "\r\nვინ გასცა: " + what.issuer + "\r\nვადა: " + what.ends +
-                            "\r\n" + what.fingerprint + "\r\n\r\nვენდოთ ამ ანგარიშისთვის?",
-                        ui::IconBox::Sign::Warning);
-        } else if constexpr (std::is_same_v<What, publish::HostKey>) {
-          return agreed("ამ სერვერს პირველად ვუკავშირდებით: " + what.host + "\r\n\r\nმისი გასაღები:\r\n" +
-                            what.type + " " + publish::fingerprint(what) +
-                            "\r\n\r\nეს ნამდვილად ამ სერვერის გასაღებია?",
-                        ui::IconBox::Sign::Question);
-        } else if constexpr (std::is_same_v<What, PasswordQuestion>) {
-          return app::passwordBox(bench_.platform(),
-                                  (what.again ? "პაროლი არ მიიღეს. კიდევ სცადეთ: " : "პაროლი: ") +
-                                      publish::addressText(what.address),
-                                  caption());
-        } else {
-          return app::passwordBox(
-              bench_.platform(),
-              (what.again ? "ფრაზა არასწორია. კიდევ სცადეთ: " : "გასაღების საიდუმლო ფრაზა: ") + what.keyFile,
-              caption());
-        }
-      },
-      question);
-}
-
 void frmpublish::Ccompare_Click() {
   publish::Account account;
-  if (running_ || !readAccount(account)) return;
+  if (running() || !readAccount(account)) return;
   const std::string folder = Tfolder.text();
   const std::string unsaved = unsavedInFolder(folder);
   if (!unsaved.empty()) {
@@ -355,7 +274,7 @@ void frmpublish::Ccompare_Click() {
 }
 
 void frmpublish::Cupload_Click() {
-  if (running_ || !compared_) return;
+  if (running() || !compared_) return;
   std::vector<publish::Item> chosen;
   std::size_t removed = 0;
   std::size_t conflicts = 0;
@@ -393,6 +312,19 @@ void frmpublish::Clog_Click() {
   dialog.filter = "*.txt|*.txt";
   dialog.kind = "log";
   if (const auto path = bench_.platform().saveFile(dialog)) base::writeFile(*path, log_);
+}
+
+void frmpublish::Cremote_Click() {
+  publish::Account account;
+  if (running() || !readAccount(account)) return;
+  // Both keep what was sent in one file.
+  publisher_.reset();
+  accountChanged();
+  FetchedFiles& fetched = fetched_[Tfolder.text() + "\n" + publish::addressText(account.address)];
+  frmremote form(bench_, std::move(account), connect_, Tfolder.text(), fetched);
+  bench_.platform().showModal(form);
+  wanted_ = form.wanted();
+  if (!wanted_.empty()) close();
 }
 
 void frmpublish::appendLog(const std::string& line) {
@@ -439,7 +371,7 @@ void frmpublish::showRows() {
 }
 
 void frmpublish::showButtons() {
-  if (running_) return;
+  if (running()) return;
   std::size_t ticked = 0;
   std::int64_t bytes = 0;
   for (const Row& row : rows_) {

@@ -4,21 +4,23 @@
 
 #include <chrono>
 #include <cstddef>
-#include <functional>
+#include <map>
 #include <memory>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "app/workbench.h"
+#include "project/frmremote.h"
 #include "project/ftp_accounts.h"
-#include "project/publish_work.h"
+#include "project/publish_form.h"
 #include "publish/publisher.h"
 #include "resources/ids.h"
 #include "ui/controls.h"
 
 namespace project {
 
-class frmpublish : public ui::Form {
+class frmpublish : public PublishForm {
  public:
   // `bench` must outlive the form.
   frmpublish(app::Workbench& bench, publish::MakeTransport connect);
@@ -48,10 +50,12 @@ class frmpublish : public ui::Form {
   ui::TextBox Tlog{*this, IDC_frmpublish_Tlog};
   ui::Button Cupload{*this, IDC_frmpublish_Cupload};
   ui::Button Clog{*this, IDC_frmpublish_Clog};
+  ui::Button Cremote{*this, IDC_frmpublish_Cremote};
   ui::Button CEXIT{*this, IDC_frmpublish_CEXIT};
 
   void load() override;
-  bool queryClose() override;
+  // A page of the server that the user wants to see in the editor; told once. Empty: none.
+  std::string takeWanted() { return std::exchange(wanted_, {}); }
 
  private:
   struct Row {
@@ -68,28 +72,24 @@ class frmpublish : public ui::Form {
   void Ccompare_Click();
   void Cupload_Click();
   void Clog_Click();
+  void Cremote_Click();
   void CKall_Changed();
   void LV_Checked(int row);
 
   // False, and the user knows why, when the fields do not say where to.
   bool readAccount(publish::Account& account);
   std::string unsavedInFolder(const std::string& folder);
-  // Does it on another thread, while the window lives; false: it was stopped or has failed, and the user
-  // knows.
-  bool run(const std::function<void()>& work);
-  void take(const PublishWork::News& news);
+  void take(const PublishWork::News& news) override;
+  void ended(const std::string& why) override;
   void showProgress(const publish::Progress& now);
   void takeEvent(const PublishWork::Event& event);
-  std::optional<std::string> answerTo(const PublishQuestion& question);
   void accountChanged();  // what was compared does not hold for it
-  void setRunning(bool on);
   void appendLog(const std::string& line);
   void showLog();
   void showRows();
   void showButtons();
   ui::ListView::Item itemOf(const Row& row) const;
 
-  app::Workbench& bench_;
   const publish::MakeTransport connect_;
   std::vector<std::string> lines_;  // of FTP.ini
   std::vector<Row> rows_;           // without what is the same on both sides
@@ -98,9 +98,9 @@ class frmpublish : public ui::Form {
   std::string log_;
   bool logChanged_ = false, rowsChanged_ = false;  // since they were shown
   std::chrono::steady_clock::time_point looked_;
-  bool running_ = false, stop_ = false, closeBehindRun_ = false;
-  PublishWork work_;
-  std::unique_ptr<publish::Publisher> publisher_;  // of the last comparison; ends before `work_`
+  std::map<std::string, FetchedFiles> fetched_;  // by folder here and address
+  std::string wanted_;
+  std::unique_ptr<publish::Publisher> publisher_;  // of the last comparison
 };
 
 }  // namespace project

@@ -53,6 +53,7 @@ void attach(app::Workbench& bench, const publish::MakeTransport& connect) {
             [&bench, publishing, connect] {
               if (!*publishing) *publishing = std::make_unique<frmpublish>(bench, connect);
               bench.platform().showModal(**publishing);
+              if (const std::string page = (*publishing)->takeWanted(); !page.empty()) bench.ofnen(page);
             },
         .help = "საქაღალდის ან პროექტის შეცვლილი ფაილების გაგზავნა SFTP-ით, FTPS-ით ან FTP-ით"}});
 }

@@ -48,6 +48,14 @@ const char* plain(Fault fault) {
 
 }  // namespace
 
+std::string sizeText(std::int64_t bytes) {
+  constexpr std::int64_t kKilo = 1024;
+  if (bytes < kKilo) return std::to_string(bytes) + " B";
+  if (bytes < kKilo * kKilo) return std::to_string((bytes + kKilo / 2) / kKilo) + " KB";
+  const std::int64_t tenths = bytes * 10 / (kKilo * kKilo);
+  return std::to_string(tenths / 10) + "." + std::to_string(tenths % 10) + " MB";
+}
+
 std::string textOf(publish::Change change) {
   switch (change) {
     case publish::Change::New:

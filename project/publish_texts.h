@@ -1,6 +1,7 @@
 // What the user reads of publishing.
 #pragma once
 
+#include <cstdint>
 #include <string>
 
 #include "publish/address.h"
@@ -9,6 +10,8 @@
 
 namespace project {
 
+// Of so many bytes, rounded.
+std::string sizeText(std::int64_t bytes);
 std::string textOf(publish::Change change);
 std::string textOf(publish::AddressFault fault);
 // With the server's own words, where there are any.

@@ -1,6 +1,8 @@
 #include "publish/local_files.h"
 
 #include <algorithm>
+#include <cstring>
+#include <iterator>
 #include <utility>
 
 #include "base/disk.h"
@@ -43,6 +45,26 @@ std::vector<LocalFile> localFiles(std::string_view folder) {
   std::sort(found.begin(), found.end(),
             [](const LocalFile& a, const LocalFile& b) { return a.path < b.path; });
   return found;
+}
+
+bool isLocalPath(std::string_view path) {
+  const auto isName = [](std::string_view name) {
+    static constexpr std::string_view kDevices[] = {"CON", "PRN", "AUX", "NUL"};
+    if (name.empty() || name.back() == '.' || name.back() == ' ') return false;
+    for (const char c : name) {
+      if (static_cast<unsigned char>(c) < ' ' || std::strchr("<>:\"|?*\\", c) != nullptr) return false;
+    }
+    const std::string stem = base::upperAscii(name.substr(0, name.find('.')));
+    const bool numbered = stem.size() == 4 && (stem.starts_with("COM") || stem.starts_with("LPT")) &&
+                          stem.back() >= '1' && stem.back() <= '9';
+    return !numbered && std::ranges::find(kDevices, stem) == std::end(kDevices);
+  };
+  for (std::size_t begin = 0; begin <= path.size();) {
+    const std::size_t end = std::min(path.find('/', begin), path.size());
+    if (!isName(path.substr(begin, end - begin))) return false;
+    begin = end + 1;
+  }
+  return true;
 }
 
 }  // namespace publish

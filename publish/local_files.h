@@ -19,5 +19,8 @@ struct LocalFile {
 // control, links to folders, and what systems put into folders for themselves. Throws base::Error where a
 // folder cannot be read.
 std::vector<LocalFile> localFiles(std::string_view folder);
+// A path of a server ("/" between names) that a file below a folder of Windows can have, and that does not
+// lead out of it (Microsoft, "Naming Files, Paths, and Namespaces").
+bool isLocalPath(std::string_view path);
 
 }  // namespace publish

@@ -364,8 +364,19 @@ void Publisher::tidy(const std::vector<Item>& chosen) {
   }
 }
 
+// Those above a file that is there.
+void Publisher::markFolders(const std::string& path) {
+  for (std::string folder = remoteFolderOf(path); !folder.empty(); folder = remoteFolderOf(folder)) {
+    folders_[folder] = true;
+  }
+  folders_[""] = true;
+}
+
 void Publisher::makeFolders(const std::vector<Item>& chosen) {
   std::set<std::string> wanted;
+  for (const Item& item : chosen) {
+    if (item.there) markFolders(item.path);
+  }
   for (const Item& item : chosen) {
     if (!item.here || item.change == Change::Same) continue;
     for (std::string folder = remoteFolderOf(item.path); !folder.empty(); folder = remoteFolderOf(folder)) {
@@ -698,10 +709,11 @@ Item Publisher::download(const std::string& path, const std::string& target) {
   item.change = Change::Changed;
   const base::disk::Look now = base::disk::look(target);
   item.local = {path, target, static_cast<std::int64_t>(now.size), now.changed};
-  for (std::string folder = remoteFolderOf(path); !folder.empty(); folder = remoteFolderOf(folder)) {
-    folders_[folder] = true;
-  }
-  folders_[""] = true;
+  // Both sides are the same now, as if it had been sent.
+  item.digest = fileDigest(target);
+  state_.files[path] = {item.local.size,  item.local.time,  item.digest,
+                        item.remote.size, item.remote.time, item.remote.precision};
+  keepState();
   return item;
 }
 

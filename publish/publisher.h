@@ -41,8 +41,9 @@ class Publisher {
   void rename(const std::string& from, const std::string& to);  // replaces an existing file
   void remove(const std::string& path);
   void removeFolder(const std::string& path);  // an empty one
-  // Whole under `target`, or not at all. The item can be given to run() when `target` has been changed: it is
-  // sent only if the server's file is still the one that was fetched.
+  // Whole under `target`, the path's place here, or not at all; from then on it counts as sent. The item can
+  // be given to run() when `target` has been changed: it is sent only if the server's file is still the one
+  // that was fetched.
   Item download(const std::string& path, const std::string& target);
 
  private:
@@ -59,6 +60,7 @@ class Publisher {
   void takeList(const std::string& folder, const std::vector<Entry>& entries, RemoteFiles& found,
                 std::vector<std::string>& below);
   void tidy(const std::vector<Item>& chosen);
+  void markFolders(const std::string& path);
   void makeFolders(const std::vector<Item>& chosen);
   void sendBatch(Batch& batch);
   void putBatch(Batch& batch, bool again);

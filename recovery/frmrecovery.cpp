@@ -1,26 +1,17 @@
 #include "recovery/frmrecovery.h"
 
 #include <algorithm>
-#include <ctime>
 #include <utility>
 
 #include "app/mdlsaerto.h"
 #include "base/line_ends.h"
+#include "base/local_time.h"
 #include "base/path.h"
 
 namespace recovery {
 namespace {
 
 constexpr std::size_t kMostShown = 2000;  // bytes of a text's beginning
-
-// In the user's own time.
-std::string whenKept(std::int64_t seconds) {
-  const auto time = static_cast<std::time_t>(seconds);
-  const std::tm* const local = std::localtime(&time);
-  char text[32] = "";
-  if (local != nullptr) std::strftime(text, sizeof text, "%d.%m.%Y %H:%M", local);
-  return text;
-}
 
 }  // namespace
 
@@ -40,7 +31,7 @@ frmrecovery::frmrecovery(app::Workbench& bench, std::vector<const KeptText*> tex
     ui::ListView::Item item;
     item.text = kept->place.title.empty() ? "ახალი" : kept->place.title;
     const std::string& path = kept->place.path;
-    item.subItems = {path.empty() ? "ჯერ არ შენახულა" : base::folderOf(path), whenKept(kept->time)};
+    item.subItems = {path.empty() ? "ჯერ არ შენახულა" : base::folderOf(path), base::localTime(kept->time)};
     item.checked = true;
     items.push_back(std::move(item));
   }

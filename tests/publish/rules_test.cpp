@@ -10,6 +10,7 @@
 #include "publish/digest.h"
 #include "publish/known_hosts.h"
 #include "publish/listing.h"
+#include "publish/local_files.h"
 #include "publish/retry.h"
 
 namespace {
@@ -175,6 +176,16 @@ TEST(Publish, TriesAgainLaterAndLater) {
   for (const Fault fault :
        {Fault::Login, Fault::ChangedHostKey, Fault::Certificate, Fault::DiskFull, Fault::Stopped}) {
     EXPECT_FALSE(isWorthRetrying(fault));
+  }
+}
+
+TEST(Publish, AServersPathIsTakenOnlyWhereItStaysInTheFolderAndWindowsCanHoldIt) {
+  for (const char* good : {"a.htm", "ქალაქი/გვერდი 1.htm", ".htaccess", "a..b/con1.txt", "COM0.txt"}) {
+    EXPECT_TRUE(isLocalPath(good)) << good;
+  }
+  for (const char* bad : {"", "..", "a/../b", "a//b", "..\\..\\x.htm", "c:x", "a?.htm", "a./b", "b ", "nul",
+                          "a/Aux.htm", "lpt9.txt", "a\tb"}) {
+    EXPECT_FALSE(isLocalPath(bad)) << bad;
   }
 }
 
