@@ -32,7 +32,7 @@ std::string timeText(std::int64_t seconds) {
 }  // namespace
 
 frmpublish::frmpublish(app::Workbench& bench, publish::MakeTransport connect)
-    : PublishForm("frmpublish", IDD_frmpublish, bench), connect_(std::move(connect)) {
+    : ServerForm("frmpublish", IDD_frmpublish, bench), connect_(std::move(connect)) {
   stopButton_ = &Cstop;
   stayOpen_ = {&Tlog, &CEXIT};
   setCaption("საიტის გამოქვეყნება");

@@ -12,15 +12,15 @@
 
 #include "app/workbench.h"
 #include "project/frmremote.h"
+#include "project/frmserver.h"
 #include "project/ftp_accounts.h"
-#include "project/publish_form.h"
 #include "publish/publisher.h"
 #include "resources/ids.h"
 #include "ui/controls.h"
 
 namespace project {
 
-class frmpublish : public PublishForm {
+class frmpublish : public ServerForm {
  public:
   // `bench` must outlive the form.
   frmpublish(app::Workbench& bench, publish::MakeTransport connect);

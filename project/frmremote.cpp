@@ -15,7 +15,7 @@ namespace project {
 
 frmremote::frmremote(app::Workbench& bench, publish::Account account, const publish::MakeTransport& connect,
                      std::string folder, FetchedFiles& fetched)
-    : PublishForm("frmremote", IDD_frmremote, bench),
+    : ServerForm("frmremote", IDD_frmremote, bench),
       folder_(std::move(folder)),
       address_(publish::addressText(account.address)),
       fetched_(fetched) {

@@ -8,7 +8,7 @@
 #include <string>
 #include <vector>
 
-#include "project/publish_form.h"
+#include "project/frmserver.h"
 #include "publish/publisher.h"
 #include "resources/ids.h"
 
@@ -17,7 +17,7 @@ namespace project {
 // What came from the server, as it was then; by path below the account's folder.
 using FetchedFiles = std::map<std::string, publish::Item, std::less<>>;
 
-class frmremote : public PublishForm {
+class frmremote : public ServerForm {
  public:
   // `folder` of this computer is where the account's folder is. `bench` and `fetched` must outlive the form.
   frmremote(app::Workbench& bench, publish::Account account, const publish::MakeTransport& connect,

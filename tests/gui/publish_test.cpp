@@ -75,9 +75,7 @@ TEST_F(Session, APageOfTheServerIsOpenedEditedAndSentBack) {
   Server server;
   std::istringstream(told) >> server.port >> server.user >> server.served;
   const std::filesystem::path root(wide(server.served + "\\remote"));
-  std::filesystem::create_directories(root / L"ქალაქი");
   const auto there = root / L"ქალაქი" / L"გვერდი.htm";
-  writeBytes(there, "<P>theirs</P>\r\n");
   std::filesystem::create_directory(folder / L"mine");
   Zervo zervo = open();
   zervo.waitUntilFree();
@@ -96,9 +94,15 @@ TEST_F(Session, APageOfTheServerIsOpenedEditedAndSentBack) {
   };
   // Met before or not, by the order of the tests.
   waitFor("the folder or the question",
-          [&] { return FindWindowW(L"frmBOXa", nullptr) != nullptr || rows() == 1; });
+          [&] { return FindWindowW(L"frmBOXa", nullptr) != nullptr || rows() == 0; });
   if (FindWindowW(L"frmBOXa", nullptr) != nullptr) press(shownForm(L"frmBOXa"), IDC_frmBOXa_Cyes);
-  waitFor("the folder", [&] { return rows() == 1; });
+  waitFor("the folder", [&] { return rows() == 0; });
+  press(form, IDC_frmremote_Cmake);
+  const HWND box = shownForm(L"frmBOXa");
+  fill(box, IDC_frmBOXa_Tanswer, L"ქალაქი");
+  press(box, IDC_frmBOXa_COK);
+  waitFor("the new folder", [&] { return rows() == 1; });
+  writeBytes(there, "<P>theirs</P>\r\n");
   press(form, IDC_frmremote_Copen);
   waitFor("the page's folder",
           [&] { return rows() == 1 && IsWindowEnabled(GetDlgItem(form, IDC_frmremote_Cup)); });

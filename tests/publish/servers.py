@@ -113,6 +113,7 @@ class Servers:
         self.folder.chmod(0o755)
         self.site = self.folder / "site"
         self.make(self.site)
+        self.make(self.folder / "remote")
         self.keys()
 
     def make(self, folder):

@@ -12,14 +12,14 @@
 
 namespace project {
 
-class PublishForm : public ui::Form {
+class ServerForm : public ui::Form {
  public:
   // A run is stopped first; the window closes behind it.
   bool queryClose() override;
 
  protected:
   // `bench` must outlive the form.
-  PublishForm(const char* name, int id, app::Workbench& bench) : Form(name, id), bench_(bench) {}
+  ServerForm(const char* name, int id, app::Workbench& bench) : Form(name, id), bench_(bench) {}
 
   // Does it on another thread, while the window lives; false: it was stopped or has failed, and the user
   // knows.

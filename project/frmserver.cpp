@@ -1,4 +1,4 @@
-#include "project/publish_form.h"
+#include "project/frmserver.h"
 
 #include <algorithm>
 #include <type_traits>
@@ -13,18 +13,18 @@ constexpr int kPoll = 30;  // milliseconds in which the window does nothing
 
 }  // namespace
 
-bool PublishForm::queryClose() {
+bool ServerForm::queryClose() {
   if (!running_) return true;
   stop_ = closeBehindRun_ = true;
   return false;
 }
 
-void PublishForm::tell(const std::string& text) {
+void ServerForm::tell(const std::string& text) {
   app::messageBox(bench_.platform(), text, caption(), app::frmBOXa::Kind::Message,
                   ui::IconBox::Sign::Warning);
 }
 
-void PublishForm::setRunning(bool on) {
+void ServerForm::setRunning(bool on) {
   running_ = on;
   for (ui::Control* control : controls()) {
     const ui::ControlKind kind = control->kind();
@@ -36,7 +36,7 @@ void PublishForm::setRunning(bool on) {
   if (on) stopButton_->setFocus();
 }
 
-bool PublishForm::run(const std::function<void()>& task) {
+bool ServerForm::run(const std::function<void()>& task) {
   stop_ = closeBehindRun_ = false;
   setRunning(true);
   bool good = false;
@@ -65,7 +65,7 @@ bool PublishForm::run(const std::function<void()>& task) {
   return good;
 }
 
-std::optional<std::string> PublishForm::answerTo(const PublishQuestion& question) {
+std::optional<std::string> ServerForm::answerTo(const PublishQuestion& question) {
   const auto agreed = [this](const std::string& text, ui::IconBox::Sign sign) -> std::optional<std::string> {
     const std::string answer =
         app::messageBox(bench_.platform(), text, caption(), app::frmBOXa::Kind::YesNo, sign);
