@@ -126,12 +126,13 @@ TEST_F(Session, APageOfTheServerIsOpenedEditedAndSentBack) {
   writeBytes(there, "quicker than us\n");
   press(form, IDC_frmremote_Csend);
   press(shownForm(L"frmBOXa"), IDC_frmBOXa_Cno);
-  waitFor("the end of the run", [&] { return rows() == 1; });
+  const auto free = [&] { return FindWindowW(L"frmBOXa", nullptr) == nullptr && rows() == 1; };
+  waitFor("the end of the run", free);
   EXPECT_EQ(readBytes(there), "quicker than us\n");
   press(form, IDC_frmremote_Csend);
   press(shownForm(L"frmBOXa"), IDC_frmBOXa_Cyes);
   waitFor("our page there", [&] { return readBytes(there) == mine; });
-  waitFor("the end of the second run", [&] { return rows() == 1; });
+  waitFor("the end of the second run", free);
 
   press(form, IDC_frmremote_Cdelete);
   press(shownForm(L"frmBOXa"), IDC_frmBOXa_Cyes);
