@@ -44,6 +44,8 @@ frmpublish::frmpublish(app::Workbench& bench, publish::MakeTransport connect)
   Lpassword.setCaption("პა&როლი:");
   Tpassword.hint = "ცარიელი: საჭიროებისას გკითხავთ";
   Tpassword.setMasked(true);
+  CKkeep.setCaption("პაროლის დამახსოვრე&ბა");
+  CKkeep.hint = "ინახავს Windows, თქვენი ანგარიშისთვის დაშიფრულს";
   Lkey.setCaption("&გასაღები:");
   Tkey.hint = "SSH-ის პირადი გასაღების ფაილი (OpenSSH); ცარიელი: პაროლით";
   Ckey.setCaption("...");
@@ -67,8 +69,10 @@ frmpublish::frmpublish(app::Workbench& bench, publish::MakeTransport connect)
   cancelButton = &CEXIT;
 
   CBaccount.selectionChanged.connect([this] { CBaccount_Click(); });
+  CKkeep.changed.connect([this] { CKkeep_Changed(); });
   Taddress.changed.connect([this] { Taddress_Changed(); });
-  for (ui::TextBox* box : {&Tuser, &Tpassword, &Tkey, &Tfolder}) {
+  Tuser.changed.connect([this] { whoChanged(); });
+  for (ui::TextBox* box : {&Tpassword, &Tkey, &Tfolder}) {
     box->changed.connect([this] { accountChanged(); });
   }
   Ckey.clicked.connect([this] { Ckey_Click(); });
@@ -130,7 +134,34 @@ void frmpublish::Taddress_Changed() {
   const auto address = publish::parseAddress(base::trimSpaces(Taddress.text()), fault);
   const bool open = address && address->scheme == publish::Scheme::Ftp;
   Lnote.setCaption(open ? "ჩვეულებრივ FTP-ში პაროლი და ფაილები დაუშიფრავად იგზავნება." : "");
+  whoChanged();
+}
+
+void frmpublish::whoChanged() {
+  ui::Secrets* const store = bench_.platform().secrets();
+  CKkeep.setChecked(store != nullptr && store->read(secretName()).has_value());
   accountChanged();
+}
+
+std::string frmpublish::secretName() const {
+  publish::AddressFault fault{};
+  auto address = publish::parseAddress(base::trimSpaces(Taddress.text()), fault);
+  if (!address) return "";
+  if (!Tuser.text().empty()) address->user = Tuser.text();
+  address->folder.clear();
+  return publish::addressText(*address);
+}
+
+void frmpublish::CKkeep_Changed() {
+  ui::Secrets* const store = bench_.platform().secrets();
+  if (!CKkeep.checked() && store != nullptr) store->forget(secretName());
+}
+
+void frmpublish::keepPassword(const std::optional<std::string>& typed) {
+  ui::Secrets* const store = bench_.platform().secrets();
+  const std::string secret = typed.value_or(Tpassword.text());
+  if (!CKkeep.checked() || store == nullptr || secret.empty()) return;
+  ui::atGate([&] { store->keep(secretName(), Tuser.text(), secret); });
 }
 
 void frmpublish::accountChanged() {
@@ -170,6 +201,11 @@ bool frmpublish::readAccount(publish::Account& account) {
   account.login.user = Tuser.text();
   if (!Tpassword.text().empty()) account.login.password = Tpassword.text();
   account.login.keyFile = Tkey.text();
+  ui::Secrets* const store = bench_.platform().secrets();
+  // Who names a key wants to come in with that.
+  if (Tpassword.text().empty() && account.login.keyFile.empty() && CKkeep.checked() && store != nullptr) {
+    account.login.password = store->read(secretName());
+  }
   account.knownHosts = publish::usualHostFile();
   return true;
 }
@@ -255,6 +291,7 @@ void frmpublish::Ccompare_Click() {
     items = publisher_->compare(publish::localFiles(folder));
   });
   if (!compared_) return;
+  keepPassword(typedPassword());
   for (publish::Item& item : items) {
     if (item.change == Change::Same) {
       ++same_;
@@ -323,6 +360,7 @@ void frmpublish::Cremote_Click() {
   FetchedFiles& fetched = fetched_[Tfolder.text() + "\n" + publish::addressText(account.address)];
   frmremote form(bench_, std::move(account), connect_, Tfolder.text(), fetched);
   bench_.platform().showModal(form);
+  keepPassword(form.typedPassword());
   wanted_ = form.wanted();
   if (!wanted_.empty()) close();
 }

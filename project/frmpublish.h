@@ -6,6 +6,7 @@
 #include <cstddef>
 #include <map>
 #include <memory>
+#include <optional>
 #include <string>
 #include <utility>
 #include <vector>
@@ -33,6 +34,7 @@ class frmpublish : public ServerForm {
   ui::TextBox Tuser{*this, IDC_frmpublish_Tuser};
   ui::Label Lpassword{*this, IDC_frmpublish_Lpassword};
   ui::TextBox Tpassword{*this, IDC_frmpublish_Tpassword};
+  ui::CheckBox CKkeep{*this, IDC_frmpublish_CKkeep};  // the password, in the system's store
   ui::Label Lkey{*this, IDC_frmpublish_Lkey};
   ui::TextBox Tkey{*this, IDC_frmpublish_Tkey};
   ui::Button Ckey{*this, IDC_frmpublish_Ckey};
@@ -76,6 +78,12 @@ class frmpublish : public ServerForm {
   void CKall_Changed();
   void LV_Checked(int row);
 
+  // Empty: the fields do not say whose.
+  std::string secretName() const;
+  void CKkeep_Changed();
+  // After the server has let us in by `account`, or by what was `typed` then.
+  void keepPassword(const std::optional<std::string>& typed);
+
   // False, and the user knows why, when the fields do not say where to.
   bool readAccount(publish::Account& account);
   std::string unsavedInFolder(const std::string& folder);
@@ -83,6 +91,7 @@ class frmpublish : public ServerForm {
   void ended(const std::string& why) override;
   void showProgress(const publish::Progress& now);
   void takeEvent(const PublishWork::Event& event);
+  void whoChanged();
   void accountChanged();  // what was compared does not hold for it
   void appendLog(const std::string& line);
   void showLog();

@@ -38,6 +38,7 @@ void ServerForm::setRunning(bool on) {
 
 bool ServerForm::run(const std::function<void()>& task) {
   stop_ = closeBehindRun_ = false;
+  typedPassword_.reset();
   setRunning(true);
   bool good = false;
   std::string why;
@@ -55,6 +56,7 @@ bool ServerForm::run(const std::function<void()>& task) {
       good = !stop_;
     } catch (const publish::Failure& failure) {
       why = textOf(failure);
+      if (failure.fault() == publish::Fault::Login) typedPassword_.reset();
       if (failure.fault() != publish::Fault::Stopped) tell(why);
     }
   });
@@ -85,10 +87,11 @@ std::optional<std::string> ServerForm::answerTo(const PublishQuestion& question)
                             "\r\n\r\nეს ნამდვილად ამ სერვერის გასაღებია?",
                         ui::IconBox::Sign::Question);
         } else if constexpr (std::is_same_v<What, PasswordQuestion>) {
-          return app::passwordBox(bench_.platform(),
-                                  (what.again ? "პაროლი არ მიიღეს. კიდევ სცადეთ: " : "პაროლი: ") +
-                                      publish::addressText(what.address),
-                                  caption());
+          typedPassword_ = app::passwordBox(bench_.platform(),
+                                            (what.again ? "პაროლი არ მიიღეს. კიდევ სცადეთ: " : "პაროლი: ") +
+                                                publish::addressText(what.address),
+                                            caption());
+          return typedPassword_;
         } else {
           return app::passwordBox(
               bench_.platform(),

@@ -16,6 +16,8 @@ class ServerForm : public ui::Form {
  public:
   // A run is stopped first; the window closes behind it.
   bool queryClose() override;
+  // What the user has typed when the last run asked for it, and the server has taken.
+  const std::optional<std::string>& typedPassword() const { return typedPassword_; }
 
  protected:
   // `bench` must outlive the form.
@@ -43,6 +45,7 @@ class ServerForm : public ui::Form {
   void setRunning(bool on);
   std::optional<std::string> answerTo(const PublishQuestion& question);
 
+  std::optional<std::string> typedPassword_;
   bool running_ = false, stop_ = false, closeBehindRun_ = false;
 };
 

@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "platform/win32/print/printer.h"
+#include "platform/win32/system/credentials.h"
 #include "platform/win32/window/dialog_host.h"
 #include "ui/platform/platform.h"
 
@@ -34,6 +35,7 @@ class Win32Platform final : public ui::Platform {
   bool stopRequested() override;
   std::unique_ptr<ui::Ftp> makeFtp() override;
   ui::Printer* printer() override { return &printer_; }
+  ui::Secrets* secrets() override { return &credentials_; }
   bool shellOpen(std::string_view path, std::string_view parameters) override;
   bool browse(std::string_view path) override;
   bool startProcess(std::string_view commandLine) override;
@@ -46,6 +48,7 @@ class Win32Platform final : public ui::Platform {
  private:
   std::vector<std::unique_ptr<DialogHost>> modeless_;
   SystemPrinter printer_;
+  Credentials credentials_;
 };
 
 }  // namespace win32

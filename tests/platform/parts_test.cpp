@@ -2,6 +2,7 @@
 #include <gtest/gtest.h>
 
 #include "base/error.h"
+#include "platform/win32/system/credentials.h"
 #include "platform/win32/system/registry.h"
 #include "platform/win32/system/resources.h"
 #include "platform/win32/system/strings.h"
@@ -64,6 +65,19 @@ TEST(Registry, ValuesComeBack) {
   EXPECT_EQ(win32::registryValue("test", "key"), value);
   EXPECT_EQ(win32::registryValue("test", "no such key"), "");
   RegDeleteKeyW(HKEY_CURRENT_USER, L"Software\\Zervo\\test");
+}
+
+TEST(Credentials, SecretsAreKeptByNameUntilTheyAreForgotten) {
+  win32::Credentials store;
+  const std::string name = "sftp://მე@test.invalid:22";
+  store.forget(name);
+  EXPECT_EQ(store.read(name), std::nullopt);
+  store.keep(name, "მე", "first");
+  store.keep(name, "მე", "პაროლი %x");
+  EXPECT_EQ(win32::Credentials().read(name), "პაროლი %x");
+  EXPECT_EQ(store.read("sftp://test.invalid:22"), std::nullopt);
+  store.forget(name);
+  EXPECT_EQ(store.read(name), std::nullopt);
 }
 
 TEST(Resources, LetterTablesAreThere) {

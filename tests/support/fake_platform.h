@@ -103,6 +103,20 @@ class FakePlatform : public ui::Platform {
   bool stop = false;
   bool stopRequested() override { return stop; }
 
+  // Their users are kept with them: "user\nsecret".
+  struct FakeSecrets : ui::Secrets {
+    std::map<std::string, std::string> kept;
+    std::optional<std::string> read(const std::string& name) override {
+      const auto at = kept.find(name);
+      return at == kept.end() ? std::nullopt : std::optional(at->second.substr(at->second.find('\n') + 1));
+    }
+    void keep(const std::string& name, const std::string& user, const std::string& secret) override {
+      kept[name] = user + "\n" + secret;
+    }
+    void forget(const std::string& name) override { kept.erase(name); }
+  } store;
+  ui::Secrets* secrets() override { return &store; }
+
   ui::Printer* device = nullptr;
   ui::Printer* printer() override { return device; }
 

@@ -15,6 +15,7 @@
 #include "ui/menu.h"
 #include "ui/platform/ftp.h"
 #include "ui/platform/printer.h"
+#include "ui/platform/secrets.h"
 
 namespace ui {
 
@@ -63,6 +64,9 @@ class Platform {
   // Per-user values of the application "Zervo"; empty when not there.
   virtual std::string registryValue(std::string_view section, std::string_view key) const = 0;
   virtual void setRegistryValue(std::string_view section, std::string_view key, std::string_view value) = 0;
+
+  // Passwords that the user wants kept; null where the platform has no such thing. Owned by the platform.
+  virtual Secrets* secrets() { return nullptr; }
 
   // Letters alone: a text that is no document's. Nothing in it: the clipboard is emptied.
   virtual void setClipboard(const TextClip& clip) = 0;
