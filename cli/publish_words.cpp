@@ -15,6 +15,9 @@ std::string_view plain(Fault fault) {
       return "the server does not accept user, password or key";
     case Fault::KeyFile:
       return "the private key cannot be used: wrong passphrase, or a kind that is not known";
+    case Fault::KeyKind:
+      return "a private key of this kind cannot be read here: use an ECDSA one (ssh-keygen -t ecdsa), or an "
+             "agent";
     case Fault::Silent:
       return "the server is silent";
     case Fault::Cut:

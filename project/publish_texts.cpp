@@ -15,6 +15,9 @@ const char* plain(Fault fault) {
       return "სერვერმა სახელი, პაროლი ან გასაღები არ მიიღო";
     case Fault::KeyFile:
       return "გასაღების ფაილი არ გამოდგება: საიდუმლო ფრაზა არასწორია ან ფორმატი უცნობია";
+    case Fault::KeyKind:
+      return "ამ სახის გასაღებს პირდაპირ ვერ ვკითხულობთ; გამოიყენეთ ECDSA (ssh-keygen -t ecdsa) ან "
+             "SSH-აგენტი";
     case Fault::Silent:
       return "სერვერი არ პასუხობს";
     case Fault::Cut:

@@ -13,6 +13,7 @@ enum class Fault {
   UnknownHost,       // no address for the name
   Login,             // user, password or key are not accepted
   KeyFile,           // the private key cannot be read, or its passphrase is wrong
+  KeyKind,           // a private key that cannot be read here; an agent might
   Silent,            // no sign of life for the time that is said
   Cut,               // the connection ended
   DiskFull,          // or the user's part of it

@@ -24,10 +24,10 @@
 #include "base/text.h"
 #include "platform/curl/certificate.h"
 #include "platform/curl/faults.h"
+#include "platform/curl/key_file.h"
 #include "platform/curl/tls_end.h"
 #include "publish/digest.h"
 #include "publish/listing.h"
-#include "publish/private_key.h"
 #include "publish/retry.h"
 
 namespace platform {
@@ -166,7 +166,8 @@ class CurlTransport : public publish::Transport {
     // What was answered meanwhile counts for a new connection.
     renew();
     if (address_.scheme == Scheme::Sftp) {
-      checkKeyFile();
+      // A key that cannot be used is told before the server is asked.
+      key_ = std::make_unique<KeyFile>(login);
       publish::HostKey host;
       host.host = address_.host;
       host.port = address_.port;
@@ -277,18 +278,6 @@ class CurlTransport : public publish::Transport {
     curl_easy_setopt(handle_.get(), option, value);
   }
 
-  // A key that cannot be used is told before the server is asked.
-  void checkKeyFile() const {
-    if (login.keyFile.empty()) return;
-    std::string key;
-    try {
-      key = base::readFile(login.keyFile);
-    } catch (const base::Error& error) {
-      throw Failure(Fault::LocalFile, error.what());
-    }
-    if (publish::needsPassphrase(key) && login.passphrase.empty()) throw Failure(Fault::KeyFile);
-  }
-
   std::string urlOf(const std::string& path) const {
     const bool sftp = address_.scheme == Scheme::Sftp;
     std::string url = sftp ? "sftp://" : publish::beginsEncrypted(address_) ? "ftps://" : "ftp://";
@@ -369,12 +358,9 @@ class CurlTransport : public publish::Transport {
     if (!login.keyFile.empty()) {
       kinds |= CURLSSH_AUTH_PUBLICKEY;
       set(CURLOPT_SSH_PRIVATE_KEYFILE, login.keyFile.c_str());
-#ifdef _WIN32
-      // mbedTLS finds no public key in a private one of OpenSSH's own format.
-      if (base::fileExists(login.keyFile + ".pub")) {
-        set(CURLOPT_SSH_PUBLIC_KEYFILE, (login.keyFile + ".pub").c_str());
+      if (key_ && !key_->publicFile().empty()) {
+        set(CURLOPT_SSH_PUBLIC_KEYFILE, key_->publicFile().c_str());
       }
-#endif
       set(CURLOPT_KEYPASSWD, login.passphrase.c_str());
     }
     if (login.password) kinds |= CURLSSH_AUTH_PASSWORD | CURLSSH_AUTH_KEYBOARD;
@@ -556,13 +542,9 @@ class CurlTransport : public publish::Transport {
     return found;
   }
 
-  void sign() {
-    lastSign_ = Clock::now();
-  }
+  void sign() { lastSign_ = Clock::now(); }
 
-  static CurlTransport& self(void* data) {
-    return *static_cast<CurlTransport*>(data);
-  }
+  static CurlTransport& self(void* data) { return *static_cast<CurlTransport*>(data); }
 
   static int onProgress(void* data, curl_off_t, curl_off_t down, curl_off_t, curl_off_t up) {
     CurlTransport& me = self(data);
@@ -677,6 +659,7 @@ class CurlTransport : public publish::Transport {
   bool newestTls_ = false;        // asked of a server that takes nothing older
   bool handshakeFailed_ = false;  // in the last request
   publish::HostKey hostKey_;
+  std::unique_ptr<KeyFile> key_;
   std::string why_;
   // Of the request that runs.
   const std::function<std::size_t(char*, std::size_t)>* read_ = nullptr;

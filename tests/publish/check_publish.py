@@ -6,6 +6,7 @@ Usage: check_publish.py ZERVO_CLI, or check_publish.py --windows ZERVO_CLI_EXE: 
 import concurrent.futures
 import os
 import pathlib
+import shutil
 import subprocess
 import sys
 import tempfile
@@ -25,9 +26,11 @@ def check(condition, what):
         print("not so:", what, flush=True)
 
 
-def run(*words, password=PASSWORD, timeout=3):
+def run(*words, password=PASSWORD, timeout=3, agent=None):
     env = {**os.environ, "ZERVO_PASSWORD": password}
     env.pop("SSH_AUTH_SOCK", None)
+    if agent:
+        env["SSH_AUTH_SOCK"] = str(agent)
     start = time.monotonic()
     done = subprocess.run(CLI + ["publish", "--timeout", str(timeout), *map(str, words)], env=env, stdin=subprocess.DEVNULL,
                           capture_output=True, timeout=120)
@@ -179,6 +182,17 @@ def trust(servers, places, pages):
     plain = places["ftp"].url("site/t").replace("ftp://", "ftps://")
     fails("no encryption", "offers no encryption", run(plain, pages))
     check(not (servers.site / "t").exists(), "nothing was sent to whom nobody trusts")
+    socket = servers.folder / "agent"
+    agent = subprocess.Popen(["ssh-agent", "-D", "-a", str(socket)], stdout=subprocess.DEVNULL)
+    try:
+        while not socket.exists():
+            time.sleep(0.01)
+        subprocess.run(["ssh-add", "-q", servers.folder / "modern"], env={**os.environ, "SSH_AUTH_SOCK": str(socket)}, check=True)
+        done = run("--known-hosts", hosts, sftp.url("site/agent"), pages, password="wrong", agent=socket)
+        check(done[0] == 0 and held(servers.site / "agent") == held(pages), f"by the key that an agent holds: {done}")
+    finally:
+        agent.terminate()
+        agent.wait()
 
 
 def windows(servers, place, pages):
@@ -186,9 +200,21 @@ def windows(servers, place, pages):
     (pages / "page.html").write_bytes(os.urandom(300_000))
     words = [f"Z:{word}" if isinstance(word, pathlib.Path) else word for word in place.words]
     folder = servers.site / ("windows-" + place.name)
-    for what in ("new", "same"):
-        done = subprocess.run(["tools/wine-run", *CLI, "publish", "--timeout", "10", *words, place.url("site/" + folder.name), f"Z:{pages}"],
+
+    def publish(*words):
+        return subprocess.run(["tools/wine-run", *CLI, "publish", "--timeout", "10", *words, place.url("site/" + folder.name), f"Z:{pages}"],
                               env={**os.environ, "ZERVO_PASSWORD": PASSWORD}, stdin=subprocess.DEVNULL, capture_output=True, timeout=120)
+
+    if place.name == "sftp":
+        # A key alone, without its public half beside it, in a Georgian folder.
+        key = servers.folder / "\u10d2\u10d0\u10e1\u10d0\u10e6\u10d4\u10d1\u10d8" / "user"
+        key.parent.mkdir()
+        shutil.copy(servers.folder / "user", key)
+        words[1] = f"Z:{key}"
+        done = publish("--key", f"Z:{servers.folder / 'modern'}", *words[2:])
+        check(done.returncode == 3 and b"use an ECDSA one" in done.stderr, f"Windows, a key of another kind, not {done}")
+    for what in ("new", "same"):
+        done = publish(*words)
         check(done.returncode == 0 and f"{what} page.html".encode() in done.stdout, f"Windows, {place.name}: {what}, not {done}")
         check(folder.exists() and held(folder) == held(pages), f"Windows, {place.name}: all is there")
 

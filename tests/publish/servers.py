@@ -145,7 +145,8 @@ class Servers:
         key("user", "-t", "ecdsa")
         key("locked", "-t", "ecdsa", passphrase="open it")
         key("stranger", "-t", "ecdsa")
-        keys = (self.folder / "user.pub").read_text() + (self.folder / "locked.pub").read_text()
+        key("modern", "-t", "ed25519")
+        keys = "".join((self.folder / f"{name}.pub").read_text() for name in ("user", "locked", "modern"))
         (self.folder / "authorized_keys").write_text(keys)
         for name, host in (("tls", "127.0.0.1"), ("wrong", "example.org")):
             subprocess.run(["openssl", "req", "-x509", "-newkey", "ec", "-pkeyopt", "ec_paramgen_curve:prime256v1", "-nodes", "-days", "30",
