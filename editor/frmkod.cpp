@@ -1,12 +1,12 @@
 #include "editor/frmkod.h"
 
 #include "app/mdlsaerto.h"
-#include "editor/markup.h"
 #include "editor/shown_bytes.h"
+#include "markup/pieces.h"
 
 namespace editor {
 
-frmkod::frmkod(const std::string& tag) : Form("frmkod", IDD_frmkod), tag_(parseTag(tag)) {
+frmkod::frmkod(const std::string& tag) : Form("frmkod", IDD_frmkod), tag_(markup::parseTag(tag)) {
   setCaption("ტეგის ატრიბუტები");
   LV.stretches = true;
   Ltag.setCaption(shownBytes("<" + tag_.name + ">"));
@@ -19,7 +19,7 @@ frmkod::frmkod(const std::string& tag) : Form("frmkod", IDD_frmkod), tag_(parseT
   Tname.hint = "ატრიბუტის სახელი";
   Tvalue.hint = "ატრიბუტის მნიშვნელობა";
   std::vector<PairGrid::Row> rows;
-  for (const TagText::Attribute& attribute : tag_.attributes) {
+  for (const markup::TagText::Attribute& attribute : tag_.attributes) {
     rows.push_back({attribute.name, attribute.value, static_cast<int>(rows.size()), false});
   }
   grid_.setRows(std::move(rows));
@@ -36,7 +36,7 @@ std::string frmkod::ask(ui::Platform& platform) {
 
 void frmkod::COK_Click() {
   grid_.commit();
-  TagText edited{tag_.name, {}, tag_.tail};
+  markup::TagText edited{tag_.name, {}, tag_.tail};
   for (const PairGrid::Row& row : grid_.rows()) {
     const auto* origin = row.origin < 0 ? nullptr : &tag_.attributes[static_cast<std::size_t>(row.origin)];
     if (origin != nullptr && !row.changed) {
@@ -47,13 +47,13 @@ void frmkod::COK_Click() {
     const bool hasValue = !row.second.empty() || (origin != nullptr && origin->hasValue);
     edited.attributes.push_back({row.first, row.second, hasValue, {}});
   }
-  result_ = formatTag(edited);
+  result_ = markup::formatTag(edited);
   close();
 }
 
 void editTag(app::Workbench& bench) {
   ui::CodeView& T1 = bench.codeView();
-  const auto place = tagAt(T1.text(), static_cast<std::size_t>(T1.selStart()));
+  const auto place = markup::tagAt(T1.text(), static_cast<std::size_t>(T1.selStart()));
   if (!place) {
     app::messageBox(bench.platform(), "კურსორთან ტეგი არ არის.", "ტეგის ატრიბუტები");
     return;

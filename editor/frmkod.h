@@ -5,7 +5,7 @@
 
 #include "app/workbench.h"
 #include "editor/pair_grid.h"
-#include "editor/tag_text.h"
+#include "markup/tag_text.h"
 #include "resources/ids.h"
 #include "ui/controls.h"
 
@@ -35,7 +35,7 @@ class frmkod : public ui::Form {
  private:
   void COK_Click();
 
-  TagText tag_;
+  markup::TagText tag_;
   PairGrid grid_{LV, Tname, Tvalue, Cadd, Cchange, Cremove, Cup, Cdown};
   std::string result_;
 };

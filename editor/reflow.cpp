@@ -5,7 +5,7 @@
 #include <vector>
 
 #include "base/line_ends.h"
-#include "editor/markup.h"
+#include "markup/pieces.h"
 
 namespace editor {
 namespace {
@@ -45,10 +45,11 @@ std::vector<Word> wordsOf(std::string_view text) {
     open = true;
     gap = end;
   };
-  for (const Piece& piece : scanMarkup(text)) {
-    if (piece.kind != Piece::Kind::Text) {
-      const bool tag = piece.kind == Piece::Kind::Tag;
-      const bool apart = !tag || !isInline(tagName(text.substr(piece.start, piece.end - piece.start)));
+  for (const markup::Piece& piece : markup::scanMarkup(text)) {
+    if (piece.kind != markup::Piece::Kind::Text) {
+      const bool tag = piece.kind == markup::Piece::Kind::Tag;
+      const bool apart =
+          !tag || !isInline(markup::tagName(text.substr(piece.start, piece.end - piece.start)));
       extend(piece.start, piece.end, apart, !tag);
       continue;
     }

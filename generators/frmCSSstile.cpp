@@ -8,13 +8,13 @@
 #include "base/path.h"
 #include "base/text.h"
 #include "editor/shown_bytes.h"
-#include "generators/css_value.h"
+#include "markup/css_value.h"
 
 namespace generators {
 namespace {
 
-using Kind = CssPlace::Kind;
-using Why = CssPlace::Why;
+using Kind = markup::CssPlace::Kind;
+using Why = markup::CssPlace::Why;
 
 constexpr const char* kTitle = "CSS სტილი";
 constexpr const char* kPictures = "Image(*.gif,*.jpg,*.png)|*.gif;*.jpg;*.jpeg;*.png|All Files(*.*)|*.*";
@@ -57,7 +57,7 @@ int indexOf(const std::vector<std::string>& words, std::string_view word) {
 
 }  // namespace
 
-frmCSSstile::frmCSSstile(app::Workbench& bench, CssEdit& edit, CssProperties properties)
+frmCSSstile::frmCSSstile(app::Workbench& bench, markup::CssEdit& edit, markup::CssProperties properties)
     : Form("frmCSSstile", IDD_frmCSSstile), bench_(bench), edit_(edit), properties_(std::move(properties)) {
   setTexts();
   for (ui::TextBox* box : {&Tselector, &Tvalue, &Tpreview}) box->readAs(bench.codeView());
@@ -111,7 +111,7 @@ void frmCSSstile::setTexts() {
   Tpreview.hint = "რა ჩაიწერება დოკუმენტში";
   CBkeyword.dropWidth = 220;
   std::vector<ui::Text> groups = {"ჩაწერილი"};
-  for (const CssGroup& group : properties_.groups) groups.emplace_back(group.label);
+  for (const markup::CssGroup& group : properties_.groups) groups.emplace_back(group.label);
   List1.setItems(std::move(groups));
   CBunit.setItems(texts(properties_.units));
   Tselector.setText(edit_.selector);
@@ -120,7 +120,7 @@ void frmCSSstile::setTexts() {
 }
 
 ui::Text frmCSSstile::placeText() const {
-  const CssPlace& place = edit_.place();
+  const markup::CssPlace& place = edit_.place();
   const std::string_view text = bench_.codeView().text();
   const auto lines = std::count(text.begin(), text.begin() + static_cast<std::ptrdiff_t>(place.start), '\n');
   const std::string line = ", სტრიქონი " + std::to_string(lines + 1);
@@ -166,7 +166,8 @@ void frmCSSstile::List1_Click() {
       rows_.push_back({name, properties_.find(name), static_cast<int>(i)});
     }
   } else if (group > 0) {
-    for (const CssProperty& property : properties_.groups[static_cast<std::size_t>(group - 1)].properties) {
+    for (const markup::CssProperty& property :
+         properties_.groups[static_cast<std::size_t>(group - 1)].properties) {
       rows_.push_back({property.name, &property, edit_.find(property.name)});
     }
   }
@@ -186,8 +187,8 @@ frmCSSstile::Row* frmCSSstile::row() {
   return at < 0 ? nullptr : &rows_[static_cast<std::size_t>(at)];
 }
 
-const CssProperty& frmCSSstile::propertyOf(const Row& row) const {
-  static const CssProperty kUnknown;
+const markup::CssProperty& frmCSSstile::propertyOf(const Row& row) const {
+  static const markup::CssProperty kUnknown;
   return row.property == nullptr ? kUnknown : *row.property;
 }
 
@@ -212,11 +213,11 @@ void frmCSSstile::showRows() {
 }
 
 std::vector<std::string> frmCSSstile::keywordsOf(const Row& row) const {
-  const CssProperty& property = propertyOf(row);
+  const markup::CssProperty& property = propertyOf(row);
   std::vector<std::string> words;
   for (const auto& choice : property.choices) words.insert(words.end(), choice.begin(), choice.end());
   if (property.color) {
-    for (const std::string& name : colorNames()) words.push_back(name);
+    for (const std::string& name : markup::colorNames()) words.push_back(name);
   }
   if (property.font) {
     words.insert(words.end(), properties_.fonts.begin(), properties_.fonts.end());
@@ -243,7 +244,7 @@ void frmCSSstile::showValue() {
 void frmCSSstile::showChoices() {
   const Row* const shown = row();
   const std::string value = shown == nullptr ? std::string() : valueOf(*shown);
-  const auto unit = shown != nullptr && propertyOf(*shown).length ? unitOf(value) : std::nullopt;
+  const auto unit = shown != nullptr && propertyOf(*shown).length ? markup::unitOf(value) : std::nullopt;
   CBkeyword.setSelected(indexOf(keywords_, value));
   CBunit.setEnabled(unit.has_value());
   CBunit.setSelected(unit ? indexOf(properties_.units, *unit) : -1);
@@ -269,13 +270,13 @@ void frmCSSstile::Tvalue_Change() {
 void frmCSSstile::keep(const std::string& typed) {
   Row* const shown = row();
   if (shown == nullptr) return;
-  const TypedValue value = typedValue(typed);
+  const markup::TypedValue value = markup::typedValue(typed);
   if (shown->entry < 0 && !value.value.empty()) {
     shown->entry = static_cast<int>(edit_.entries.size());
     edit_.entries.push_back({shown->name, {}, false, -1});
   }
   if (shown->entry >= 0) {
-    CssEntry& entry = edit_.entries[static_cast<std::size_t>(shown->entry)];
+    markup::CssEntry& entry = edit_.entries[static_cast<std::size_t>(shown->entry)];
     entry.value = value.value;
     entry.important = entry.important || value.important;
   }
@@ -301,32 +302,32 @@ void frmCSSstile::CBkeyword_Click() {
   const Row* const shown = row();
   if (shown == nullptr || CBkeyword.selected() < 0) return;
   const std::string word = keywords_[static_cast<std::size_t>(CBkeyword.selected())];
-  const CssProperty& property = propertyOf(*shown);
+  const markup::CssProperty& property = propertyOf(*shown);
   const std::string value = valueOf(*shown);
   const bool common = indexOf(properties_.common, word) >= 0;
   if (common) {
     setValue(word);
   } else if (property.font) {
-    setValue(withFont(value, word, properties_.fonts));
-  } else if (property.color && colorOf(word)) {
-    setValue(withColor(property, value, word));
+    setValue(markup::withFont(value, word, properties_.fonts));
+  } else if (property.color && markup::colorOf(word)) {
+    setValue(markup::withColor(property, value, word));
   } else {
-    setValue(withKeyword(property, value, word));
+    setValue(markup::withKeyword(property, value, word));
   }
 }
 
 void frmCSSstile::CBunit_Click() {
   const Row* const shown = row();
   if (shown == nullptr || CBunit.selected() < 0) return;
-  setValue(withUnit(valueOf(*shown), properties_.units[static_cast<std::size_t>(CBunit.selected())]));
+  setValue(markup::withUnit(valueOf(*shown), properties_.units[static_cast<std::size_t>(CBunit.selected())]));
 }
 
 void frmCSSstile::Ccolor_Click() {
   const Row* const shown = row();
   if (shown == nullptr) return;
   const std::string value = valueOf(*shown);
-  const auto color = bench_.platform().pickColor(colorOf(value).value_or(0));
-  if (color) setValue(withColor(propertyOf(*shown), value, app::ColorToHtml(*color)));
+  const auto color = bench_.platform().pickColor(markup::colorOf(value).value_or(0));
+  if (color) setValue(markup::withColor(propertyOf(*shown), value, app::ColorToHtml(*color)));
 }
 
 void frmCSSstile::Cfile_Click() {
@@ -335,7 +336,7 @@ void frmCSSstile::Cfile_Click() {
   const auto paths =
       bench_.platform().openFiles({"სურათის არჩევა", kPictures, {}, false, documentFolder(), "pictures"});
   if (paths.empty()) return;
-  setValue(withUrl(propertyOf(*shown), valueOf(*shown), base::addressOf(documentFolder(), paths[0])));
+  setValue(markup::withUrl(propertyOf(*shown), valueOf(*shown), base::addressOf(documentFolder(), paths[0])));
 }
 
 std::string frmCSSstile::documentFolder() const {
@@ -353,15 +354,16 @@ bool frmCSSstile::refused() {
   };
   // What stood there may be as odd as it likes.
   const bool asked = edit_.hasSelector() && (edit_.selectorChanged() || edit_.selector.empty());
-  if (asked && (!fitsSelector(edit_.selector) || spills(edit_.selector))) {
+  if (asked && (!markup::fitsSelector(edit_.selector) || spills(edit_.selector))) {
     say(edit_.selector.empty() ? "ჩაწერეთ სელექტორი: რას ეხება წესი."
                                : "სელექტორი არ ვარგა: " + editor::shownBytes(edit_.selector));
     Tselector.setFocus();
     return true;
   }
   for (std::size_t i = 0; i < edit_.entries.size(); ++i) {
-    const CssEntry& entry = edit_.entries[i];
-    if (!edit_.changed(i) || (fitsDeclaration(entry.value, entry.name) && !spills(entry.value))) continue;
+    const markup::CssEntry& entry = edit_.entries[i];
+    if (!edit_.changed(i) || (markup::fitsDeclaration(entry.value, entry.name) && !spills(entry.value)))
+      continue;
     say("მნიშვნელობა არ ვარგა: " + editor::shownBytes(entry.name + ": " + entry.value));
     List1.setSelected(0);
     List1_Click();
@@ -383,16 +385,17 @@ void editStyle(app::Workbench& bench) {
   ui::CodeView& T1 = bench.codeView();
   const std::string text(T1.text());
   const std::int16_t index = bench.shownIndex();
-  const bool sheet = isStyleSheet(index < 0 ? std::string() : bench.documents().Item(index).FileTitle, text);
-  const CssPlace place = cssPlace(text, static_cast<std::size_t>(T1.selStart()),
-                                  static_cast<std::size_t>(T1.selLength()), sheet);
+  const bool sheet =
+      markup::isStyleSheet(index < 0 ? std::string() : bench.documents().Item(index).FileTitle, text);
+  const markup::CssPlace place = markup::cssPlace(text, static_cast<std::size_t>(T1.selStart()),
+                                                  static_cast<std::size_t>(T1.selLength()), sheet);
   if (place.kind == Kind::Nothing) {
     app::messageBox(bench.platform(), reason(place.why), kTitle);
     T1.setFocus();
     return;
   }
-  CssEdit edit(text, place);
-  frmCSSstile form(bench, edit, parseCssProperties(bench.platform().resource("CSSKODS")));
+  markup::CssEdit edit(text, place);
+  frmCSSstile form(bench, edit, markup::parseCssProperties(bench.platform().resource("CSSKODS")));
   if (form.ask() && edit.changed()) {
     T1.select(static_cast<int>(place.start), static_cast<int>(place.end - place.start));
     T1.replaceSelection(edit.written());

@@ -6,8 +6,8 @@
 #include <vector>
 
 #include "app/workbench.h"
-#include "generators/css_edit.h"
-#include "generators/css_properties.h"
+#include "markup/css_edit.h"
+#include "markup/css_properties.h"
 #include "resources/ids.h"
 #include "ui/controls.h"
 
@@ -16,7 +16,7 @@ namespace generators {
 class frmCSSstile : public ui::Form {
  public:
   // `edit` is changed in place while the user works; it and `bench` must outlive the form.
-  frmCSSstile(app::Workbench& bench, CssEdit& edit, CssProperties properties);
+  frmCSSstile(app::Workbench& bench, markup::CssEdit& edit, markup::CssProperties properties);
 
   ui::Label Lwhere{*this, IDC_frmCSSstile_Lwhere};
   ui::Label Lselector{*this, IDC_frmCSSstile_Lselector};
@@ -48,7 +48,7 @@ class frmCSSstile : public ui::Form {
   // A line of the property list; `property` is not owned, nullptr: not in the resource.
   struct Row {
     std::string name;
-    const CssProperty* property;
+    const markup::CssProperty* property;
     int entry;  // of edit_, -1: none yet
   };
 
@@ -65,7 +65,7 @@ class frmCSSstile : public ui::Form {
   void COK_Click();
 
   Row* row();  // the selected one, nullptr: none
-  const CssProperty& propertyOf(const Row& row) const;
+  const markup::CssProperty& propertyOf(const Row& row) const;
   std::string valueOf(const Row& row) const;
   void setValue(const std::string& value);  // by a choice, not by typing
   void keep(const std::string& typed);
@@ -79,8 +79,8 @@ class frmCSSstile : public ui::Form {
   bool refused();
 
   app::Workbench& bench_;
-  CssEdit& edit_;
-  CssProperties properties_;
+  markup::CssEdit& edit_;
+  markup::CssProperties properties_;
   std::vector<Row> rows_;
   std::vector<std::string> keywords_;
   bool accepted_ = false;

@@ -3,7 +3,7 @@
 #include <algorithm>
 
 #include "app/mdlsaerto.h"
-#include "generators/palette.h"
+#include "markup/palette.h"
 
 namespace generators {
 namespace {
@@ -104,7 +104,7 @@ void frmTabColor::connect() {
     PP.mouseUp.connect([this](ui::Point pointer) {
       const auto at = colorAt(pointer);
       if (!at) return;
-      setColor(palette()[*at].color);
+      setColor(markup::palette()[*at].color);
       Ckolor_Click();
     });
     Psample.paint = [this](ui::Canvas& canvas) {
@@ -221,15 +221,15 @@ namespace {
 
 ui::Rect cellOf(std::size_t index) {
   constexpr std::size_t kFirstNamed = 216;
-  const int row = static_cast<int>(index) / kPaletteColumns;
-  const int column = static_cast<int>(index) % kPaletteColumns;
+  const int row = static_cast<int>(index) / markup::kPaletteColumns;
+  const int column = static_cast<int>(index) % markup::kPaletteColumns;
   return {column * frmTabColor::kColorCell,
           row * frmTabColor::kColorCell + (index >= kFirstNamed ? frmTabColor::kNamedGap : 0),
           frmTabColor::kColorCell, frmTabColor::kColorCell};
 }
 
 std::optional<std::size_t> indexOf(base::Color color) {
-  const auto& all = palette();
+  const auto& all = markup::palette();
   // From the end: a named colour is marked where its name is.
   for (std::size_t i = all.size(); i-- > 0;) {
     if (all[i].color == color) return i;
@@ -240,7 +240,7 @@ std::optional<std::size_t> indexOf(base::Color color) {
 }  // namespace
 
 std::optional<std::size_t> frmTabColor::colorAt(ui::Point pointer) const {
-  for (std::size_t i = 0; i < palette().size(); ++i) {
+  for (std::size_t i = 0; i < markup::palette().size(); ++i) {
     if (cellOf(i).contains(pointer)) return i;
   }
   return std::nullopt;
@@ -248,8 +248,8 @@ std::optional<std::size_t> frmTabColor::colorAt(ui::Point pointer) const {
 
 void frmTabColor::paintPalette(ui::Canvas& canvas) {
   const base::Color line = canvas.systemColor(ui::SystemColor::Shadow);
-  for (std::size_t i = 0; i < palette().size(); ++i) {
-    canvas.fill(cellOf(i), palette()[i].color);
+  for (std::size_t i = 0; i < markup::palette().size(); ++i) {
+    canvas.fill(cellOf(i), markup::palette()[i].color);
     canvas.frame(cellOf(i), line);
   }
   const auto chosen = indexOf(color_);
@@ -262,7 +262,7 @@ void frmTabColor::paintPalette(ui::Canvas& canvas) {
 }
 
 void frmTabColor::showColor(base::Color color) {
-  const std::string name = colorName(color);
+  const std::string name = markup::colorName(color);
   LBtabcount.setCaption(app::ColorToHtml(color));
   PP.setCaption(app::ColorToHtml(color) + (name.empty() ? "" : " " + name));
 }
@@ -284,11 +284,11 @@ void frmTabColor::choose(const Choice& choice) {
 
 void frmTabColor::pointAt(ui::Point pointer) {
   const auto at = colorAt(pointer);
-  showColor(at ? palette()[*at].color : color_);
+  showColor(at ? markup::palette()[*at].color : color_);
 }
 
 bool frmTabColor::paletteKey(int key) {
-  const int last = static_cast<int>(palette().size()) - 1;
+  const int last = static_cast<int>(markup::palette().size()) - 1;
   const auto chosen = indexOf(color_);
   int next = chosen ? static_cast<int>(*chosen) : 0;
   switch (key) {
@@ -299,10 +299,10 @@ bool frmTabColor::paletteKey(int key) {
       next += 1;
       break;
     case ui::kKeyUp:
-      next -= kPaletteColumns;
+      next -= markup::kPaletteColumns;
       break;
     case ui::kKeyDown:
-      next += kPaletteColumns;
+      next += markup::kPaletteColumns;
       break;
     case ui::kKeyHome:
       next = 0;
@@ -317,12 +317,12 @@ bool frmTabColor::paletteKey(int key) {
       return false;
   }
   // A step out of the palette goes nowhere; from the last full row down there are fewer colours.
-  if (next >= 0 && next <= last) setColor(palette()[static_cast<std::size_t>(next)].color);
+  if (next >= 0 && next <= last) setColor(markup::palette()[static_cast<std::size_t>(next)].color);
   return true;
 }
 
 void frmTabColor::Thex_Change() {
-  const auto color = colorFromHtml(Thex.text());
+  const auto color = markup::colorFromHtml(Thex.text());
   Ckolor.setEnabled(color.has_value());
   if (!color) return;
   color_ = *color;

@@ -79,7 +79,7 @@ zervo_folder(editor RULES_NEED base markup NEED ui app convert
                       shown_bytes tag_palette)
 zervo_folder(search RULES_NEED base convert NEED ui app convert SPEAKERS followed_text insert_menu)
 zervo_folder(project RULES_NEED base publish NEED ui app SPEAKERS html_header mdlFTP upload_run LINK Threads::Threads)
-zervo_folder(generators RULES_NEED base editor NEED ui app editor
+zervo_folder(generators RULES_NEED base markup editor NEED ui app editor
              SPEAKERS generators frame_geometry selection)
 zervo_folder(recent RULES_NEED base NEED ui app)
 zervo_folder(print RULES_NEED base NEED ui app SPEAKERS print_settings print_sheet printing scaled_canvas)

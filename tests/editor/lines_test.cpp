@@ -6,8 +6,8 @@
 #include "base/line_ends.h"
 #include "editor/editor.h"
 #include "editor/line_group.h"
-#include "editor/markup.h"
 #include "editor/reflow.h"
+#include "markup/pieces.h"
 #include "tests/support/main_window.h"
 #include "tests/support/random_html.h"
 

@@ -8,9 +8,9 @@
 #include "editor/frmTags.h"
 #include "editor/frmabzac.h"
 #include "editor/frmkod.h"
-#include "editor/markup.h"
 #include "editor/tag_list.h"
-#include "editor/tag_text.h"
+#include "markup/pieces.h"
+#include "markup/tag_text.h"
 #include "tests/support/main_window.h"
 
 namespace {
@@ -336,7 +336,7 @@ TEST(Markup, TagAtAPlace) {
       {"", 0, ""},
   };
   for (const Case& c : cases) {
-    const auto found = editor::tagAt(c.text, c.at);
+    const auto found = markup::tagAt(c.text, c.at);
     EXPECT_EQ(found ? std::string(c.text).substr(found->start, found->end - found->start) : "", c.tag)
         << c.text;
   }
@@ -346,9 +346,9 @@ TEST(TagText, UnchangedTagsKeepTheirSpelling) {
   for (const char* tag :
        {"<B>", "</B>", "<A  HREF = 'x'\r\n\tTARGET=_top >", "<IMG SRC=a/b/>", "<BR />", "<HR NOSHADE>",
         "<!DOCTYPE HTML PUBLIC \"a b\" \"c\">", "<A =x>", "<A B=\"x y\"C='1'/>", "<A X=>"}) {
-    EXPECT_EQ(editor::formatTag(editor::parseTag(tag)), tag);
+    EXPECT_EQ(markup::formatTag(markup::parseTag(tag)), tag);
   }
-  const auto parsed = editor::parseTag("<A  HREF = 'x y' NOSHADE C=>");
+  const auto parsed = markup::parseTag("<A  HREF = 'x y' NOSHADE C=>");
   ASSERT_EQ(parsed.attributes.size(), 3u);
   EXPECT_EQ(parsed.attributes[0].name, "HREF");
   EXPECT_EQ(parsed.attributes[0].value, "x y");

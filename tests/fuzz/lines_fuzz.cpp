@@ -3,8 +3,8 @@
 #include "base/line_ends.h"
 #include "editor/line_group.h"
 #include "editor/list_replace.h"
-#include "editor/markup.h"
 #include "editor/reflow.h"
+#include "markup/pieces.h"
 #include "tests/fuzz/fuzz.h"
 #include "tests/support/random_html.h"
 
@@ -19,8 +19,8 @@ std::string withoutBlanks(std::string_view text) {
 // The pieces that must not change, in order.
 std::vector<std::string> untouchable(const std::string& text) {
   std::vector<std::string> all;
-  for (const editor::Piece& piece : editor::scanMarkup(text)) {
-    if (piece.kind != editor::Piece::Kind::Text)
+  for (const markup::Piece& piece : markup::scanMarkup(text)) {
+    if (piece.kind != markup::Piece::Kind::Text)
       all.push_back(text.substr(piece.start, piece.end - piece.start));
   }
   return all;

@@ -7,17 +7,17 @@
 #include <set>
 
 #include "base/path.h"
-#include "generators/css_value.h"
 #include "generators/generators.h"
+#include "markup/css_value.h"
 #include "tests/support/main_window.h"
 
 namespace {
 
-using generators::CssProperties;
 using generators::frmCSSstile;
+using markup::CssProperties;
 
 CssProperties shipped() {
-  return generators::parseCssProperties(tests::FakePlatform().resource("CSSKODS"));
+  return markup::parseCssProperties(tests::FakePlatform().resource("CSSKODS"));
 }
 
 TEST(CssProperties, TheShippedListIsWholeAndBadOnesAreRefused) {
@@ -29,7 +29,7 @@ TEST(CssProperties, TheShippedListIsWholeAndBadOnesAreRefused) {
     for (const auto& property : group.properties) {
       EXPECT_TRUE(names.insert(property.name).second) << property.name << " stands there twice";
       for (const auto& choice : property.choices) {
-        for (const std::string& word : choice) EXPECT_TRUE(generators::fitsDeclaration(word)) << word;
+        for (const std::string& word : choice) EXPECT_TRUE(markup::fitsDeclaration(word)) << word;
       }
     }
   }
@@ -39,52 +39,50 @@ TEST(CssProperties, TheShippedListIsWholeAndBadOnesAreRefused) {
   }
   EXPECT_EQ(list.find("zoom"), nullptr);
   for (const char* bad : {"color|a||", "#G=x\ncolor", "#G=x\ncolor|l|number|", "#G=x\n|l||", "#X=1"}) {
-    EXPECT_ANY_THROW(generators::parseCssProperties(bad)) << bad;
+    EXPECT_ANY_THROW(markup::parseCssProperties(bad)) << bad;
   }
-  EXPECT_EQ(generators::parseCssProperties("; x\r\n#G=g\r\na|l|several url|x / y z\r\n")
-                .find("a")
-                ->choices[1]
-                .size(),
-            2u);
+  EXPECT_EQ(
+      markup::parseCssProperties("; x\r\n#G=g\r\na|l|several url|x / y z\r\n").find("a")->choices[1].size(),
+      2u);
 }
 
 TEST(CssValues, AChoiceTakesItsPlaceAmongWhatIsThere) {
   const CssProperties list = shipped();
-  const generators::CssProperty& border = *list.find("border");
-  const generators::CssProperty& align = *list.find("text-align");
-  EXPECT_EQ(generators::withKeyword(border, "1px SOLID red", "dashed"), "1px dashed red");
-  EXPECT_EQ(generators::withKeyword(border, "red ", "dashed"), "red dashed");
-  EXPECT_EQ(generators::withKeyword(border, "none", "thin"), "thin");
-  EXPECT_EQ(generators::withKeyword(align, "left", "right"), "right");
-  EXPECT_EQ(generators::withColor(border, "1px rgb(1, 2, 3) solid", "#FF00000"), "1px #FF00000 solid");
-  EXPECT_EQ(generators::withColor(border, "1px", "#FF00000"), "1px #FF00000");
-  EXPECT_EQ(generators::withColor(border, "thin TOMATO solid", "#ABC"), "thin #ABC solid");
-  EXPECT_EQ(generators::withColor(*list.find("color"), "red", "blue"), "blue");
-  EXPECT_EQ(generators::withUrl(*list.find("background"), "red URL( a b ) fixed", "c.png"),
+  const markup::CssProperty& border = *list.find("border");
+  const markup::CssProperty& align = *list.find("text-align");
+  EXPECT_EQ(markup::withKeyword(border, "1px SOLID red", "dashed"), "1px dashed red");
+  EXPECT_EQ(markup::withKeyword(border, "red ", "dashed"), "red dashed");
+  EXPECT_EQ(markup::withKeyword(border, "none", "thin"), "thin");
+  EXPECT_EQ(markup::withKeyword(align, "left", "right"), "right");
+  EXPECT_EQ(markup::withColor(border, "1px rgb(1, 2, 3) solid", "#FF00000"), "1px #FF00000 solid");
+  EXPECT_EQ(markup::withColor(border, "1px", "#FF00000"), "1px #FF00000");
+  EXPECT_EQ(markup::withColor(border, "thin TOMATO solid", "#ABC"), "thin #ABC solid");
+  EXPECT_EQ(markup::withColor(*list.find("color"), "red", "blue"), "blue");
+  EXPECT_EQ(markup::withUrl(*list.find("background"), "red URL( a b ) fixed", "c.png"),
             "red url(c.png) fixed");
 
-  EXPECT_EQ(generators::unitOf("auto -1.5EM 2px"), "EM");
-  EXPECT_EQ(generators::unitOf("12"), "");
-  EXPECT_EQ(generators::unitOf("solid a1"), std::nullopt);
-  EXPECT_EQ(generators::withUnit("0 -1.5px auto 3%", "em"), "0 -1.5em auto 3em");
-  EXPECT_EQ(generators::withUnit("12", "px"), "12px");
+  EXPECT_EQ(markup::unitOf("auto -1.5EM 2px"), "EM");
+  EXPECT_EQ(markup::unitOf("12"), "");
+  EXPECT_EQ(markup::unitOf("solid a1"), std::nullopt);
+  EXPECT_EQ(markup::withUnit("0 -1.5px auto 3%", "em"), "0 -1.5em auto 3em");
+  EXPECT_EQ(markup::withUnit("12", "px"), "12px");
 
-  EXPECT_EQ(generators::colorOf("1px #fA0"), base::rgb(255, 170, 0));
-  EXPECT_EQ(generators::colorOf("#010203"), base::rgb(1, 2, 3));
-  EXPECT_EQ(generators::colorOf("rgb(100%, 300, 3)"), base::rgb(255, 255, 3));
-  EXPECT_EQ(generators::colorOf("Navy"), base::rgb(0, 0, 128));
+  EXPECT_EQ(markup::colorOf("1px #fA0"), base::rgb(255, 170, 0));
+  EXPECT_EQ(markup::colorOf("#010203"), base::rgb(1, 2, 3));
+  EXPECT_EQ(markup::colorOf("rgb(100%, 300, 3)"), base::rgb(255, 255, 3));
+  EXPECT_EQ(markup::colorOf("Navy"), base::rgb(0, 0, 128));
   for (const char* none : {"", "#50000", "#xyz", "rgb(1,2)", "1px"})
-    EXPECT_FALSE(generators::colorOf(none)) << none;
+    EXPECT_FALSE(markup::colorOf(none)) << none;
 
-  EXPECT_EQ(generators::withFont("", "Arial Black", list.fonts), "\"Arial Black\"");
-  EXPECT_EQ(generators::withFont("Arial, sans-serif", "BPG Glaho", list.fonts),
+  EXPECT_EQ(markup::withFont("", "Arial Black", list.fonts), "\"Arial Black\"");
+  EXPECT_EQ(markup::withFont("Arial, sans-serif", "BPG Glaho", list.fonts),
             "Arial, \"BPG Glaho\", sans-serif");
-  EXPECT_EQ(generators::withFont("Arial, 'A B'", "A B", list.fonts), "Arial, 'A B'");
-  EXPECT_EQ(generators::withFont("\"A, B\"", "serif", list.fonts), "\"A, B\", serif");
+  EXPECT_EQ(markup::withFont("Arial, 'A B'", "A B", list.fonts), "Arial, 'A B'");
+  EXPECT_EQ(markup::withFont("\"A, B\"", "serif", list.fonts), "\"A, B\", serif");
 
-  EXPECT_EQ(generators::typedValue(" red ! Important ").value, "red");
-  EXPECT_TRUE(generators::typedValue(" red ! Important ").important);
-  EXPECT_EQ(generators::typedValue("unimportant").value, "unimportant");
+  EXPECT_EQ(markup::typedValue(" red ! Important ").value, "red");
+  EXPECT_TRUE(markup::typedValue(" red ! Important ").important);
+  EXPECT_EQ(markup::typedValue("unimportant").value, "unimportant");
 }
 
 class StyleDialog : public tests::MainWindowTest {

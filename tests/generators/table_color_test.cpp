@@ -7,7 +7,7 @@
 #include "base/line_ends.h"
 #include "generators/frmTabColor.h"
 #include "generators/generators.h"
-#include "generators/palette.h"
+#include "markup/palette.h"
 #include "tests/support/fake_canvas.h"
 #include "tests/support/main_window.h"
 
@@ -49,18 +49,18 @@ TEST(TableMarkup, OddChoices) {
 
 TEST(Palette, HasTheWebColoursAndTheNamedOnes) {
   std::set<base::Color> web;
-  for (std::size_t i = 0; i < 216; ++i) web.insert(generators::palette()[i].color);
+  for (std::size_t i = 0; i < 216; ++i) web.insert(markup::palette()[i].color);
   EXPECT_EQ(web.size(), 216u);
   for (const base::Color color : web) {
     for (const int part : {base::red(color), base::green(color), base::blue(color)})
       EXPECT_EQ(part % 0x33, 0);
   }
-  EXPECT_EQ(generators::palette().size(), 232u);
-  EXPECT_EQ(generators::colorFromHtml(" navy "), base::rgb(0, 0, 128));
-  EXPECT_EQ(generators::colorFromHtml("#1a2B3c"), base::rgb(0x1A, 0x2B, 0x3C));
-  EXPECT_EQ(generators::colorFromHtml("f0A"), base::rgb(255, 0, 170));
+  EXPECT_EQ(markup::palette().size(), 232u);
+  EXPECT_EQ(markup::colorFromHtml(" navy "), base::rgb(0, 0, 128));
+  EXPECT_EQ(markup::colorFromHtml("#1a2B3c"), base::rgb(0x1A, 0x2B, 0x3C));
+  EXPECT_EQ(markup::colorFromHtml("f0A"), base::rgb(255, 0, 170));
   for (const char* bad : {"", "#", "#12", "#12345", "#1234567", "#12345g", "+12345", "reddish", "# 123"}) {
-    EXPECT_FALSE(generators::colorFromHtml(bad)) << bad;
+    EXPECT_FALSE(markup::colorFromHtml(bad)) << bad;
   }
 }
 

@@ -8,7 +8,7 @@
 
 #include "base/color.h"
 
-namespace generators {
+namespace markup {
 
 struct PaletteColor {
   base::Color color;
@@ -25,4 +25,4 @@ std::optional<base::Color> colorFromHtml(std::string_view text);
 // The name of one of the 16; else empty.
 std::string colorName(base::Color color);
 
-}  // namespace generators
+}  // namespace markup

@@ -7,7 +7,7 @@
 #include <string_view>
 #include <vector>
 
-namespace editor {
+namespace markup {
 
 struct Piece {
   enum class Kind {
@@ -31,4 +31,4 @@ std::string tagName(std::string_view tag);
 // The tag that the position is in or at; the one behind it when it stands between two.
 std::optional<Piece> tagAt(std::string_view text, std::size_t position);
 
-}  // namespace editor
+}  // namespace markup

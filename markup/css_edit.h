@@ -5,10 +5,10 @@
 #include <string>
 #include <vector>
 
-#include "generators/css_block.h"
-#include "generators/css_place.h"
+#include "markup/css_block.h"
+#include "markup/css_place.h"
 
-namespace generators {
+namespace markup {
 
 class CssEdit {
  public:
@@ -49,4 +49,4 @@ class CssEdit {
   std::vector<CssEntry> oldEntries_;
 };
 
-}  // namespace generators
+}  // namespace markup

@@ -8,9 +8,9 @@
 #include <vector>
 
 #include "base/color.h"
-#include "generators/css_properties.h"
+#include "markup/css_properties.h"
 
-namespace generators {
+namespace markup {
 
 // Of the first number in the value; empty: it has none (nothing: there is no number).
 std::optional<std::string> unitOf(std::string_view value);
@@ -39,4 +39,4 @@ struct TypedValue {
 };
 TypedValue typedValue(std::string_view text);
 
-}  // namespace generators
+}  // namespace markup

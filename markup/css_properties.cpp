@@ -1,11 +1,11 @@
-#include "generators/css_properties.h"
+#include "markup/css_properties.h"
 
 #include <algorithm>
 
 #include "base/error.h"
 #include "base/text.h"
 
-namespace generators {
+namespace markup {
 namespace {
 
 std::vector<std::string> words(std::string_view text) {
@@ -88,4 +88,4 @@ CssProperties parseCssProperties(std::string_view resource) {
   return list;
 }
 
-}  // namespace generators
+}  // namespace markup

@@ -5,7 +5,7 @@
 #include <array>
 #include <string_view>
 
-namespace editor {
+namespace markup {
 
 class ServerBlocks {
  public:
@@ -31,4 +31,4 @@ class ServerBlocks {
   std::array<std::size_t, 2> noEndFrom_{kNone, kNone};
 };
 
-}  // namespace editor
+}  // namespace markup

@@ -1,4 +1,4 @@
-#include "generators/css_place.h"
+#include "markup/css_place.h"
 
 #include <algorithm>
 #include <array>
@@ -7,16 +7,15 @@
 #include <vector>
 
 #include "base/text.h"
-#include "editor/markup.h"
-#include "editor/tag_text.h"
-#include "generators/css_tokens.h"
+#include "markup/css_tokens.h"
+#include "markup/pieces.h"
+#include "markup/tag_text.h"
 
-namespace generators {
+namespace markup {
 namespace {
 
 using Kind = CssToken::Kind;
 using Why = CssPlace::Why;
-using editor::Piece;
 
 template <class Names>
 bool isOneOf(std::string_view name, const Names& names) {
@@ -212,7 +211,7 @@ CssPlace inStyleElement(std::string_view page, std::size_t start, std::size_t en
 
 CssPlace inTag(std::string_view page, const Piece& piece) {
   const std::string text(page.substr(piece.start, piece.end - piece.start));
-  const editor::TagText tag = editor::parseTag(text);
+  const TagText tag = parseTag(text);
   CssPlace place;
   place.tag = base::upperAscii(tag.name);
   place.lowerCase = tag.name != place.tag;
@@ -252,7 +251,7 @@ class PageFinder {
   PageFinder(std::string_view page, std::size_t caret, std::size_t length)
       : page_(page), caret_(caret), length_(length) {}
 
-  CssPlace find() { return among(editor::scanMarkup(page_), 0, true); }
+  CssPlace find() { return among(scanMarkup(page_), 0, true); }
 
  private:
   // `offset`: where the scanned text begins in the page.
@@ -274,7 +273,7 @@ class PageFinder {
         // Only PRE holds tags; its text is scanned alone.
         if (!whole || nameOf(pieces[i - 1], offset) != "PRE") return nothing(Why::OtherCode);
         const std::size_t start = piece.start + offset;
-        return among(editor::scanMarkup(page_.substr(start, piece.end - piece.start)), start, false);
+        return among(scanMarkup(page_.substr(start, piece.end - piece.start)), start, false);
       }
       if (piece.kind == Piece::Kind::Comment && inside) return nothing(Why::OtherCode);
       if (piece.kind != Piece::Kind::Tag || caret < piece.start || caret > piece.end) continue;
@@ -303,7 +302,7 @@ class PageFinder {
   }
 
   std::string nameOf(const Piece& piece, std::size_t offset) const {
-    return editor::tagName(page_.substr(piece.start + offset, piece.end - piece.start));
+    return tagName(page_.substr(piece.start + offset, piece.end - piece.start));
   }
 
   std::string_view page_;
@@ -327,10 +326,10 @@ bool isStyleSheet(std::string_view fileName, std::string_view text) {
       dot == std::string_view::npos ? std::string_view() : fileName.substr(dot + 1);
   if (base::equalNoCase(extension, "css")) return true;
   if (isOneOf(extension, kPages)) return false;
-  const std::vector<Piece> pieces = editor::scanMarkup(text);
+  const std::vector<Piece> pieces = scanMarkup(text);
   const bool tags = std::any_of(pieces.begin(), pieces.end(),
                                 [](const Piece& piece) { return piece.kind == Piece::Kind::Tag; });
   return !tags && text.find('{') != std::string_view::npos;
 }
 
-}  // namespace generators
+}  // namespace markup

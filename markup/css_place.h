@@ -4,7 +4,7 @@
 #include <string>
 #include <string_view>
 
-namespace generators {
+namespace markup {
 
 struct CssPlace {
   enum class Kind {
@@ -44,4 +44,4 @@ CssPlace cssPlace(std::string_view document, std::size_t selStart, std::size_t s
 // A document is a style sheet by its name, or where it has no telling one by what it holds.
 bool isStyleSheet(std::string_view fileName, std::string_view text);
 
-}  // namespace generators
+}  // namespace markup

@@ -5,7 +5,7 @@
 #include <string_view>
 #include <vector>
 
-namespace editor {
+namespace markup {
 
 struct TagText {
   struct Attribute {
@@ -22,4 +22,4 @@ struct TagText {
 TagText parseTag(std::string_view tag);  // from "<" to ">"
 std::string formatTag(const TagText& tag);
 
-}  // namespace editor
+}  // namespace markup

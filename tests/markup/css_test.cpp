@@ -4,13 +4,13 @@
 #include <random>
 
 #include "base/files.h"
-#include "generators/css_edit.h"
-#include "generators/css_tokens.h"
+#include "markup/css_edit.h"
+#include "markup/css_tokens.h"
 
 namespace {
 
-using generators::CssEdit;
-using generators::CssPlace;
+using markup::CssEdit;
+using markup::CssPlace;
 using Kind = CssPlace::Kind;
 using Why = CssPlace::Why;
 
@@ -28,7 +28,7 @@ std::string after(std::string text, bool sheet, const std::vector<Wish>& wishes,
   const std::size_t second = text.find('|', start);
   if (second != std::string::npos) text.erase(second, 1);
   const std::size_t length = second == std::string::npos ? 0 : second - start;
-  const CssPlace place = generators::cssPlace(text, start, length, sheet);
+  const CssPlace place = markup::cssPlace(text, start, length, sheet);
   if (place.kind == Kind::Nothing) return "why " + std::to_string(static_cast<int>(place.why));
   CssEdit edit(text, place);
   if (place.kind == Kind::NewRule || place.kind == Kind::NewElement) edit.selector = selector;
@@ -187,17 +187,16 @@ TEST(Css, WhatCannotBeEditedSaysWhy) {
 
 TEST(Css, ValuesAndSelectorsThatWouldSpillAreRefused) {
   for (const char* good : {"red", "1px solid", "url(a;b)", "\"a;b}\"", "a(b;c)", "a\\;b", ""}) {
-    EXPECT_TRUE(generators::fitsDeclaration(good)) << good;
+    EXPECT_TRUE(markup::fitsDeclaration(good)) << good;
   }
   for (const char* bad : {"red; x: y", "a}", "a{}", "\"a", "a /* b", "rgb(1", "a)", "a!b", "a\\", "f(})"}) {
-    EXPECT_FALSE(generators::fitsDeclaration(bad)) << bad;
+    EXPECT_FALSE(markup::fitsDeclaration(bad)) << bad;
   }
-  EXPECT_TRUE(generators::fitsDeclaration("{a: b; c{}} d", "--m"));
-  EXPECT_FALSE(generators::fitsDeclaration("{a}; b", "--m"));
-  for (const char* good : {"a", "a[b=\";\"]:not(c)", "@font-face"})
-    EXPECT_TRUE(generators::fitsSelector(good));
+  EXPECT_TRUE(markup::fitsDeclaration("{a: b; c{}} d", "--m"));
+  EXPECT_FALSE(markup::fitsDeclaration("{a}; b", "--m"));
+  for (const char* good : {"a", "a[b=\";\"]:not(c)", "@font-face"}) EXPECT_TRUE(markup::fitsSelector(good));
   for (const char* bad : {"", " ", "/* a */", "a{", "a;b", "[a", "'a"})
-    EXPECT_FALSE(generators::fitsSelector(bad));
+    EXPECT_FALSE(markup::fitsSelector(bad));
 }
 
 // What a document becomes; the bytes outside of the place stay by themselves.
@@ -210,9 +209,9 @@ void expectOneChange(const std::string& text, const CssPlace& place) {
   const CssEdit before(text, place);
   const auto again = [&](const CssEdit& edit) {
     const std::string changed = put(text, edit);
-    return CssEdit(changed, generators::cssPlace(changed, place.blockStart, 0, true)).entries;
+    return CssEdit(changed, markup::cssPlace(changed, place.blockStart, 0, true)).entries;
   };
-  const auto same = [](const generators::CssEntry& a, const generators::CssEntry& b) {
+  const auto same = [](const markup::CssEntry& a, const markup::CssEntry& b) {
     return a.name == b.name && a.value == b.value && a.important == b.important;
   };
   for (std::size_t i = 0; i < before.entries.size(); ++i) {
@@ -221,7 +220,7 @@ void expectOneChange(const std::string& text, const CssPlace& place) {
     std::string wanted = edit.text();
     const std::string block = text.substr(place.blockStart, place.blockEnd - place.blockStart);
     // The last word of that value in the rule's own text is where it must have gone.
-    const auto declaration = generators::readDeclarations(block, generators::CssSpelling::Sheet)[i];
+    const auto declaration = markup::readDeclarations(block, markup::CssSpelling::Sheet)[i];
     ASSERT_EQ(block.substr(declaration.valueStart, before.entries[i].value.size()), before.entries[i].value);
     wanted.replace(place.blockStart - place.start + declaration.valueStart, before.entries[i].value.size(),
                    "Q(q;)");
@@ -248,12 +247,12 @@ TEST(Css, RealSheetsStayWhereverTheCaretIs) {
   };
   for (const auto& [name, rules, declarations, step] :
        {Sheet{"report.css", 86, 147, 7}, Sheet{"slides.css", 78, 154, 1}}) {
-    const std::string text = base::readFile(std::string(ZERVO_SOURCE "/tests/generators/sheets/") + name);
+    const std::string text = base::readFile(std::string(ZERVO_SOURCE "/tests/markup/sheets/") + name);
     std::size_t found = 0;
     std::size_t entries = 0;
     std::size_t last = text.size();
     for (std::size_t caret = 0; caret <= text.size(); caret += step) {
-      const CssPlace place = generators::cssPlace(text, caret, 0, true);
+      const CssPlace place = markup::cssPlace(text, caret, 0, true);
       ASSERT_NE(place.kind, Kind::Nothing) << name << " at " << caret;
       const CssEdit edit(text, place);
       ASSERT_FALSE(edit.changed());
@@ -275,7 +274,7 @@ TEST(Css, BracketsThatNeverCloseTakeNoLonger) {
   for (const char* part : {"(", "[", "{", "/*", "url(", "\"", "<P STYLE='", "a{"}) {
     std::string text;
     while (text.size() < 200000) text += part;
-    for (const bool sheet : {true, false}) generators::cssPlace(text, text.size() / 2, 0, sheet);
+    for (const bool sheet : {true, false}) markup::cssPlace(text, text.size() / 2, 0, sheet);
   }
 }
 

@@ -1,4 +1,4 @@
-#include "generators/css_value.h"
+#include "markup/css_value.h"
 
 #include <algorithm>
 #include <array>
@@ -7,10 +7,10 @@
 #include <vector>
 
 #include "base/text.h"
-#include "generators/css_tokens.h"
-#include "generators/palette.h"
+#include "markup/css_tokens.h"
+#include "markup/palette.h"
 
-namespace generators {
+namespace markup {
 namespace {
 
 using Kind = CssToken::Kind;
@@ -233,4 +233,4 @@ TypedValue typedValue(std::string_view text) {
   return {std::string(all), false};
 }
 
-}  // namespace generators
+}  // namespace markup

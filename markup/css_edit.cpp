@@ -1,8 +1,8 @@
-#include "generators/css_edit.h"
+#include "markup/css_edit.h"
 
 #include "base/text.h"
 
-namespace generators {
+namespace markup {
 namespace {
 
 using Kind = CssPlace::Kind;
@@ -162,4 +162,4 @@ std::size_t CssEdit::caret() const {
   }
 }
 
-}  // namespace generators
+}  // namespace markup

@@ -1,8 +1,8 @@
-#include "generators/css_block.h"
+#include "markup/css_block.h"
 
 #include "base/text.h"
 
-namespace generators {
+namespace markup {
 namespace {
 
 using Kind = CssToken::Kind;
@@ -313,4 +313,4 @@ bool fitsSelector(std::string_view selector) {
   return content && !selector.ends_with('\\');
 }
 
-}  // namespace generators
+}  // namespace markup

@@ -1,10 +1,10 @@
-#include "generators/palette.h"
+#include "markup/palette.h"
 
 #include <charconv>
 
 #include "base/text.h"
 
-namespace generators {
+namespace markup {
 namespace {
 
 constexpr PaletteColor kNamed[] = {
@@ -61,4 +61,4 @@ std::string colorName(base::Color color) {
   return {};
 }
 
-}  // namespace generators
+}  // namespace markup

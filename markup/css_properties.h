@@ -5,7 +5,7 @@
 #include <string_view>
 #include <vector>
 
-namespace generators {
+namespace markup {
 
 struct CssProperty {
   std::string name;
@@ -35,4 +35,4 @@ struct CssProperties {
 // The format is told at the head of the resource. Throws base::Error with the line's number.
 CssProperties parseCssProperties(std::string_view resource);
 
-}  // namespace generators
+}  // namespace markup

@@ -6,9 +6,9 @@
 #include <string_view>
 #include <vector>
 
-#include "generators/css_tokens.h"
+#include "markup/css_tokens.h"
 
-namespace generators {
+namespace markup {
 
 // "name: value !important;". Positions are bytes of the block.
 struct CssDeclaration {
@@ -57,4 +57,4 @@ bool fitsDeclaration(std::string_view value, std::string_view property = {});
 // The same for the selector of a rule.
 bool fitsSelector(std::string_view selector);
 
-}  // namespace generators
+}  // namespace markup

@@ -6,7 +6,7 @@
 #include <string_view>
 #include <vector>
 
-namespace generators {
+namespace markup {
 
 // How the CSS is written down: as it is, or in an attribute of a tag, where &quot; is a quote.
 enum class CssSpelling { Sheet, Attribute };
@@ -65,4 +65,4 @@ std::string cssForAttribute(const std::string& css, char quote);
 
 bool isCssBlank(char character);
 
-}  // namespace generators
+}  // namespace markup

@@ -1,12 +1,12 @@
-#include "editor/markup.h"
+#include "markup/pieces.h"
 
 #include <algorithm>
 #include <array>
 
 #include "base/text.h"
-#include "editor/server_blocks.h"
+#include "markup/server_blocks.h"
 
-namespace editor {
+namespace markup {
 namespace {
 
 constexpr std::size_t kNone = std::string_view::npos;
@@ -160,4 +160,4 @@ std::optional<Piece> tagAt(std::string_view text, std::size_t position) {
   return std::nullopt;
 }
 
-}  // namespace editor
+}  // namespace markup

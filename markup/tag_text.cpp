@@ -1,9 +1,9 @@
-#include "editor/tag_text.h"
+#include "markup/tag_text.h"
 
 #include "base/text.h"
-#include "editor/server_blocks.h"
+#include "markup/server_blocks.h"
 
-namespace editor {
+namespace markup {
 namespace {
 
 bool isBlank(char c) {
@@ -102,4 +102,4 @@ std::string formatTag(const TagText& tag) {
   return text + tag.tail + ">";
 }
 
-}  // namespace editor
+}  // namespace markup

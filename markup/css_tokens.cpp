@@ -1,13 +1,13 @@
-#include "generators/css_tokens.h"
+#include "markup/css_tokens.h"
 
 #include <algorithm>
 #include <array>
 #include <utility>
 
 #include "base/text.h"
-#include "editor/server_blocks.h"
+#include "markup/server_blocks.h"
 
-namespace generators {
+namespace markup {
 namespace {
 
 using Kind = CssToken::Kind;
@@ -214,7 +214,7 @@ class Scanner {
   CssSpelling spelling_;
   std::size_t at_ = 0;
   std::size_t noUrlUntil_ = 0;  // a broken text is not searched again for each end that is not there
-  editor::ServerBlocks servers_;
+  ServerBlocks servers_;
   std::vector<CssToken> tokens_;
 };
 
@@ -249,7 +249,7 @@ CssPiece cssPiece(std::string_view text, const std::vector<CssToken>& tokens, st
 
 std::string cssFromAttribute(std::string_view raw) {
   std::string css;
-  editor::ServerBlocks servers(raw);
+  ServerBlocks servers(raw);
   for (std::size_t at = 0; at < raw.size();) {
     if (const std::size_t server = servers.behind(at); server != at) {
       css += raw.substr(at, server - at);
@@ -271,7 +271,7 @@ std::string cssForAttribute(const std::string& css, char quote) {
   const char other = quote == '"' ? '\'' : '"';
   const bool swaps = css.find(other) == std::string::npos && css.find('\\') == std::string::npos;
   std::string raw;
-  editor::ServerBlocks servers(css);
+  ServerBlocks servers(css);
   for (std::size_t at = 0; at < css.size(); ++at) {
     const char c = css[at];
     if (const std::size_t server = servers.behind(at); server != at) {
@@ -288,4 +288,4 @@ std::string cssForAttribute(const std::string& css, char quote) {
   return raw;
 }
 
-}  // namespace generators
+}  // namespace markup
