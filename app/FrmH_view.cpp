@@ -6,6 +6,7 @@
 #include "app/FrmH.h"
 #include "app/mdlsaerto.h"
 #include "app/menus.h"
+#include "base/file_kind.h"
 #include "base/path.h"
 #include "base/utf8.h"
 
@@ -16,15 +17,21 @@ namespace {
 constexpr const char* kSection = "panes";
 
 ui::Language languageOf(const std::string& title) {
-  const std::string extension = base::extensionOf(title);
-  const auto among = [&](std::initializer_list<std::string_view> all) {
-    return std::find(all.begin(), all.end(), extension) != all.end();
-  };
-  if (among({"CSS"})) return ui::Language::Css;
-  if (among({"XML", "XSL", "SVG", "RSS"})) return ui::Language::Xml;
-  const bool pages = among({"HTML", "HTM", "SHTML", "SHTM", "XHTML", "MHT", "MHTML", "HTT", "ASP", "PHP",
-                            "PHP3", "PHTML", "INC", "TPL"});
-  return pages ? ui::Language::Html : ui::Language::None;
+  switch (base::contentOf(base::extensionOf(title))) {
+    case base::Content::Html:
+    case base::Content::ServerPage:
+    case base::Content::Archive:
+      return ui::Language::Html;
+    case base::Content::Css:
+      return ui::Language::Css;
+    case base::Content::Xml:
+      return ui::Language::Xml;
+    case base::Content::Script:
+    case base::Content::Plain:
+    case base::Content::Unknown:
+      break;
+  }
+  return ui::Language::None;
 }
 
 }  // namespace

@@ -7,7 +7,6 @@
 
 #include "base/error.h"
 #include "base/files.h"
-#include "base/path.h"
 #include "base/utf8.h"
 #include "cli/arguments.h"
 #include "cli/json.h"
@@ -31,10 +30,7 @@ struct Fault {
 };
 
 convert::PageKind kindOf(const std::string& file, bool text) {
-  if (text) return convert::PageKind::PlainText;
-  const std::string extension = base::extensionOf(base::fileName(file));
-  if (extension == "CSS") return convert::PageKind::StyleSheet;
-  return extension == "JS" ? convert::PageKind::Script : convert::PageKind::Html;
+  return text ? convert::PageKind::PlainText : convert::pageKindOf(file);
 }
 
 class Program {

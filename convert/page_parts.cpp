@@ -4,6 +4,8 @@
 #include <array>
 #include <unordered_map>
 
+#include "base/file_kind.h"
+#include "base/path.h"
 #include "base/text.h"
 #include "markup/css_scanner.h"
 
@@ -515,6 +517,19 @@ class Walk {
 };
 
 }  // namespace
+
+PageKind pageKindOf(std::string_view path) {
+  switch (base::contentOf(base::extensionOf(base::fileName(path)))) {
+    case base::Content::Css:
+      return PageKind::StyleSheet;
+    case base::Content::Script:
+      return PageKind::Script;
+    case base::Content::Plain:
+      return PageKind::PlainText;
+    default:
+      return PageKind::Html;
+  }
+}
 
 std::string_view nameOf(Place place) {
   constexpr std::array<std::string_view, 6> kNames = {"text",   "title",      "attribute",

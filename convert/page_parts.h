@@ -22,6 +22,8 @@ enum class PageKind : std::uint8_t {
   Script,
 };
 
+PageKind pageKindOf(std::string_view path);  // by its extension; Html where that does not tell
+
 enum class Place : std::uint8_t { Text, Title, Attribute, ScriptString, CssString, Comment };
 std::string_view nameOf(Place place);
 

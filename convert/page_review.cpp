@@ -35,13 +35,6 @@ Form likelyForm(Form page, Form found) {
 
 }  // namespace
 
-PageKind pageKindOf(std::string_view path) {
-  const std::string extension = base::extensionOf(base::fileName(std::string(path)));
-  if (extension == "CSS") return PageKind::StyleSheet;
-  if (extension == "JS") return PageKind::Script;
-  return extension == "TXT" ? PageKind::PlainText : PageKind::Html;
-}
-
 std::string rawLetters(std::string_view bytes, bool pairsAreBytes) {
   std::string letters;
   letters.reserve(bytes.size() + bytes.size() / 2);

@@ -14,8 +14,6 @@
 
 namespace convert {
 
-PageKind pageKindOf(std::string_view path);  // by the extension of the file
-
 // Bytes as somebody sees them who has no old font: UTF-8 as its letters, other bytes as those of
 // Windows-1252; with `pairsAreBytes` also those that could be characters of two bytes. UTF-8.
 std::string rawLetters(std::string_view bytes, bool pairsAreBytes);

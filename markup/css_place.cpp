@@ -6,6 +6,8 @@
 #include <utility>
 #include <vector>
 
+#include "base/file_kind.h"
+#include "base/path.h"
 #include "base/text.h"
 #include "markup/css_tokens.h"
 #include "markup/pieces.h"
@@ -319,13 +321,20 @@ CssPlace cssPlace(std::string_view document, std::size_t selStart, std::size_t s
 }
 
 bool isStyleSheet(std::string_view fileName, std::string_view text) {
-  constexpr std::array<std::string_view, 8> kPages = {"htm", "html", "shtml", "xhtml",
-                                                      "asp", "php",  "php3",  "xml"};
-  const std::size_t dot = fileName.rfind('.');
-  const std::string_view extension =
-      dot == std::string_view::npos ? std::string_view() : fileName.substr(dot + 1);
-  if (base::equalNoCase(extension, "css")) return true;
-  if (isOneOf(extension, kPages)) return false;
+  const bool named = fileName.find('.') != std::string_view::npos;
+  switch (named ? base::contentOf(base::extensionOf(fileName)) : base::Content::Unknown) {
+    case base::Content::Css:
+      return true;
+    case base::Content::Html:
+    case base::Content::ServerPage:
+    case base::Content::Archive:
+    case base::Content::Xml:
+      return false;
+    case base::Content::Script:
+    case base::Content::Plain:
+    case base::Content::Unknown:
+      break;
+  }
   const std::vector<Piece> pieces = scanMarkup(text);
   const bool tags = std::any_of(pieces.begin(), pieces.end(),
                                 [](const Piece& piece) { return piece.kind == Piece::Kind::Tag; });

@@ -8,6 +8,7 @@
 #include "base/address.h"
 #include "base/cp1252.h"
 #include "base/error.h"
+#include "base/file_kind.h"
 #include "base/path.h"
 #include "base/text.h"
 #include "base/utf8.h"
@@ -18,8 +19,7 @@ namespace preview {
 namespace {
 
 bool isPage(const std::string& title) {
-  constexpr std::array<std::string_view, 5> kPages = {"HTML", "HTM", "SHTML", "XHTML", "HTT"};
-  return std::find(kPages.begin(), kPages.end(), base::extensionOf(title)) != kPages.end();
+  return base::contentOf(base::extensionOf(title)) == base::Content::Html;
 }
 
 }  // namespace

@@ -6,6 +6,7 @@
 
 #include "base/disk.h"
 #include "base/file_errors.h"
+#include "base/file_kind.h"
 #include "base/files.h"
 #include "base/path.h"
 #include "base/text.h"
@@ -170,23 +171,22 @@ std::string_view nameOf(FileKind kind) {
 }
 
 FileKind kindOf(std::string_view file) {
-  struct Row {
-    std::string_view end;
-    FileKind kind;
-  };
-  constexpr Row kRows[] = {
-      {"HTML", FileKind::Html},      {"HTM", FileKind::Html},   {"SHTML", FileKind::Html},
-      {"SHTM", FileKind::Html},      {"STM", FileKind::Html},   {"XHTML", FileKind::Html},
-      {"PHP", FileKind::Html},       {"PHP3", FileKind::Html},  {"PHP4", FileKind::Html},
-      {"PHP5", FileKind::Html},      {"PHTML", FileKind::Html}, {"INC", FileKind::Html},
-      {"ASP", FileKind::Html},       {"ASPX", FileKind::Html},  {"JSP", FileKind::Html},
-      {"XML", FileKind::Html},       {"RSS", FileKind::Html},   {"TXT", FileKind::PlainText},
-      {"CSS", FileKind::StyleSheet}, {"JS", FileKind::Script}};
   const std::string name = base::fileName(file);
   if (name.find('.') == std::string::npos) return FileKind::Other;
-  const std::string end = base::extensionOf(name);
-  for (const Row& row : kRows) {
-    if (row.end == end) return row.kind;
+  switch (base::contentOf(base::extensionOf(name))) {
+    case base::Content::Html:
+    case base::Content::ServerPage:
+    case base::Content::Xml:
+      return FileKind::Html;
+    case base::Content::Css:
+      return FileKind::StyleSheet;
+    case base::Content::Script:
+      return FileKind::Script;
+    case base::Content::Plain:
+      return FileKind::PlainText;
+    case base::Content::Archive:
+    case base::Content::Unknown:
+      break;
   }
   return FileKind::Other;
 }
