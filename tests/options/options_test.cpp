@@ -4,6 +4,7 @@
 #include <gtest/gtest.h>
 
 #include <filesystem>
+#include <type_traits>
 
 #include "app/mdlsaerto.h"
 #include "base/text.h"
@@ -39,25 +40,21 @@ class OptionsTest : public tests::MainWindowTest {
   }
   static app::PropsRecord unusual() {
     app::PropsRecord props;
-    props.StartMaximized = props.RememberPosition = props.ReopenLastFile = true;
+    app::eachField(props, [](auto& field, const auto&) {
+      if constexpr (std::is_same_v<decltype(field), bool&>) field = true;
+    });
     props.EditorFontName = "Not Installed";
     props.EditorFontSize = 200;
-    props.EditorFontBold = props.EditorFontItalic = true;
     props.EditorBackColor = 0;  // black, under letters that are not
     props.EditorColorExtra = 0x00FEDCBA;
     props.ShowAtStart = 7;
     props.TypingFontName = {"Arial", "Zervo Sans", "Zervo ISO", "Gone"};
-    props.NoBreakSpaceAsReference = props.SelectionPreview = props.WordWrap = true;
-    props.HeaderTextOn = props.BodyAttributesOn = true;
     props.HeaderText = "<META NAME=\"a\">\r\nსათაური";
     props.BodyAttributes = "BGCOLOR=#FFFFFF";
     props.FtpTimeout = 600;
-    props.FtpPassive = props.PreviewInBrowser = props.NewPageSkeleton = true;
     props.TypingModeAtStart = 2;
     props.Utf8FontName = "Arial";
     props.Colours = app::ColourScheme::Dark;
-    props.LiveColours = props.LineNumbers = props.CurrentLine = true;
-    props.WhiteSpace = props.LineEnds = props.ModeOfPage = true;
     return props;
   }
 
