@@ -344,8 +344,9 @@ void Publisher::tidy(const std::vector<Item>& chosen) {
   for (const Item& item : chosen) {
     if (item.here && !item.digest.empty()) kept.insert(temporary(item.path, item.digest));
   }
-  for (const auto& [place, path] : lost_) {
-    session(0).run([&](Transport& transport, int) { transport.rename(remote(path), remote(place)); });
+  for (const auto& lost : lost_) {
+    session(0).run(
+        [&](Transport& transport, int) { transport.rename(remote(lost.second), remote(lost.first)); });
   }
   lost_.clear();
   for (auto at = strays_.begin(); at != strays_.end();) {

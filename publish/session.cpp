@@ -1,6 +1,7 @@
 #include "publish/session.h"
 
 #include <algorithm>
+#include <utility>
 
 #include "base/disk.h"
 #include "base/error.h"
@@ -91,7 +92,7 @@ bool Session::askPassword() {
 bool Session::keepHostKey() {
   const HostKey key = transport_->hostKey();
   if (!talk_.acceptHostKey(key)) return false;
-  std::string& lines = door_.trust.hostLines;
+  std::string lines = door_.trust.hostLines;
   if (!lines.empty() && lines.back() != '\n') lines += '\n';
   lines += knownHostLine(key) + "\n";
   if (!account_.knownHosts.empty()) {
@@ -101,6 +102,8 @@ bool Session::keepHostKey() {
       throw Failure(Fault::LocalFile, error.what());
     }
   }
+  // A key that could not be kept is not known, and is asked about again.
+  door_.trust.hostLines = std::move(lines);
   ++door_.answers;
   return true;
 }
