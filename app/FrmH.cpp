@@ -69,7 +69,7 @@ FrmH::FrmH(ui::Platform& platform, ui::CodeView& codeView)
     return utf8;
   };
   entering = [](const ui::TextClip& clip) { return clip.letters; };
-  clipOf = [](std::string bytes) { return ui::TextClip{bytes, bytes}; };
+  clipOf = [](const std::string& bytes) { return ui::TextClip{bytes, bytes}; };
   addNotice();
   addOwnCommands();
 }

@@ -193,9 +193,9 @@ class FrmH final : public ui::MainForm, public Workbench {
   bool saveAllChanged();  // false: cancelled
   bool saveAll(const std::vector<std::int16_t>& documents);
   // Asks whether to save; runs `save` on Yes. False: the user wants to stay.
-  bool askAndSave(ui::Text question, ui::Text title, const std::function<bool()>& save);
+  bool askAndSave(const ui::Text& question, ui::Text title, const std::function<bool()>& save);
   // The same with the names of the unsaved documents, of which `save` gets those that were chosen.
-  bool askWhichToSave(ui::Text question, ui::Text title,
+  bool askWhichToSave(const ui::Text& question, ui::Text title,
                       const std::function<bool(const std::vector<std::int16_t>&)>& save);
   void keepForNextRun();
   bool leaveDocuments();  // the prompts before the documents go; false: stay

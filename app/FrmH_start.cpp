@@ -125,9 +125,9 @@ bool FrmH::NewInWeb() {
   return !WebProject.WEBopened && !documentSession.unsaved().empty();
 }
 
-bool FrmH::askAndSave(ui::Text question, ui::Text title, const std::function<bool()>& save) {
-  const std::string answer = messageBox(platform_, std::move(question), std::move(title),
-                                        frmBOXa::Kind::YesNoCancel, ui::IconBox::Sign::Question);
+bool FrmH::askAndSave(const ui::Text& question, ui::Text title, const std::function<bool()>& save) {
+  const std::string answer = messageBox(platform_, question, std::move(title), frmBOXa::Kind::YesNoCancel,
+                                        ui::IconBox::Sign::Question);
   if (answer == kAnswerCancel) return false;
   if (answer != kAnswerYes) return true;
   // A save that fails or is cancelled keeps the window: the text would be lost.
@@ -135,7 +135,7 @@ bool FrmH::askAndSave(ui::Text question, ui::Text title, const std::function<boo
   return ui::atGate([&] { saved = save(); }) && saved;
 }
 
-bool FrmH::askWhichToSave(ui::Text question, ui::Text title,
+bool FrmH::askWhichToSave(const ui::Text& question, ui::Text title,
                           const std::function<bool(const std::vector<std::int16_t>&)>& save) {
   const std::vector<std::int16_t> unsaved = documentSession.unsaved();
   std::vector<std::string> names;

@@ -8,7 +8,7 @@
 namespace app {
 namespace {
 
-constexpr std::size_t kMostShown = 16 * 1024;  // bytes; what follows is for the code view
+constexpr std::size_t kMostShown = std::size_t{16} * 1024;  // bytes; what follows is for the code view
 constexpr int kLinesBefore = 2;
 
 // Up to a whole letter and a whole line, where there is one.

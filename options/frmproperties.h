@@ -25,8 +25,8 @@ class frmproperties : public ui::Form {
   // A setting that is on or off.
   struct Tick {
     int id;
-    bool app::PropsRecord::*field;
     Page page;
+    bool app::PropsRecord::*field;
     const char* caption;
   };
   // All of them; frmproperties_texts.cpp.

@@ -201,4 +201,10 @@ std::vector<Entry> parseListing(std::string_view lines, std::int64_t now) {
   return entries;
 }
 
+const Entry* named(const std::vector<Entry>& entries, std::string_view name) {
+  const auto at =
+      std::find_if(entries.begin(), entries.end(), [&](const Entry& e) { return e.name == name; });
+  return at == entries.end() ? nullptr : &*at;
+}
+
 }  // namespace publish

@@ -16,4 +16,7 @@ std::vector<Entry> parseListing(std::string_view lines, std::int64_t now);
 // Seconds since 1970, UTC.
 std::int64_t secondsOf(int year, int month, int day, int hour, int minute, int second);
 
+// Null: there is none of this name. Lives as long as the entries.
+const Entry* named(const std::vector<Entry>& entries, std::string_view name);
+
 }  // namespace publish

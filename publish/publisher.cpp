@@ -16,7 +16,10 @@
 #include "base/file_errors.h"
 #include "base/files.h"
 #include "base/path.h"
+#include "publish/chatter.h"
 #include "publish/digest.h"
+#include "publish/listing.h"
+#include "publish/local_file.h"
 
 namespace publish {
 namespace {
@@ -26,12 +29,6 @@ namespace {
 constexpr std::size_t kBatchFiles = 256;
 constexpr std::int64_t kBatchBytes = 64LL << 20U;
 constexpr std::size_t kDigestDigits = 16;
-constexpr std::string_view kMark = ".zervo-";
-
-struct CloseFile {
-  void operator()(std::FILE* file) const { std::fclose(file); }
-};
-using File = std::unique_ptr<std::FILE, CloseFile>;
 
 // `offset` may be more than a long holds.
 bool seek(std::FILE* file, std::int64_t offset) {
@@ -57,99 +54,7 @@ bool isUnchanged(const Entry& before, const Entry& now) {
   return isAsSent(now, sent);
 }
 
-const Entry* named(const std::vector<Entry>& entries, std::string_view name) {
-  const auto at =
-      std::find_if(entries.begin(), entries.end(), [&](const Entry& e) { return e.name == name; });
-  return at == entries.end() ? nullptr : &*at;
-}
-
 }  // namespace
-
-// Passes on one call at a time, and keeps the progress.
-class Publisher::Chatter : public Talk {
- public:
-  explicit Chatter(Talk& to) : to_(to) {}
-
-  bool stopped() override { return given_up || to_.stopped(); }
-  void log(const std::string& line) override {
-    const std::scoped_lock lock(one_);
-    to_.log(line);
-  }
-  void done(const Item& item) override {
-    const std::scoped_lock lock(one_);
-    ++now_.filesDone;
-    to_.done(item);
-    show(true);
-  }
-  void failed(const Item& item, const Failure& why) override {
-    const std::scoped_lock lock(one_);
-    to_.failed(item, why);
-  }
-  void retrying(const Failure& why, int milliseconds) override {
-    const std::scoped_lock lock(one_);
-    to_.retrying(why, milliseconds);
-  }
-  bool acceptCertificate(const Certificate& certificate) override {
-    const std::scoped_lock lock(one_);
-    return to_.acceptCertificate(certificate);
-  }
-  bool acceptHostKey(const HostKey& key) override {
-    const std::scoped_lock lock(one_);
-    return to_.acceptHostKey(key);
-  }
-  std::optional<std::string> password(const Address& address, bool again) override {
-    const std::scoped_lock lock(one_);
-    return to_.password(address, again);
-  }
-  std::optional<std::string> passphrase(const std::string& keyFile, bool again) override {
-    const std::scoped_lock lock(one_);
-    return to_.passphrase(keyFile, again);
-  }
-
-  void begin(int files, std::int64_t bytes) {
-    const std::scoped_lock lock(one_);
-    now_ = {};
-    now_.files = files;
-    now_.bytes = bytes;
-    begun_ = Clock::now();
-    shown_ = {};
-    skipped_ = 0;
-  }
-  // `skipped`: was at the server already, and says nothing of the rate.
-  void moved(const Item& item, std::int64_t done, std::int64_t bytes, bool skipped) {
-    const std::scoped_lock lock(one_);
-    now_.path = item.path;
-    now_.size = item.local.size;
-    now_.done = done;
-    now_.bytesDone += bytes;
-    if (skipped) skipped_ += bytes;
-    show(false);
-  }
-
-  // Set when the run cannot go on: the other connections end.
-  std::atomic<bool> given_up = false;
-
- private:
-  using Clock = std::chrono::steady_clock;
-
-  void show(bool anyway) {
-    constexpr auto kPause = std::chrono::milliseconds(100);
-    const auto time = Clock::now();
-    if (!anyway && time - shown_ < kPause) return;
-    shown_ = time;
-    const auto passed = std::chrono::duration_cast<std::chrono::milliseconds>(time - begun_).count();
-    const std::int64_t sent = now_.bytesDone - skipped_;
-    now_.rate = passed > 0 && sent > 0 ? sent * 1000 / passed : 0;
-    now_.secondsLeft = now_.rate > 0 ? (now_.bytes - now_.bytesDone + now_.rate - 1) / now_.rate : -1;
-    to_.progress(now_);
-  }
-
-  Talk& to_;
-  std::mutex one_;
-  Progress now_;
-  Clock::time_point begun_, shown_;
-  std::int64_t skipped_ = 0;
-};
 
 // Files that go into their places together.
 struct Publisher::Batch {
@@ -648,74 +553,6 @@ Outcome Publisher::run(const std::vector<Item>& chosen) {
   }
   keepState();
   return outcome_;
-}
-
-std::vector<Entry> Publisher::list(const std::string& folder) {
-  std::vector<Entry> entries;
-  session(0).run([&](Transport& transport, int) { entries = transport.list(remote(folder)); });
-  return entries;
-}
-
-void Publisher::makeFolder(const std::string& path) {
-  session(0).run([&](Transport& transport, int) { transport.makeFolder(remote(path)); });
-}
-
-void Publisher::rename(const std::string& from, const std::string& to) {
-  const std::vector<Entry> entries = list(remoteFolderOf(to));
-  const bool exists = named(entries, remoteName(to)) != nullptr;
-  session(0).run([&](Transport& transport, int) { replace(transport, from, to, exists); });
-}
-
-void Publisher::remove(const std::string& path) {
-  session(0).run([&](Transport& transport, int) { transport.remove(remote(path)); });
-}
-
-void Publisher::removeFolder(const std::string& path) {
-  session(0).run([&](Transport& transport, int) { transport.removeFolder(remote(path)); });
-}
-
-Item Publisher::download(const std::string& path, const std::string& target) {
-  Item item;
-  item.path = path;
-  const std::vector<Entry> entries = list(remoteFolderOf(path));
-  const Entry* const entry = named(entries, remoteName(path));
-  if (entry == nullptr || entry->folder) throw Failure(Fault::NotFound);
-  item.remote = *entry;
-  const std::string part =
-      base::joinPath(base::folderOf(target), std::string(kMark) + base::disk::newName() + ".part");
-  try {
-    session(0).run([&](Transport& transport, int) {
-      base::disk::remove(part);
-      File file(base::disk::open(part, base::disk::Mode::Create));
-      if (!file) base::throwFileError(errno, part);
-      std::int64_t size = 0;
-      transport.get(remote(path), [&](std::string_view bytes) {
-        if (std::fwrite(bytes.data(), 1, bytes.size(), file.get()) != bytes.size()) {
-          throw Failure(Fault::LocalFile);
-        }
-        size += static_cast<std::int64_t>(bytes.size());
-      });
-      if (base::disk::flush(file.get()) != 0) throw Failure(Fault::LocalFile);
-      if (!item.remote.link && size != item.remote.size) throw Failure(Fault::SizeDiffers);
-    });
-    base::renameFile(part, target);
-  } catch (const base::Error& error) {
-    base::disk::remove(part);
-    throw Failure(Fault::LocalFile, error.what());
-  } catch (...) {
-    base::disk::remove(part);
-    throw;
-  }
-  item.there = item.here = true;
-  item.change = Change::Changed;
-  const base::disk::Look now = base::disk::look(target);
-  item.local = {path, target, static_cast<std::int64_t>(now.size), now.changed};
-  // Both sides are the same now, as if it had been sent.
-  item.digest = fileDigest(target);
-  state_.files[path] = {item.local.size,  item.local.time,  item.digest,
-                        item.remote.size, item.remote.time, item.remote.precision};
-  keepState();
-  return item;
 }
 
 }  // namespace publish

@@ -16,12 +16,12 @@
 namespace recovery {
 namespace {
 
-constexpr std::size_t kPiece = 64 * 1024;              // bytes copied at a time: a fraction of a millisecond
-constexpr std::size_t kMostWaiting = 2 * 1024 * 1024;  // for the disk
-constexpr int kWait = 20;                              // milliseconds, while that much is waiting
-constexpr std::size_t kMostLogged = 1024 * 1024;       // bytes of changes before a fresh copy is made
-constexpr std::size_t kMostList = 1024 * 1024;         // bytes of the list of documents
-constexpr std::int64_t kTimeStep = 10;                 // seconds
+constexpr std::size_t kPiece = std::size_t{64} * 1024;  // bytes copied at a time: a fraction of a millisecond
+constexpr std::size_t kMostWaiting = std::size_t{2} * 1024 * 1024;  // for the disk
+constexpr int kWait = 20;                                      // milliseconds, while that much is waiting
+constexpr std::size_t kMostLogged = std::size_t{1024} * 1024;  // bytes of changes before a fresh copy is made
+constexpr std::size_t kMostList = std::size_t{1024} * 1024;    // bytes of the list of documents
+constexpr std::int64_t kTimeStep = 10;                         // seconds
 
 std::int64_t now() {
   return static_cast<std::int64_t>(std::time(nullptr));
@@ -31,7 +31,7 @@ std::int64_t now() {
 std::string recoveryFolder(const ui::Platform& platform) {
   const std::string program = platform.programFolder();
   if (!base::fileExists(base::joinPath(program, "uninstall.exe"))) {
-    const std::string beside = base::joinPath(program, "Recovery");
+    std::string beside = base::joinPath(program, "Recovery");
     base::disk::makeFolder(beside);
     const std::string probe = base::joinPath(beside, base::disk::newName() + ".tmp");
     if (std::FILE* file = base::disk::open(probe, base::disk::Mode::Create)) {

@@ -11,8 +11,8 @@ namespace {
 
 // What comes together goes to the disk together.
 constexpr std::chrono::milliseconds kGathering{400};
-constexpr int kMostUnflushed = 16;          // such portions
-constexpr std::size_t kMuch = 1024 * 1024;  // bytes that go at once
+constexpr int kMostUnflushed = 16;                       // such portions
+constexpr std::size_t kMuch = std::size_t{1024} * 1024;  // bytes that go at once
 
 }  // namespace
 

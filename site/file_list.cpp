@@ -82,8 +82,9 @@ class Lister {
     std::ranges::sort(list_.files, [&](const ListedFile& a, const ListedFile& b) {
       return isLinked(a) != isLinked(b) ? isLinked(b) : a.file < b.file;
     });
-    const auto twice = std::ranges::unique(list_.files, {}, &ListedFile::file);
-    list_.files.erase(twice.begin(), twice.end());
+    list_.files.erase(std::unique(list_.files.begin(), list_.files.end(),
+                                  [](const ListedFile& a, const ListedFile& b) { return a.file == b.file; }),
+                      list_.files.end());
     return std::move(list_);
   }
 

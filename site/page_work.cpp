@@ -86,7 +86,8 @@ void collect(std::string_view page, const PagePlan& plan, std::size_t most, File
     const Change& change = plan.changes[i];
     result.differences.push_back(differenceOf(page, plan, change, lines.lineOf(change.begin)));
   }
-  std::ranges::stable_partition(result.differences, &Difference::uncertain);
+  std::stable_partition(result.differences.begin(), result.differences.end(),
+                        [](const Difference& difference) { return difference.uncertain; });
 }
 
 std::optional<Form> eightOf(const convert::Detection& found) {

@@ -24,7 +24,9 @@
 #include "base/text.h"
 #include "platform/curl/certificate.h"
 #include "platform/curl/faults.h"
+#include "platform/curl/handles.h"
 #include "platform/curl/key_file.h"
+#include "platform/curl/temporary_file.h"
 #include "platform/curl/tls_end.h"
 #include "publish/digest.h"
 #include "publish/listing.h"
@@ -49,73 +51,6 @@ constexpr long kMargin = 10;                  // seconds; the library's own limi
 // Seconds. Where no limit is set, the library waits for the end of an SFTP upload without ever sleeping.
 constexpr long kLongestTransfer = 1000000;
 
-void beginLibrary() {
-  static std::once_flag once;
-  std::call_once(once, [] {
-#ifdef SIGPIPE
-    std::signal(SIGPIPE, SIG_IGN);
-#endif
-    curl_global_init(CURL_GLOBAL_ALL);
-    hearEndOfTls();
-  });
-}
-
-struct FreeList {
-  void operator()(curl_slist* list) const { curl_slist_free_all(list); }
-};
-using List = std::unique_ptr<curl_slist, FreeList>;
-
-void append(List& list, const std::string& line) {
-  if (curl_slist* const longer = curl_slist_append(list.get(), line.c_str())) {
-    list.release();
-    list.reset(longer);
-  }
-}
-
-struct FreeHandle {
-  void operator()(CURL* handle) const { curl_easy_cleanup(handle); }
-};
-using Handle = std::unique_ptr<CURL, FreeHandle>;
-
-struct FreeConnections {
-  void operator()(CURLM* connections) const { curl_multi_cleanup(connections); }
-};
-using Connections = std::unique_ptr<CURLM, FreeConnections>;
-
-// curl_easy_perform, but for its waiting: that sleeps for a second where the library names no socket to wait
-// for, as it does now and then between the two connections of FTP over TLS. Here each wait is at most about
-// as long as what has been waited since something last happened.
-CURLcode performed(CURLM* connections, CURL* handle, [[maybe_unused]] bool looks) {
-  constexpr int kShortest = 1, kLongest = 100;  // milliseconds
-  if (connections == nullptr || curl_multi_add_handle(connections, handle) != CURLM_OK) {
-    return CURLE_OUT_OF_MEMORY;
-  }
-  CURLcode result = CURLE_FAILED_INIT;
-  int running = 1;
-  int wait = kShortest;
-  for (;;) {
-    if (curl_multi_perform(connections, &running) != CURLM_OK) break;
-    int left = 0;
-    if (const CURLMsg* const message = curl_multi_info_read(connections, &left)) {
-      if (message->msg == CURLMSG_DONE) result = message->data.result;
-      break;
-    }
-    int ready = 0;
-    if (running == 0 || curl_multi_poll(connections, nullptr, 0, wait, &ready) != CURLM_OK) break;
-    wait = ready > 0 ? kShortest : std::min(2 * wait, kLongest);
-#ifdef _WIN32
-    // What Schannel has read along with the end of a handshake is looked at when the socket has more, which a
-    // short list never has; going on after a pause makes the library look.
-    if (ready == 0 && looks) {
-      curl_easy_pause(handle, CURLPAUSE_RECV);
-      curl_easy_pause(handle, CURLPAUSE_CONT);
-    }
-#endif
-  }
-  curl_multi_remove_handle(connections, handle);
-  return result;
-}
-
 // For a command of SFTP.
 std::string quoted(const std::string& path) {
   std::string text = "\"";
@@ -131,30 +66,6 @@ std::int64_t secondsNow() {
       .count();
 }
 
-// A file of this host's known keys while a connection is made: the library asks the server for a key of these
-// kinds.
-class HostFile {
- public:
-  explicit HostFile(const std::string& lines) {
-    if (lines.empty()) return;
-    path_ = base::tempFolder() + "/zervo-" + base::disk::newName() + ".hosts";
-    try {
-      base::writeFile(path_, lines);
-    } catch (const base::Error&) {
-      path_.clear();
-    }
-  }
-  HostFile(const HostFile&) = delete;
-  HostFile& operator=(const HostFile&) = delete;
-  ~HostFile() {
-    if (!path_.empty()) base::disk::remove(path_);
-  }
-  const std::string& path() const { return path_; }
-
- private:
-  std::string path_;
-};
-
 class CurlTransport : public publish::Transport {
  public:
   explicit CurlTransport(publish::Address address) : address_(std::move(address)) {
@@ -167,11 +78,12 @@ class CurlTransport : public publish::Transport {
     renew();
     if (address_.scheme == Scheme::Sftp) {
       // A key that cannot be used is told before the server is asked.
-      key_ = std::make_unique<KeyFile>(login);
+      publicKey_ = publicKeyOf(login);
       publish::HostKey host;
       host.host = address_.host;
       host.port = address_.port;
-      const HostFile hosts(publish::linesOf(trust.hostLines, host));
+      // Of the known keys: the library asks the server for one of these kinds.
+      const TemporaryFile hosts(publish::linesOf(trust.hostLines, host), ".hosts");
       begin("");
       set(CURLOPT_NOBODY, 1L);
       if (!hosts.path().empty()) set(CURLOPT_SSH_KNOWNHOSTS, hosts.path().c_str());
@@ -358,8 +270,8 @@ class CurlTransport : public publish::Transport {
     if (!login.keyFile.empty()) {
       kinds |= CURLSSH_AUTH_PUBLICKEY;
       set(CURLOPT_SSH_PRIVATE_KEYFILE, login.keyFile.c_str());
-      if (key_ && !key_->publicFile().empty()) {
-        set(CURLOPT_SSH_PUBLIC_KEYFILE, key_->publicFile().c_str());
+      if (publicKey_ && !publicKey_->path().empty()) {
+        set(CURLOPT_SSH_PUBLIC_KEYFILE, publicKey_->path().c_str());
       }
       set(CURLOPT_KEYPASSWD, login.passphrase.c_str());
     }
@@ -659,7 +571,7 @@ class CurlTransport : public publish::Transport {
   bool newestTls_ = false;        // asked of a server that takes nothing older
   bool handshakeFailed_ = false;  // in the last request
   publish::HostKey hostKey_;
-  std::unique_ptr<KeyFile> key_;
+  std::unique_ptr<TemporaryFile> publicKey_;
   std::string why_;
   // Of the request that runs.
   const std::function<std::size_t(char*, std::size_t)>* read_ = nullptr;

@@ -1,11 +1,11 @@
 #include "platform/curl/key_file.h"
 
 #include <cstdio>
+#include <string>
 
 #include "base/disk.h"
 #include "base/error.h"
 #include "base/files.h"
-#include "base/path.h"
 #include "publish/private_key.h"
 
 #ifdef _WIN32
@@ -20,27 +20,23 @@ namespace platform {
 using publish::Failure;
 using publish::Fault;
 
-KeyFile::KeyFile(const publish::Login& login) {
-  if (login.keyFile.empty()) return;
+std::unique_ptr<TemporaryFile> publicKeyOf(const publish::Login& login) {
+  if (login.keyFile.empty()) return nullptr;
+  std::string key;
   try {
-    const std::string key = base::readFile(login.keyFile);
-    if (publish::needsPassphrase(key) && login.passphrase.empty()) throw Failure(Fault::KeyFile);
-#ifdef _WIN32
-    // Of the keys in OpenSSH's own format mbedTLS opens those of one kind, and finds no public key in them.
-    const std::string line = publish::publicKeyLine(key);
-    if (line.empty()) return;
-    const std::string kind = line.substr(0, line.find(' '));
-    if (!kind.starts_with("ecdsa-sha2-")) throw Failure(Fault::KeyKind, kind);
-    publicFile_ = base::joinPath(base::tempFolder(), "zervo-" + base::disk::newName() + ".pub");
-    base::writeFile(publicFile_, line + "\n");
-#endif
+    key = base::readFile(login.keyFile);
   } catch (const base::Error& error) {
     throw Failure(Fault::LocalFile, error.what());
   }
-}
-
-KeyFile::~KeyFile() {
-  if (!publicFile_.empty()) base::disk::remove(publicFile_);
+  if (publish::needsPassphrase(key) && login.passphrase.empty()) throw Failure(Fault::KeyFile);
+#ifdef _WIN32
+  // Of the keys in OpenSSH's own format mbedTLS opens those of one kind, and finds no public key in them.
+  const std::string line = publish::publicKeyLine(key);
+  const std::string kind = line.substr(0, line.find(' '));
+  if (!kind.empty() && !kind.starts_with("ecdsa-sha2-")) throw Failure(Fault::KeyKind, kind);
+  if (!line.empty()) return std::make_unique<TemporaryFile>(line + "\n", ".pub");
+#endif
+  return nullptr;
 }
 
 }  // namespace platform

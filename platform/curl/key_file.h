@@ -1,26 +1,15 @@
-// The private key of a login, as the SSH library can use it.
+// The private key of a login, for the SSH library.
 #pragma once
 
-#include <string>
+#include <memory>
 
+#include "platform/curl/temporary_file.h"
 #include "publish/transport.h"
 
 namespace platform {
 
-class KeyFile {
- public:
-  KeyFile() = default;
-  // No key: nothing happens. Throws Failure: LocalFile, KeyFile when a passphrase is missing, KeyKind.
-  explicit KeyFile(const publish::Login& login);
-  KeyFile(const KeyFile&) = delete;
-  KeyFile& operator=(const KeyFile&) = delete;
-  ~KeyFile();
-
-  // The file of its public key, which lasts as long as this; empty: the library finds it itself.
-  const std::string& publicFile() const { return publicFile_; }
-
- private:
-  std::string publicFile_;
-};
+// The file of its public key; null: the library finds that itself. No key: nothing happens. Throws Failure:
+// LocalFile, KeyFile when a passphrase is missing, KeyKind.
+std::unique_ptr<TemporaryFile> publicKeyOf(const publish::Login& login);
 
 }  // namespace platform
