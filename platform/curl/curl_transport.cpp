@@ -4,15 +4,12 @@
 #ifndef _WIN32
 #include <sys/socket.h>
 #include <unistd.h>
-
-#include <csignal>
 #endif
 
 #include <algorithm>
 #include <array>
 #include <chrono>
 #include <exception>
-#include <mutex>
 #include <set>
 #include <string>
 #include <utility>
@@ -27,7 +24,6 @@
 #include "platform/curl/handles.h"
 #include "platform/curl/key_file.h"
 #include "platform/curl/temporary_file.h"
-#include "platform/curl/tls_end.h"
 #include "publish/digest.h"
 #include "publish/listing.h"
 #include "publish/retry.h"
